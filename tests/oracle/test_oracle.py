@@ -1,0 +1,202 @@
+"""The oracle against trees small enough to be judged by hand."""
+
+import os
+import subprocess
+import tempfile
+import time
+import unittest
+
+import expected
+import rules
+
+DAY = 86400 * 10**9
+
+
+class Tables(unittest.TestCase):
+    def test_sizes(self):
+        self.assertEqual(len(rules.PROJECT_RULES), 64)
+        self.assertEqual(sum(rule.safety == "safe" for rule in rules.PROJECT_RULES), 44)
+        self.assertEqual((rules.PROJECT_RULES[0].id, rules.PROJECT_RULES[-1].id), ("next", "logs"))
+        self.assertEqual(len(rules.DOWNLOADS_RULES), 10)
+        self.assertEqual(len(rules.CACHE_TARGETS), 15)
+        self.assertEqual(sum(target.safety == "safe" for target in rules.CACHE_TARGETS), 9)
+        self.assertEqual(sum(target.expands_children for target in rules.CACHE_TARGETS), 3)
+        self.assertEqual(len(rules.KIND_TITLES), 14)
+        self.assertEqual(len(rules.SENSITIVE_DIRECTORIES), 13)
+        self.assertEqual(len(rules.PROTECTED_NAMES), 7)
+        self.assertEqual(len(rules.PROTECTED_EXTENSIONS), 19)
+        self.assertEqual(len(rules.ARTEFACT_DIRECTORIES), 56)
+
+    def test_every_project_rule_has_one_policy_and_a_selection_that_follows_its_safety(self):
+        self.assertEqual({rule.id for rule in rules.PROJECT_RULES}, set(rules.POLICIES))
+        for rule in rules.PROJECT_RULES + rules.DOWNLOADS_RULES:
+            self.assertEqual(rule.selection, "selected" if rule.safety == "safe" else "unselected", rule.id)
+
+    def test_names(self):
+        self.assertEqual([rules.path_extension(name) for name in (b"a.b.LOG", b"a.", b".log", b"..log", b"a")],
+                         [b"LOG", b"", None, b"log", None])
+        self.assertEqual([rules.manifest_kind(name) for name in (b"GEMFILE", b"x.SLN", b".tf", b"cargo.lock")],
+                         ["ruby", "dotnet", "terraform", None])
+        self.assertEqual([rules.is_protected_file(name) for name in (b".ENV", b".env.x", b"x.env", b"a.SQL", b".pem")],
+                         [True, True, False, True, False])
+
+
+class Forms(unittest.TestCase):
+    def test_dates(self):
+        self.assertEqual(expected.date(1767323045 * 10**9), "2026-01-02T03:04:05Z")
+        self.assertEqual(expected.date(1767323045 * 10**9 + 12345678), "2026-01-02T03:04:05.012345678Z")
+        self.assertEqual(expected.date(-1), "1969-12-31T23:59:59.999999999Z")
+
+    def test_urls_and_texts(self):
+        self.assertEqual(expected.url(b"/a b/%~_\xff\xc3\xa9;"), "file:///a%20b/%25~_%FF%C3%A9%3B")
+        self.assertEqual(expected.text(b"a\xe2\x82z\xed\xa0"), "a\ufffdz\ufffd\ufffd")
+        self.assertEqual(expected.character_count("é".encode() + b"\xe2\x82"), 3)
+
+
+class SmallTrees(unittest.TestCase):
+    def setUp(self):
+        place = tempfile.TemporaryDirectory(prefix="broomtide-oracle-")
+        self.addCleanup(place.cleanup)
+        self.root = os.path.realpath(place.name) + "/root"
+        os.mkdir(self.root)
+
+    def file(self, path, size=0, content="", age=None):
+        path = os.path.join(self.root, path)
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        with open(path, "w") as out:
+            out.write(content or "x" * size)
+        if age is not None:
+            moment = time.time_ns() - age
+            os.utime(path, ns=(moment, moment))
+
+    def folder(self, path):
+        os.makedirs(os.path.join(self.root, path))
+
+    def git(self, *arguments, folder="."):
+        subprocess.run(["git", "-C", os.path.join(self.root, folder), *arguments], check=True)
+
+    def allocated(self, *paths):
+        return sum(os.lstat(os.path.join(self.root, path)).st_blocks * 512 for path in paths)
+
+    def scan(self, mode):
+        return expected.expected_document(os.fsencode(self.root), mode)
+
+    def candidates(self, mode, *fields):
+        return [tuple(candidate[field] for field in fields) for candidate in self.scan(mode)["candidates"]]
+
+    def test_a_project_in_a_repository(self):
+        self.git("init", "-q", "--template=")
+        self.file("package.json")
+        self.file(".gitignore", content=".next/\nbuild/\n")
+        self.file(".next/cache/page", 5000)
+        self.file("build/kept")
+        self.file("dist/out.js", 9000)
+        self.file("node_modules/x/package.json", 300)
+        self.file("target/x")
+        self.file("data/x.log")
+        self.file(".env.log")
+        self.git("add", "-f", "build/kept")
+        os.utime(self.root + "/.next", ns=(0, 10**9))
+        status = os.lstat(self.root + "/.next")
+
+        document = self.scan("project")
+
+        url = "file://" + self.root
+        self.assertEqual(document["candidates"][0], {
+            "id": ".next",
+            "url": url + "/.next",
+            "relativePath": ".next",
+            "kind": "directory",
+            "size": self.allocated(".next/cache/page"),
+            "modificationDate": "1970-01-01T00:00:01Z",
+            "category": "Build Output",
+            "safety": "safe",
+            "explanation": "Generated by Next.js and can be recreated.",
+            "fileIdentity": f"{status.st_dev}:{status.st_ino}:16384",
+            "projectRoot": url,
+            "gitRoot": url,
+            "projectKinds": ["javascript"],
+            "evidence": [
+                "Detected JavaScript / TypeScript project from package.json.",
+                "The path is ignored by Git.",
+                "The artifact name and project ecosystem agree.",
+            ],
+            "regenerationCommand": "Run the project's package-manager build command.",
+            "confidence": "high",
+            "gitStatus": "ignored",
+            "isSelected": True,
+        })
+        self.assertEqual(
+            [(item["id"], item["safety"], item["confidence"], item["gitStatus"], item["isSelected"])
+             for item in document["candidates"][1:]],
+            [("dist", "usuallySafe", "medium", "untracked", False),
+             ("node_modules", "usuallySafe", "medium", "untracked", False)])
+        self.assertEqual(document["projects"],
+                         [{"root": url, "kinds": ["javascript"], "manifests": ["package.json"], "gitRoot": url}])
+        # Ten entries lie in the root, seen by detection and walk; below .next lie 2, dist 1 and node_modules 2.
+        self.assertEqual(document["entriesScanned"], 10 + 10 + 2 + 1 + 2)
+        self.assertEqual(document["reclaimableBytes"], sum(item["size"] for item in document["candidates"]))
+        self.assertEqual(document["issues"], [])
+
+    def test_the_repository_of_the_project_judges_before_a_nearer_one(self):
+        for folder in (".", "inner"):
+            os.makedirs(os.path.join(self.root, folder), exist_ok=True)
+            self.git("init", "-q", "--template=", folder=folder)
+        self.file("go.mod")
+        self.file("inner/.gitignore", content="*\n")
+        self.file("inner/coverage/f")
+        self.assertEqual(self.candidates("project", "id", "gitStatus", "gitRoot"),
+                         [("inner/coverage", "untracked", "file://" + self.root)])
+        os.unlink(self.root + "/go.mod")
+        self.assertEqual(self.candidates("project", "id", "gitStatus", "gitRoot"),
+                         [("inner/coverage", "ignored", "file://" + self.root + "/inner")])
+
+    def test_ties_keep_the_order_of_the_walk_and_links_are_passed_over(self):
+        for folder in ("a", "a-b", "a!"):
+            self.file(folder + "/.next/x", 4096)
+        self.file("b/.next/x", 50000)
+        os.symlink("b", self.root + "/c")
+        os.symlink("../b/.next", self.root + "/a/.nuxt")
+        self.assertEqual(self.candidates("project", "id"), [("b/.next",), ("a/.next",), ("a!/.next",), ("a-b/.next",)])
+
+    def test_projects_stand_longest_path_first_in_characters(self):
+        for folder in ("ééé", "abcd", "zz", "dd"):
+            self.file(folder + "/go.mod")
+        self.assertEqual([item["root"].rpartition("/")[2] for item in self.scan("project")["projects"]],
+                         ["abcd", "%C3%A9%C3%A9%C3%A9", "dd", "zz"])
+
+    def test_downloads(self):
+        self.file("old.DMG", 1, age=7 * DAY)
+        self.file("new.dmg", age=7 * DAY - 60 * 10**9)
+        self.file("data/x.tar.gz", 20000, age=31 * DAY)
+        self.file("Screenshot 1.png", age=29 * DAY)
+        self.file("now.csv", 1)
+        self.folder("folder.pdf")
+        self.assertEqual(self.candidates("downloads", "id", "safety", "category", "evidence"), [
+            ("data/x.tar.gz", "usuallySafe", "Archive", ["Matched the Downloads cleanup rule."]),
+            ("old.DMG", "usuallySafe", "Installer", ["Matched the Downloads cleanup rule."]),
+            ("now.csv", "reviewFirst", "Export", ["Matched the Downloads cleanup rule."]),
+        ])
+        self.assertEqual(self.scan("downloads")["entriesScanned"], 7)
+
+    def test_caches(self):
+        derived = "Library/Developer/Xcode/DerivedData/"
+        self.file(derived + "App/x", 4096)
+        self.file(derived + ".hidden/x", 4096)
+        self.file(derived + "file", 4096)
+        self.folder(derived + "Empty")
+        self.file("elsewhere/registry/x", 9000)
+        os.symlink("elsewhere", self.root + "/.cargo")
+        self.file("../outside/repository/x", 9000)
+        os.symlink("../outside", self.root + "/.m2")
+        self.folder("Library/Caches")
+        os.symlink("../../elsewhere", self.root + "/Library/Caches/pip")
+        self.assertEqual(self.candidates("caches", "id", "safety", "isSelected", "evidence"), [
+            (derived + "App", "safe", True, [f"Well-known developer cache location (~/{derived[:-1]})."]),
+            (".cargo/registry", "usuallySafe", False, ["Well-known developer cache location (~/.cargo/registry)."]),
+        ])
+        self.assertEqual(self.scan("caches")["entriesScanned"], 0)
+
+
+if __name__ == "__main__":
+    unittest.main()
