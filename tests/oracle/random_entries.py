@@ -82,7 +82,8 @@ class Entries:
     def fill(self, folder, depth=0):
         """What an artefact holds: anything at all."""
         for _ in range(self.random.choice([0, 1, 1, 2, 3, 5])):
-            path = folder + b"/" + self.random.choice([self.name(), self.random.choice(nasty_names.PROTECTED + nasty_names.LOGS)])
+            known = self.random.choice(nasty_names.PROTECTED + nasty_names.LOGS)
+            path = folder + b"/" + self.random.choice([self.name(), known])
             roll = self.random.random()
             if roll < 0.5:
                 self.file(path)

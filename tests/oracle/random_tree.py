@@ -142,8 +142,8 @@ class Builder(Repositories):
         for path in list(self.below(self.root)):
             if self.chance(0.3):
                 moment = self.random.choice([
-                    now // 10**9 * 10**9, now - self.random.randrange(10**18), 0, 1, -1, -10**9, -(10**18) - 7, 10**9 - 1,
-                    1_700_000_000 * 10**9 + 1, 1_700_000_000 * 10**9 + 12_345_678, 951_782_400 * 10**9, 4 * 10**18,
+                    now // 10**9 * 10**9, now - self.random.randrange(10**18), 0, 1, -1, -10**9, -(10**18) - 7,
+                    10**9 - 1, 1_700_000_000 * 10**9 + 1, 1_700_000_000 * 10**9 + 12_345_678, 951_782_400 * 10**9, 4 * 10**18,
                 ])
                 os.utime(path, ns=(moment, moment), follow_symlinks=False)
 
@@ -266,7 +266,9 @@ class Builder(Repositories):
             if roll < 0.14:
                 self.any_link(path)
             elif roll < 0.2:
-                self.link(path, self.outside + b"/big")
+                os.makedirs(self.root + b"/moved/App", exist_ok=True)
+                self.file(self.root + b"/moved/App/file", 5000)
+                self.link(path, self.random.choice([self.outside + b"/big", self.root + b"/moved"]))
             elif roll < 0.24:
                 self.file(path)
             elif roll < 0.27:
@@ -274,7 +276,8 @@ class Builder(Repositories):
             elif self.folder(path) and not target.expands_children:
                 self.cache_contents(path)
             elif target.expands_children:
-                names = self.some(nasty_names.ODD_NAMES, 6) + self.some([b"App-abc", b"16.1 (20B82)", b".hidden", b"..x"], 3)
+                names = self.some([b"App-abc", b"16.1 (20B82)", b".hidden", b"..x"], 3)
+                names += self.some(nasty_names.ODD_NAMES, 6)
                 for name in names:
                     child = path + b"/" + name
                     build = self.random.choice([self.folder] * 6 + [self.file, self.any_link, self.special])

@@ -16,6 +16,7 @@ import resource
 import shutil
 import stat
 import subprocess
+import sys
 import tempfile
 import traceback
 import unittest
@@ -139,18 +140,18 @@ def differences(want, got, where=""):
                 yield from differences(want[key], got[key], f"{where}.{key}")
     elif isinstance(want, list):
         wanted, gotten = [repr(label(item)) for item in want], [repr(label(item)) for item in got]
-        if wanted == gotten:
-            for number, (one, other) in enumerate(zip(want, got)):
-                yield from differences(one, other, f"{where}[{number} {wanted[number]}]")
-            return
-        first = next((n for n, pair in enumerate(zip(wanted, gotten)) if pair[0] != pair[1]), min(len(want), len(got)))
-        yield f"{where}: {len(want)} expected, {len(got)} got; they part at number {first}:"
-        for name, items in (("expected", want), ("got", got)):
-            yield f"    {name}: {items[first]!r}" if first < len(items) else f"    {name}: nothing more"
-        for missing in [name for name in wanted if name not in gotten]:
-            yield f"    missing: {missing}"
-        for extra in [name for name in gotten if name not in wanted]:
-            yield f"    not expected: {extra}"
+        pairs = list(zip(want, got))
+        if wanted != gotten:
+            first = next((n for n in range(len(pairs)) if wanted[n] != gotten[n]), len(pairs))
+            yield f"{where}: {len(want)} expected, {len(got)} got; they part at number {first}:"
+            for name, labels in (("expected", wanted), ("got", gotten)):
+                yield f"    {name}: {labels[first] if first < len(labels) else 'nothing more'}"
+            yield from (f"    missing: {name}" for name in wanted if name not in gotten)
+            yield from (f"    not expected: {name}" for name in gotten if name not in wanted)
+            by_label = dict(zip(gotten, got))
+            pairs = [(item, by_label[name]) for name, item in zip(wanted, want) if name in by_label]
+        for one, other in pairs:
+            yield from differences(one, other, f"{where}[{label(one)!r}]")
     elif want != got:
         yield f"{where}: expected {want!r}, got {got!r}"
 
@@ -238,14 +239,18 @@ def run_case(cli, mode, seed, unreadable, user):
 # --- The tests
 
 
+def skip(reason):
+    print(f"skipped: {reason}", file=sys.stderr)
+    raise unittest.SkipTest(reason)
+
+
 class RandomTrees(unittest.TestCase):
-    maxDiff = None
 
     @classmethod
     def setUpClass(cls):
         named = os.environ.get("BROOMTIDE_CLI")
         if not named:
-            raise unittest.SkipTest("BROOMTIDE_CLI names no program to compare with")
+            skip("BROOMTIDE_CLI names no program to compare with")
         if not os.access(named, os.X_OK):
             raise RuntimeError(f"BROOMTIDE_CLI={named} cannot be run")
         cls.cli = os.path.abspath(named)
@@ -274,14 +279,14 @@ class RandomTrees(unittest.TestCase):
         try:
             user = pwd.getpwnam("nobody")
         except KeyError:
-            self.skipTest("root may read everything and there is no user nobody")
+            skip("root may read everything and there is no user nobody")
         with tempfile.TemporaryDirectory(prefix="broomtide-cli-") as reachable:
             os.chmod(reachable, 0o755)
             cli = shutil.copy(self.cli, reachable)
             try:
                 call_as(user, subprocess.check_output, [cli, "--version"])
             except RuntimeError as error:
-                self.skipTest(f"the user nobody cannot run a program in {reachable}: {error}")
+                skip(f"the user nobody cannot run a program in {reachable}: {error}")
             self.run_cases([(cli, mode, seed, True, user) for mode, seed in cases])
 
 
