@@ -20,6 +20,7 @@ from dataclasses import dataclass, field
 import rules
 
 GIT = b"/usr/bin/git"
+before_git = None  # called in the child before it becomes Git, for limits that the compared program runs under
 SAFETY_ORDER = ["safe", "usuallySafe", "reviewFirst"]
 
 
@@ -164,6 +165,7 @@ def run_git(root, arguments):
             stdin=subprocess.DEVNULL,
             stdout=subprocess.PIPE,
             stderr=subprocess.DEVNULL,
+            preexec_fn=before_git,
         )
     except OSError:
         return None

@@ -143,7 +143,8 @@ class Builder(Repositories):
             if self.chance(0.3):
                 moment = self.random.choice([
                     now // 10**9 * 10**9, now - self.random.randrange(10**18), 0, 1, -1, -10**9, -(10**18) - 7,
-                    10**9 - 1, 1_700_000_000 * 10**9 + 1, 1_700_000_000 * 10**9 + 12_345_678, 951_782_400 * 10**9, 4 * 10**18,
+                    10**9 - 1, 1_700_000_000 * 10**9 + 1, 1_700_000_000 * 10**9 + 12_345_678,
+                    951_782_400 * 10**9, 4 * 10**18,
                 ])
                 os.utime(path, ns=(moment, moment), follow_symlinks=False)
 
@@ -213,7 +214,7 @@ class Builder(Repositories):
                 -(10**18) - 1, (now - 100 * DAY) // 10**9 * 10**9, (now - 10 * DAY) // 10**9 * 10**9,
             ]
             rule = rules.match(os.path.basename(path), "file", "downloads", lambda: float("inf"))
-            if rule is not None and rule.minimum_age is not None:
+            if rule is not None and rule.minimum_age is not None and os.lstat(path).st_nlink == 1:
                 moments.append(13_569_465_600 * 10**9)  # the year 2400, later than signed nanoseconds reach
             moment = self.random.choice(moments)
             os.utime(path, ns=(moment, moment), follow_symlinks=False)
