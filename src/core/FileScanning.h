@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <stop_token>
+#include <string>
+#include <vector>
+
+#include "core/Date.h"
+#include "core/Enumerations.h"
+#include "core/ProjectContext.h"
+#include "core/ScanCandidate.h"
+
+namespace broomtide {
+
+/// A snapshot of a running scan.
+struct ScanProgress {
+  std::int64_t entriesScanned = 0;    ///< file-system entries examined so far
+  std::int64_t reclaimableBytes = 0;  ///< total size of the candidates found so far
+  std::string currentPath;            ///< what is being examined, or a phrase of the scanner
+
+  bool operator==(const ScanProgress&) const = default;
+};
+
+/// What a finished scan returns.
+struct ScanResult {
+  std::vector<ScanCandidate> candidates;  ///< by safety, then largest first
+  std::vector<ScanIssue> issues;          ///< in the order in which they arose
+  std::vector<ProjectContext> projects;   ///< deepest first
+};
+
+/// Receives the progress of a scan and every candidate found so far. The scanner calls it from the
+/// thread that runs the scan and waits for it to return. The candidates stay valid only during the
+/// call; up to the last call, which carries them sorted, each list begins with the one before.
+using UpdateFunction =
+    std::function<void(const ScanProgress& progress, std::span<const ScanCandidate> candidates)>;
+
+/// Finds disposable items below a folder.
+class FileScanning {
+ public:
+  virtual ~FileScanning() = default;
+
+  /// Scans `root`, an absolute path, and blocks until the scan has ended; call it from a worker
+  /// thread. `now` is the reference time of rules about age. Throws ScannerError for a folder that
+  /// cannot be scanned, CancellationError after `stop` was asked to stop, and whatever `onUpdate`
+  /// throws.
+  virtual ScanResult scan(const std::string& root, ScanMode mode, Date now,
+                          const UpdateFunction& onUpdate, std::stop_token stop) = 0;
+};
+
+}  // namespace broomtide

@@ -1,0 +1,88 @@
+#include "core/Paths.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace broomtide::paths {
+namespace {
+
+constexpr char lower(char letter) {
+  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+}  // namespace
+
+std::string standardized(std::string_view path) {
+  const bool isAbsolute = path.starts_with('/');
+  std::vector<std::string_view> components;
+  for (std::size_t start = 0; start <= path.size();) {
+    const std::size_t end = std::min(path.find('/', start), path.size());
+    const std::string_view component = path.substr(start, end - start);
+    start = end + 1;
+    if (component.empty() || component == ".") continue;
+    const bool canClimb = !components.empty() && components.back() != "..";
+    if (component == ".." && canClimb) {
+      components.pop_back();
+    } else if (component != ".." || !isAbsolute) {
+      components.push_back(component);
+    }
+  }
+  std::string result;
+  result.reserve(path.size() + 1);
+  for (const std::string_view component : components) {
+    if (isAbsolute || !result.empty()) result += '/';
+    result += component;
+  }
+  if (result.empty()) return isAbsolute ? "/" : ".";
+  return result;
+}
+
+std::string_view lastComponent(std::string_view path) {
+  const std::size_t slash = path.rfind('/');
+  if (slash == std::string_view::npos || path.size() == 1) return path;
+  return path.substr(slash + 1);
+}
+
+std::string_view parent(std::string_view path) {
+  const std::size_t slash = path.rfind('/');
+  return path.substr(0, slash == 0 ? 1 : slash);
+}
+
+std::string appending(std::string_view folder, std::string_view name) {
+  std::string result;
+  result.reserve(folder.size() + 1 + name.size());
+  result += folder;
+  if (!folder.ends_with('/')) result += '/';
+  result += name;
+  return result;
+}
+
+bool isBelow(std::string_view path, std::string_view folder) {
+  return path.size() > folder.size() && path[folder.size()] == '/' && path.starts_with(folder);
+}
+
+std::string relativePath(std::string_view item, std::string_view root) {
+  const std::string standardItem = standardized(item);
+  const std::string standardRoot = standardized(root);
+  if (isBelow(standardItem, standardRoot)) return standardItem.substr(standardRoot.size() + 1);
+  return std::string(lastComponent(standardItem));
+}
+
+std::string_view pathExtension(std::string_view name) {
+  const std::size_t dot = name.rfind('.');
+  if (dot == std::string_view::npos || dot == 0) return {};
+  return name.substr(dot + 1);
+}
+
+ShortLowercase::ShortLowercase(std::string_view text)
+    : length_(text.size() <= bytes_.size() ? text.size() : 0) {
+  std::transform(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(length_), bytes_.begin(),
+                 lower);
+}
+
+bool equalIgnoringCase(std::string_view left, std::string_view right) {
+  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                    [](char a, char b) { return lower(a) == lower(b); });
+}
+
+}  // namespace broomtide::paths

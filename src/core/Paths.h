@@ -1,0 +1,52 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// Locations are absolute paths, kept as the bytes that the file system uses, in standardised
+/// form: lexically normal, without a trailing slash, links not resolved. The functions here work
+/// on the text alone.
+namespace broomtide::paths {
+
+/// The standardised form of an absolute or relative path. The root folder is "/".
+std::string standardized(std::string_view path);
+
+/// The part after the last slash; "/" for the root folder.
+std::string_view lastComponent(std::string_view path);
+
+/// The standardised path without its last component.
+std::string_view parent(std::string_view path);
+
+/// `name` (one component or a relative path) below the standardised folder `folder`.
+std::string appending(std::string_view folder, std::string_view name);
+
+/// Whether `path` begins with `folder` followed by a slash. Both standardised.
+bool isBelow(std::string_view path, std::string_view folder);
+
+/// The path of `item` relative to `root`: what follows `root` and one slash, or the last component
+/// of an item that does not lie below `root`. Both are standardised first.
+std::string relativePath(std::string_view item, std::string_view root);
+
+/// The text after the last dot of a name; empty for a name without a dot and for a name whose only
+/// dot leads it.
+std::string_view pathExtension(std::string_view name);
+
+/// The lower-case form of a text that is at most as long as any name the tables know: upper-case
+/// ASCII letters become lower-case ones, every other byte stays. A longer text gives an empty one.
+/// Nothing is allocated.
+class ShortLowercase {
+ public:
+  explicit ShortLowercase(std::string_view text);
+  std::string_view text() const { return {bytes_.data(), length_}; }
+
+ private:
+  std::array<char, 24> bytes_;
+  std::size_t length_;
+};
+
+/// Whether two texts are equal when the case of ASCII letters is ignored.
+bool equalIgnoringCase(std::string_view left, std::string_view right);
+
+}  // namespace broomtide::paths

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include "core/ProjectContext.h"
+#include "core/ScanCandidate.h"
+
+/// The keyed form of records: keys are the field names in their order, locations are file URLs,
+/// dates ISO 8601 in UTC, absent values null, and bytes that are not UTF-8 become U+FFFD.
+namespace broomtide {
+
+nlohmann::ordered_json toJson(const ScanCandidate& candidate);
+nlohmann::ordered_json toJson(const ScanIssue& issue);
+nlohmann::ordered_json toJson(const ProjectContext& project);
+
+}  // namespace broomtide
