@@ -1,0 +1,27 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <stop_token>
+#include <string>
+#include <vector>
+
+namespace broomtide::ChildProcess {
+
+/// What to run. Arguments do not include the program's own name; the environment replaces this
+/// process's own, and each of its entries has the form NAME=value.
+struct Command {
+  std::string executable;
+  std::vector<std::string> arguments;
+  std::vector<std::string> environment;
+};
+
+/// Runs a command without input, discards its standard error, and blocks until it has ended.
+/// Returns what it wrote to standard output, or nothing when it cannot be started, does not exit
+/// with status 0, or runs longer than `limit`. In the last case, and as soon as `stop` is asked to
+/// stop, the child is killed together with every process it has started in its group.
+/// Safe to call from several threads at once.
+std::optional<std::string> run(const Command& command, std::chrono::milliseconds limit,
+                               std::stop_token stop);
+
+}  // namespace broomtide::ChildProcess

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// Whether a location really lies inside a folder. The file system is asked afresh on every call.
+namespace broomtide::PathSafety {
+
+/// The standardised path with all links resolved; components that do not exist stay as written.
+std::string resolved(std::string_view path);
+
+/// Whether `item`, links resolved, lies below `root`, links resolved. The root is not inside
+/// itself, and nothing is inside a root that resolves to the root of the file system.
+bool contains(std::string_view item, std::string_view root);
+
+}  // namespace broomtide::PathSafety

@@ -1,0 +1,108 @@
+#include <dirent.h>
+#include <fcntl.h>
+#include <linux/openat2.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/sysmacros.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <limits>
+
+#include "platform/FileManager.h"
+
+namespace broomtide {
+namespace {
+
+constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
+constexpr std::int64_t blockSize = 512;
+
+std::error_code lastError() { return {errno, std::generic_category()}; }
+
+// Dates beyond what nanoseconds in 64 bits can hold become the nearest one that fits.
+Date toDate(const statx_timestamp& time) {
+  constexpr std::int64_t largest =
+      std::numeric_limits<std::int64_t>::max() / nanosecondsPerSecond - 1;
+  if (time.tv_sec > largest) return Date::max();
+  if (time.tv_sec < -largest) return Date::min();
+  return Date(std::chrono::nanoseconds(time.tv_sec * nanosecondsPerSecond + time.tv_nsec));
+}
+
+class SystemFileManager final : public FileManager {
+ public:
+  std::error_code openFolder(int folder, const char* name, LinkPolicy links,
+                             FileDescriptor& opened) override {
+    const int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+    int descriptor = -1;
+    if (links == LinkPolicy::refuse) {
+      open_how how{};
+      how.flags = flags;
+      how.resolve = RESOLVE_NO_SYMLINKS;
+      descriptor = static_cast<int>(::syscall(SYS_openat2, folder, name, &how, sizeof how));
+    } else {
+      const int follow = links == LinkPolicy::follow ? 0 : O_NOFOLLOW;
+      descriptor = ::openat(folder, name, flags | follow);
+    }
+    if (descriptor < 0) return lastError();
+    opened = FileDescriptor(descriptor);
+    return {};
+  }
+
+  std::error_code readFolder(int folder, std::span<std::byte> buffer,
+                             std::size_t& filled) override {
+    const ssize_t count = ::getdents64(folder, buffer.data(), buffer.size());
+    if (count < 0) return lastError();
+    filled = static_cast<std::size_t>(count);
+    return {};
+  }
+
+  std::error_code rewindFolder(int folder) override {
+    return ::lseek(folder, 0, SEEK_SET) < 0 ? lastError() : std::error_code();
+  }
+
+  std::error_code readAttributes(int folder, const char* name, LinkPolicy links,
+                                 FileAttributes& attributes) override {
+    const int follow = links == LinkPolicy::follow ? 0 : AT_SYMLINK_NOFOLLOW;
+    const int empty = name[0] == '\0' ? AT_EMPTY_PATH : 0;
+    constexpr unsigned wanted = STATX_TYPE | STATX_INO | STATX_MTIME | STATX_BLOCKS | STATX_SIZE;
+    struct statx status;
+    if (::statx(folder, name, follow | empty | AT_NO_AUTOMOUNT, wanted, &status) != 0) {
+      return lastError();
+    }
+    attributes.device = makedev(status.stx_dev_major, status.stx_dev_minor);
+    attributes.inode = status.stx_ino;
+    attributes.typeBits = status.stx_mode & S_IFMT;
+    attributes.allocatedBytes = (status.stx_mask & STATX_BLOCKS) != 0
+                                    ? static_cast<std::int64_t>(status.stx_blocks) * blockSize
+                                    : static_cast<std::int64_t>(status.stx_size);
+    attributes.modificationDate.reset();
+    if ((status.stx_mask & STATX_MTIME) != 0)
+      attributes.modificationDate = toDate(status.stx_mtime);
+    return {};
+  }
+
+  bool isReadable(const std::string& path) override {
+    return ::faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) == 0;
+  }
+
+  bool isExecutableFile(const std::string& path) override {
+    FileAttributes attributes;
+    return !readAttributes(AT_FDCWD, path.c_str(), LinkPolicy::follow, attributes) &&
+           attributes.isRegularFile() && ::faccessat(AT_FDCWD, path.c_str(), X_OK, AT_EACCESS) == 0;
+  }
+};
+
+}  // namespace
+
+const int workingDirectory = AT_FDCWD;
+
+bool FileAttributes::isFolder() const { return typeBits == S_IFDIR; }
+bool FileAttributes::isRegularFile() const { return typeBits == S_IFREG; }
+bool FileAttributes::isLink() const { return typeBits == S_IFLNK; }
+
+FileManager& systemFileManager() {
+  static SystemFileManager manager;
+  return manager;
+}
+
+}  // namespace broomtide
