@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "core/Enumerations.h"
+
+namespace broomtide {
+
+/// One kind of disposable artefact: which names it goes by and what is said about it. The texts
+/// live as long as the program.
+struct ScanRule {
+  /// Which names a rule recognises.
+  struct Matcher {
+    enum class Form {
+      exactName,          ///< the whole name is `text`; letter case counts
+      fileExtension,      ///< the path extension is `text`; letter case does not count
+      compoundExtension,  ///< the name ends with a dot and `text`; letter case does not count
+      prefixedFile,       ///< the name begins with `prefix`, letter case counting, and its path
+                          ///< extension is `text`, letter case not counting
+    };
+
+    Form form;
+    std::string_view text;
+    std::string_view prefix;
+  };
+
+  std::string_view id;  ///< stable and unique within its table
+  Matcher matcher;
+  CandidateKind kind;  ///< the rule applies to entries of this kind only
+  std::string_view category;
+  SafetyLevel safety;
+  std::string_view explanation;
+  SelectionPolicy selection = SelectionPolicy::unselected;
+  std::optional<double> minimumAge = std::nullopt;  ///< seconds since the last modification
+};
+
+}  // namespace broomtide
