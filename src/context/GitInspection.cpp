@@ -1,0 +1,82 @@
+#include "context/GitInspection.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/Paths.h"
+
+namespace broomtide {
+namespace {
+
+std::size_t mostThreads() {
+  return std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 4);
+}
+
+}  // namespace
+
+GitInspection::GitInspection(std::optional<std::string> git, std::chrono::milliseconds limit,
+                             std::stop_token stop)
+    : git_(std::move(git)), limit_(limit), stopping_(std::move(stop)) {}
+
+GitInspection::~GitInspection() { stopping_.requestStop(); }
+
+void GitInspection::add(const std::string& root) {
+  const std::string key = paths::standardized(root);
+  const std::scoped_lock lock(mutex_);
+  const auto [place, isNew] = repositories_.try_emplace(key);
+  if (!isNew) return;
+  place->second.snapshot = std::make_shared<GitSnapshot>();
+  place->second.snapshot->root = root;
+  runs_.push_back({key, GitInspector::Listing::tracked});
+  runs_.push_back({key, GitInspector::Listing::ignored});
+  runAdded_.notify_all();
+  if (threads_.size() < mostThreads()) {
+    threads_.emplace_back([this] { work(stopping_.token()); });
+  }
+}
+
+std::shared_ptr<const GitSnapshot> GitInspection::snapshot(const std::string& root) {
+  std::unique_lock lock(mutex_);
+  const auto found = repositories_.find(paths::standardized(root));
+  if (found == repositories_.end()) return nullptr;
+  const Repository& repository = found->second;
+  const bool isReady = snapshotReady_.wait(lock, stopping_.token(),
+                                           [&repository] { return repository.listingsLeft == 0; });
+  return isReady ? repository.snapshot : nullptr;
+}
+
+void GitInspection::work(const std::stop_token& stop) {
+  for (;;) {
+    Run run;
+    {
+      std::unique_lock lock(mutex_);
+      runAdded_.wait(lock, stop, [this] { return !runs_.empty(); });
+      if (stop.stop_requested()) return;
+      run = std::move(runs_.front());
+      runs_.pop_front();
+    }
+    std::optional<std::string> output;
+    if (git_) {
+      output = ChildProcess::run(GitInspector::listingCommand(*git_, run.key, run.listing), limit_,
+                                 stop);
+    }
+    finish(run, std::move(output));
+  }
+}
+
+void GitInspection::finish(const Run& run, std::optional<std::string> output) {
+  const bool hasFailed = !output;
+  PathSet listed(std::move(output).value_or(std::string()));
+  const std::scoped_lock lock(mutex_);
+  Repository& repository = repositories_.at(run.key);
+  GitSnapshot& snapshot = *repository.snapshot;
+  (run.listing == GitInspector::Listing::tracked ? snapshot.trackedPaths : snapshot.ignoredPaths) =
+      std::move(listed);
+  repository.listingsFailed += hasFailed ? 1 : 0;
+  repository.listingsLeft -= 1;
+  if (repository.listingsLeft > 0) return;
+  snapshot.isAvailable = repository.listingsFailed == 0;
+  snapshotReady_.notify_all();
+}
+
+}  // namespace broomtide

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <cstddef>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <stop_token>
+#include <string>
+#include <thread>
+#include <unordered_map>
+#include <vector>
+
+#include "context/GitInspector.h"
+#include "context/GitSnapshot.h"
+#include "platform/LinkedStopSource.h"
+
+namespace broomtide {
+
+/// Git at work in the background: repositories are handed in as they are found and their snapshots
+/// are asked for when they are needed. Git runs for a few repositories at a time, in the order in
+/// which they were added.
+class GitInspection {
+ public:
+  /// `git` is the tool, or nothing, which makes every snapshot unavailable; `limit` bounds one run.
+  /// No thread is started before the first repository is added.
+  GitInspection(std::optional<std::string> git, std::chrono::milliseconds limit,
+                std::stop_token stop);
+
+  /// Ends every child that still runs and waits for the threads.
+  ~GitInspection();
+
+  GitInspection(const GitInspection&) = delete;
+  GitInspection& operator=(const GitInspection&) = delete;
+
+  /// Adds a repository root, an absolute path, unless it was added before.
+  void add(const std::string& root);
+
+  /// The snapshot of an added root; blocks until Git has answered. Null for a root that was never
+  /// added, and as soon as `stop` is asked to stop.
+  std::shared_ptr<const GitSnapshot> snapshot(const std::string& root);
+
+ private:
+  struct Repository {
+    std::shared_ptr<GitSnapshot> snapshot;
+    int listingsLeft = 2;
+    int listingsFailed = 0;
+  };
+  struct Run {
+    std::string key;
+    GitInspector::Listing listing;
+  };
+
+  void work(const std::stop_token& stop);
+  void finish(const Run& run, std::optional<std::string> output);
+
+  const std::optional<std::string> git_;
+  const std::chrono::milliseconds limit_;
+
+  std::mutex mutex_;
+  std::condition_variable_any runAdded_;
+  std::condition_variable_any snapshotReady_;
+  std::unordered_map<std::string, Repository> repositories_;  // by standardised root
+  std::deque<Run> runs_;
+
+  LinkedStopSource stopping_;
+  std::vector<std::jthread> threads_;
+};
+
+}  // namespace broomtide

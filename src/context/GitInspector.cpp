@@ -1,0 +1,64 @@
+#include "context/GitInspector.h"
+
+#include <array>
+#include <cstdlib>
+#include <string_view>
+#include <utility>
+
+#include "context/GitInspection.h"
+#include "core/Paths.h"
+
+namespace broomtide::GitInspector {
+
+std::optional<std::string> locate(FileManager& fileManager, const char* developerFolder) {
+  std::vector<std::string> places;
+  if (developerFolder != nullptr && developerFolder[0] != '\0') {
+    places.push_back(paths::appending(developerFolder, "usr/bin/git"));
+  }
+  places.insert(places.end(), {"/Applications/Xcode.app/Contents/Developer/usr/bin/git",
+                               "/Applications/Xcode-beta.app/Contents/Developer/usr/bin/git",
+                               "/Library/Developer/CommandLineTools/usr/bin/git", "/usr/bin/git"});
+  for (std::string& place : places) {
+    if (fileManager.isExecutableFile(place)) return std::move(place);
+  }
+  return std::nullopt;
+}
+
+const std::optional<std::string>& executable() {
+  static const std::optional<std::string> found =
+      locate(systemFileManager(), std::getenv("DEVELOPER_DIR"));
+  return found;
+}
+
+ChildProcess::Command listingCommand(const std::string& git, const std::string& root,
+                                     Listing listing) {
+  ChildProcess::Command command{
+      .executable = git,
+      .arguments = {"-C", root, "-c", "core.quotepath=false", "-c", "core.fsmonitor=false",
+                    "ls-files", "-z"},
+      .environment = {"LC_ALL=C", "PATH=/usr/bin:/bin", "GIT_ALLOW_PROTOCOL="},
+  };
+  if (listing == Listing::tracked) {
+    command.arguments.emplace_back("--cached");
+  } else {
+    command.arguments.insert(
+        command.arguments.end(),
+        {"--others", "--ignored", "--exclude-standard", "--directory", "--no-empty-directory"});
+  }
+  return command;
+}
+
+std::map<std::string, GitSnapshot> inspect(const std::vector<std::string>& roots,
+                                           std::stop_token stop, std::chrono::milliseconds limit) {
+  GitInspection inspection(executable(), limit, std::move(stop));
+  for (const std::string& root : roots) inspection.add(root);
+  std::map<std::string, GitSnapshot> snapshots;
+  for (const std::string& root : roots) {
+    GitSnapshot snapshot{.root = root, .trackedPaths = {}, .ignoredPaths = {}};
+    if (const auto answer = inspection.snapshot(root)) snapshot = *answer;
+    snapshots.insert_or_assign(paths::standardized(root), std::move(snapshot));
+  }
+  return snapshots;
+}
+
+}  // namespace broomtide::GitInspector

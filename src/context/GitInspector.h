@@ -1,0 +1,43 @@
+#pragma once
+
+#include <chrono>
+#include <map>
+#include <optional>
+#include <stop_token>
+#include <string>
+#include <vector>
+
+#include "context/GitSnapshot.h"
+#include "platform/ChildProcess.h"
+#include "platform/FileManager.h"
+
+/// Asks the Git command-line tool what it tracks and ignores. Git is never asked to change
+/// anything, and the configuration of a repository, which is not trusted, cannot make it run a
+/// program or reach a network.
+namespace broomtide::GitInspector {
+
+/// How long one run of Git may take before it counts as failed.
+inline constexpr std::chrono::milliseconds runLimit = std::chrono::minutes(5);
+
+/// The Git tool: below `developerFolder` (the value of DEVELOPER_DIR, may be null) or in one of its
+/// usual places; nothing when there is none.
+std::optional<std::string> locate(FileManager& fileManager, const char* developerFolder);
+
+/// The Git tool of this machine, looked up once in the life of the process.
+const std::optional<std::string>& executable();
+
+/// Which paths of a repository to list.
+enum class Listing { tracked, ignored };
+
+/// The command that lists the paths of the repository at `root`, each ended by a zero byte.
+ChildProcess::Command listingCommand(const std::string& git, const std::string& root,
+                                     Listing listing);
+
+/// One snapshot for each repository root, by standardised root path. Blocks until Git has answered
+/// for all; a repository that Git cannot list within `limit`, or before `stop` is asked to stop,
+/// gets a snapshot that is not available.
+std::map<std::string, GitSnapshot> inspect(const std::vector<std::string>& roots,
+                                           std::stop_token stop,
+                                           std::chrono::milliseconds limit = runLimit);
+
+}  // namespace broomtide::GitInspector

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "context/PathSet.h"
+#include "core/Enumerations.h"
+
+namespace broomtide {
+
+/// What Git said about one repository at one time.
+struct GitSnapshot {
+  std::string root;      ///< the repository, an absolute path
+  PathSet trackedPaths;  ///< relative to the root
+  PathSet ignoredPaths;  ///< files, and folders that are ignored as a whole
+  bool isAvailable = false;
+
+  /// How Git regards the item at an absolute path. A folder that holds a tracked file is tracked.
+  /// `unavailable` when Git could not be asked or the item lies outside the repository.
+  GitItemStatus status(std::string_view location, bool isDirectory) const;
+};
+
+}  // namespace broomtide

@@ -1,0 +1,45 @@
+#include "context/PathSet.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/Paths.h"
+
+namespace broomtide {
+
+PathSet::PathSet(std::string zeroTerminatedPaths) : block_(std::move(zeroTerminatedPaths)) {
+  paths_.reserve(static_cast<std::size_t>(std::count(block_.begin(), block_.end(), '\0')));
+  for (std::size_t start = 0; start < block_.size();) {
+    const std::size_t end = std::min(block_.find('\0', start), block_.size());
+    std::size_t first = start;
+    std::size_t last = end;
+    while (first < last && block_[first] == '/') ++first;
+    while (first < last && block_[last - 1] == '/') --last;
+    if (first < last) paths_.push_back({first, last - first});
+    start = end + 1;
+  }
+  const auto byText = [this](Slice slice) { return text(slice); };
+  if (!std::ranges::is_sorted(paths_, {}, byText)) std::ranges::sort(paths_, {}, byText);
+}
+
+bool PathSet::contains(std::string_view path) const {
+  return std::ranges::binary_search(paths_, path, {}, [this](Slice slice) { return text(slice); });
+}
+
+bool PathSet::containsBelow(std::string_view folder) const {
+  const std::string first = std::string(folder) + '/';
+  const auto found = std::ranges::lower_bound(paths_, std::string_view(first), {},
+                                              [this](Slice slice) { return text(slice); });
+  return found != paths_.end() && text(*found).starts_with(first);
+}
+
+bool PathSet::covers(std::string_view path) const {
+  if (contains(path)) return true;
+  for (std::size_t slash = path.find('/'); slash != std::string_view::npos;
+       slash = path.find('/', slash + 1)) {
+    if (contains(path.substr(0, slash))) return true;
+  }
+  return false;
+}
+
+}  // namespace broomtide
