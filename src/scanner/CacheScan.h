@@ -1,0 +1,18 @@
+#pragma once
+
+#include <stop_token>
+#include <string>
+
+#include "core/FileScanning.h"
+#include "platform/FileManager.h"
+#include "scanner/ScannerSettings.h"
+
+namespace broomtide {
+
+/// Measures the well-known developer cache locations below `root`, a standardised absolute path;
+/// nothing else is read. Throws as FileScanning::scan does.
+ScanResult scanKnownCaches(const std::string& root, FileManager& fileManager,
+                           const ScannerSettings& settings, const UpdateFunction& onUpdate,
+                           const std::stop_token& stop);
+
+}  // namespace broomtide

@@ -1,0 +1,44 @@
+#include "scanner/DefaultFileScanner.h"
+
+#include <algorithm>
+#include <thread>
+#include <utility>
+
+#include "context/GitInspector.h"
+#include "core/Paths.h"
+#include "core/ScannerError.h"
+#include "scanner/CacheScan.h"
+#include "scanner/TreeScan.h"
+
+namespace broomtide {
+
+ScannerSettings ScannerSettings::forThisMachine() {
+  return {.measuringThreads = std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 8),
+          .git = GitInspector::executable(),
+          .gitRunLimit = GitInspector::runLimit};
+}
+
+DefaultFileScanner::DefaultFileScanner(FileManager& fileManager, ScannerSettings settings)
+    : fileManager_(fileManager), settings_(std::move(settings)) {}
+
+ScanResult DefaultFileScanner::scan(const std::string& root, ScanMode mode, Date now,
+                                    const UpdateFunction& onUpdate, std::stop_token stop) {
+  if (stop.stop_requested()) throw CancellationError();
+  const std::string folder = paths::standardized(root);
+  validate(folder);
+  if (mode == ScanMode::caches) {
+    return scanKnownCaches(folder, fileManager_, settings_, onUpdate, stop);
+  }
+  return TreeScan(folder, mode, now, fileManager_, settings_, onUpdate, std::move(stop)).run();
+}
+
+void DefaultFileScanner::validate(const std::string& root) const {
+  FileAttributes attributes;
+  if (fileManager_.readAttributes(workingDirectory, root.c_str(), LinkPolicy::follow, attributes) ||
+      !attributes.isFolder()) {
+    throw ScannerError(ScannerError::Case::invalidRoot);
+  }
+  if (!fileManager_.isReadable(root)) throw ScannerError(ScannerError::Case::permissionDenied);
+}
+
+}  // namespace broomtide

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <atomic>
+#include <condition_variable>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <mutex>
+#include <stop_token>
+#include <string>
+#include <system_error>
+#include <vector>
+
+#include "core/ScanCandidate.h"
+
+namespace broomtide {
+
+/// The size of one folder while several threads add it up. Links are not followed and add nothing;
+/// hard-linked files count once for each name.
+class Measurement {
+ public:
+  struct Result {
+    std::int64_t bytes = 0;    ///< allocated bytes of the regular files
+    std::int64_t entries = 0;  ///< everything below the folder, each entry once
+    std::vector<ScanIssue> issues;
+  };
+
+  /// Called with the bytes and entries counted so far.
+  using ProgressFunction = std::function<void(std::int64_t bytes, std::int64_t entries)>;
+
+  /// How many entries lie between two progress calls.
+  static constexpr std::int64_t progressInterval = 128;
+
+  /// `path` is the folder's absolute path, for issues.
+  explicit Measurement(std::string path) : path_(std::move(path)) {}
+
+  const std::string& path() const { return path_; }
+
+  /// Waits for the end and returns the result. Progress is called on the waiting thread, once for
+  /// every full interval of entries and once at the end, also for what was counted before the wait
+  /// began. Throws CancellationError once `stop` is asked to stop.
+  Result await(const std::stop_token& stop, const ProgressFunction& onProgress);
+
+  /// Says that nobody will ask for the result, so that measuring may end early.
+  void abandon() { isAbandoned_.store(true, std::memory_order_relaxed); }
+  bool isAbandoned() const { return isAbandoned_.load(std::memory_order_relaxed); }
+
+  /// For the threads that measure. A measurement begins with one part under way, and has ended when
+  /// every part has.
+  void beginPart();
+  void endPart();
+  /// Adds what was counted: at most one interval of entries at a time.
+  void add(std::int64_t bytes, std::int64_t entries);
+  /// Records a problem with an entry, given by its path below the folder.
+  void addIssue(std::string relativePath, std::error_code error);
+
+ private:
+  struct Problem {
+    std::string relativePath;
+    std::error_code error;
+  };
+
+  std::vector<ScanIssue> issuesInOrder();
+
+  const std::string path_;
+  std::atomic<bool> isAbandoned_ = false;
+
+  std::mutex mutex_;
+  std::condition_variable_any changed_;
+  bool isAwaited_ = false;
+  int partsUnderWay_ = 1;
+  std::int64_t bytes_ = 0;
+  std::int64_t entries_ = 0;
+  std::vector<std::int64_t> bytesAtIntervals_;
+  std::vector<Problem> problems_;
+};
+
+}  // namespace broomtide

@@ -1,0 +1,153 @@
+#include "scanner/MeasurementPool.h"
+
+#include <utility>
+
+#include "core/Paths.h"
+#include "platform/DirectoryEnumerator.h"
+
+namespace broomtide {
+namespace {
+
+constexpr std::size_t mostWaitingFolders = 16;
+
+}  // namespace
+
+// What one thread does.
+class MeasurementPool::Worker {
+ public:
+  Worker(MeasurementPool& pool, std::stop_token stop)
+      : pool_(pool),
+        stop_(std::move(stop)),
+        entries_(pool.fileManager_, DirectoryEnumerator::Order::foldersAfter,
+                 [this](std::string_view relativePath, std::error_code error) {
+                   part_.measurement->addIssue(pathInMeasurement(relativePath), error);
+                 }) {}
+
+  void run() {
+    while (std::optional<Part> part = pool_.take(stop_)) {
+      part_ = std::move(*part);
+      if (!measure()) return;
+    }
+  }
+
+ private:
+  // False when it was interrupted; the measurement then never ends.
+  bool measure() {
+    entries_.begin(std::move(part_.folder));
+    while (entries_.next()) {
+      if (stop_.stop_requested()) return false;
+      if (part_.measurement->isAbandoned()) break;
+      ++entriesToAdd_;
+      if (entries_.type() == EntryType::file) {
+        addFile();
+      } else if (entries_.type() == EntryType::unreadable) {
+        addIssue(entries_.typeError());
+      }
+      if (entriesToAdd_ == Measurement::progressInterval) addToMeasurement();
+      if (pool_.isHungry()) giveSubtree();
+    }
+    addToMeasurement();
+    part_.measurement->endPart();
+    part_.measurement.reset();
+    return true;
+  }
+
+  void addFile() {
+    FileAttributes attributes;
+    if (const std::error_code error = entries_.readAttributes(attributes)) {
+      addIssue(error);
+    } else if (attributes.isRegularFile()) {
+      bytesToAdd_ += attributes.allocatedBytes;
+    }
+  }
+
+  void addIssue(std::error_code error) {
+    part_.measurement->addIssue(pathInMeasurement(entries_.relativePath()), error);
+  }
+
+  void addToMeasurement() {
+    part_.measurement->add(std::exchange(bytesToAdd_, 0), std::exchange(entriesToAdd_, 0));
+  }
+
+  void giveSubtree() {
+    std::optional<DirectoryEnumerator::Subtree> subtree = entries_.detachSubtree();
+    if (!subtree) return;
+    part_.measurement->beginPart();
+    pool_.give({.measurement = part_.measurement,
+                .folder = std::move(subtree->folder),
+                .relativePath = pathInMeasurement(subtree->relativePath)});
+  }
+
+  std::string pathInMeasurement(std::string_view path) const {
+    if (part_.relativePath.empty()) return std::string(path);
+    if (path.empty()) return part_.relativePath;
+    return paths::appending(part_.relativePath, path);
+  }
+
+  MeasurementPool& pool_;
+  const std::stop_token stop_;
+  DirectoryEnumerator entries_;
+  Part part_;
+  std::int64_t bytesToAdd_ = 0;
+  std::int64_t entriesToAdd_ = 0;
+};
+
+MeasurementPool::MeasurementPool(FileManager& fileManager, std::size_t threads,
+                                 std::stop_token stop)
+    : fileManager_(fileManager), threadCount_(threads), stopping_(std::move(stop)) {}
+
+MeasurementPool::~MeasurementPool() { stopping_.requestStop(); }
+
+std::shared_ptr<Measurement> MeasurementPool::measure(FileDescriptor folder, std::string path) {
+  auto measurement = std::make_shared<Measurement>(std::move(path));
+  const std::stop_token stop = stopping_.token();
+  std::unique_lock lock(mutex_);
+  if (threads_.empty()) startThreads();
+  partTaken_.wait(lock, stop, [this] { return folders_.size() < mostWaitingFolders; });
+  folders_.push_back({.measurement = measurement, .folder = std::move(folder), .relativePath = {}});
+  updateHungry();
+  partAdded_.notify_one();
+  return measurement;
+}
+
+void MeasurementPool::startThreads() {
+  threads_.reserve(threadCount_);
+  for (std::size_t count = 0; count < threadCount_; ++count) {
+    threads_.emplace_back([this] { Worker(*this, stopping_.token()).run(); });
+  }
+}
+
+std::optional<MeasurementPool::Part> MeasurementPool::take(const std::stop_token& stop) {
+  std::unique_lock lock(mutex_);
+  ++idleThreads_;
+  updateHungry();
+  partAdded_.wait(lock, stop, [this] { return !folders_.empty() || !subtrees_.empty(); });
+  --idleThreads_;
+  if (stop.stop_requested()) return std::nullopt;
+
+  Part part;
+  if (!subtrees_.empty()) {
+    part = std::move(subtrees_.back());
+    subtrees_.pop_back();
+  } else {
+    part = std::move(folders_.front());
+    folders_.pop_front();
+    partTaken_.notify_one();
+  }
+  updateHungry();
+  return part;
+}
+
+void MeasurementPool::give(Part part) {
+  const std::scoped_lock lock(mutex_);
+  subtrees_.push_back(std::move(part));
+  updateHungry();
+  partAdded_.notify_one();
+}
+
+void MeasurementPool::updateHungry() {
+  const bool isHungry = idleThreads_ > folders_.size() + subtrees_.size();
+  isHungry_.store(isHungry, std::memory_order_relaxed);
+}
+
+}  // namespace broomtide

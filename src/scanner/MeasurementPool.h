@@ -1,0 +1,71 @@
+#pragma once
+
+#include <atomic>
+#include <condition_variable>
+#include <cstddef>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <stop_token>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "platform/FileDescriptor.h"
+#include "platform/FileManager.h"
+#include "platform/LinkedStopSource.h"
+#include "scanner/Measurement.h"
+
+namespace broomtide {
+
+/// Threads that measure folders: the folders in the order in which they were handed in, and when
+/// there are fewer folders than threads, several threads share one.
+class MeasurementPool {
+ public:
+  /// Uses `threads` threads, started with the first folder. They end early once `stop` is asked to
+  /// stop; no measurement is finished then.
+  MeasurementPool(FileManager& fileManager, std::size_t threads, std::stop_token stop);
+
+  /// Stops measuring and waits for the threads.
+  ~MeasurementPool();
+
+  MeasurementPool(const MeasurementPool&) = delete;
+  MeasurementPool& operator=(const MeasurementPool&) = delete;
+
+  /// Starts to measure an open folder; `path` is its absolute path. Blocks while many folders are
+  /// waiting, so that their descriptors stay few.
+  std::shared_ptr<Measurement> measure(FileDescriptor folder, std::string path);
+
+ private:
+  class Worker;
+
+  // A folder to be added to a measurement.
+  struct Part {
+    std::shared_ptr<Measurement> measurement;
+    FileDescriptor folder;
+    std::string relativePath;  // below the folder being measured
+  };
+
+  void startThreads();
+  std::optional<Part> take(const std::stop_token& stop);
+  void give(Part part);
+  void updateHungry();
+  bool isHungry() const { return isHungry_.load(std::memory_order_relaxed); }
+
+  FileManager& fileManager_;
+  const std::size_t threadCount_;
+
+  std::mutex mutex_;
+  std::condition_variable_any partAdded_;
+  std::condition_variable_any partTaken_;
+  std::deque<Part> folders_;
+  std::vector<Part> subtrees_;  // given away by threads with more to do than the idle ones
+  std::size_t idleThreads_ = 0;
+  std::atomic<bool> isHungry_ = false;  // some thread waits and nothing is waiting for it
+
+  LinkedStopSource stopping_;
+  std::vector<std::jthread> threads_;
+};
+
+}  // namespace broomtide

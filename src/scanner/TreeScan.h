@@ -1,0 +1,59 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <stop_token>
+#include <string>
+#include <vector>
+
+#include "context/GitInspection.h"
+#include "context/ProjectDetector.h"
+#include "core/FileScanning.h"
+#include "platform/FileManager.h"
+#include "rules/ScanRules.h"
+#include "scanner/CandidateList.h"
+#include "scanner/ScannerSettings.h"
+#include "scanner/WalkAhead.h"
+
+namespace broomtide {
+
+/// One scan of a folder of projects or of a Downloads folder: everything is read ahead on other
+/// threads, and judged and reported here, on the caller's, as if it had happened one after the
+/// other.
+class TreeScan {
+ public:
+  /// `root` is a standardised absolute path; the mode is project or downloads. The references must
+  /// outlive the scan.
+  TreeScan(std::string root, ScanMode mode, Date now, FileManager& fileManager,
+           const ScannerSettings& settings, const UpdateFunction& onUpdate, std::stop_token stop);
+
+  /// Runs the scan, once. Throws as FileScanning::scan does.
+  ScanResult run();
+
+ private:
+  void walk(FileDescriptor top);
+  void visit(WalkBatch& batch, const WalkBatch::Step& step);
+  void visitMatch(const std::string& relativePath, WalkMatch& match);
+  std::optional<RuleEvaluation> evaluate(const WalkMatch& match, const std::string& location,
+                                         const std::string* gitRoot, GitItemStatus& gitStatus);
+  std::int64_t measure(const std::string& label, WalkMatch& match);
+  void addIssue(const std::string& path, std::string message);
+
+  const std::string root_;
+  const ScanMode mode_;
+  const Date now_;
+  FileManager& fileManager_;
+  const ScannerSettings& settings_;
+  const std::stop_token stop_;
+
+  GitInspection git_;
+  ProjectDiscovery discovery_;
+  std::optional<ProjectLookup> projects_;
+  CandidateList candidates_;
+  std::vector<ScanIssue> issues_;
+  std::int64_t entries_ = 0;  // examined so far
+};
+
+}  // namespace broomtide

@@ -1,0 +1,265 @@
+#include "scanner/WalkAhead.h"
+
+#include <cerrno>
+#include <chrono>
+#include <exception>
+#include <utility>
+
+#include "core/Paths.h"
+#include "platform/DirectoryEnumerator.h"
+#include "platform/PathSafety.h"
+#include "rules/ContextPolicy.h"
+#include "rules/ScanRules.h"
+
+namespace broomtide {
+namespace {
+
+constexpr std::size_t mostBatches = 16;
+constexpr std::size_t mostSteps = 512;
+constexpr std::size_t mostText = 64 * 1024;
+
+using Clock = std::chrono::steady_clock;
+constexpr std::chrono::milliseconds longestDelay{10};
+constexpr std::size_t stepsPerClockReading = 16;
+
+}  // namespace
+
+std::string WalkBatch::relativePath(const Step& step) const {
+  const std::string_view text = text_;
+  const std::string_view folder = text.substr(step.folderStart, step.folderLength);
+  const std::string_view name = text.substr(step.nameStart, step.nameLength);
+  if (folder.empty()) return std::string(name);
+  return name.empty() ? std::string(folder) : paths::appending(folder, name);
+}
+
+WalkBatch::Step& WalkBatch::addStep(Kind kind, std::string_view folder, std::string_view name) {
+  Step step{.kind = kind,
+            .folderStart = 0,
+            .nameStart = 0,
+            .detail = 0,
+            .nameLength = static_cast<std::uint16_t>(name.size()),
+            .folderLength = static_cast<std::uint32_t>(folder.size())};
+  // Steps in the same folder share its path.
+  bool isKnownFolder = false;
+  if (!steps_.empty()) {
+    const Step& last = steps_.back();
+    step.folderStart = last.folderStart;
+    isKnownFolder = std::string_view(text_).substr(last.folderStart, last.folderLength) == folder;
+  }
+  if (!isKnownFolder) {
+    step.folderStart = static_cast<std::uint32_t>(text_.size());
+    text_ += folder;
+  }
+  step.nameStart = static_cast<std::uint32_t>(text_.size());
+  text_ += name;
+  steps_.push_back(step);
+  return steps_.back();
+}
+
+void WalkBatch::addPassedOver() { addStep(Kind::passedOver, {}, {}); }
+
+void WalkBatch::addUnmatched(std::string_view folder, std::string_view name) {
+  addStep(Kind::unmatched, folder, name);
+}
+
+void WalkBatch::addMatch(std::string_view folder, std::string_view name, WalkMatch match) {
+  addStep(Kind::matched, folder, name).detail = static_cast<std::uint32_t>(matches_.size());
+  matches_.push_back(std::move(match));
+}
+
+void WalkBatch::addIssue(Kind kind, std::string_view folder, std::string_view name,
+                         std::string message) {
+  addStep(kind, folder, name).detail = static_cast<std::uint32_t>(messages_.size());
+  messages_.push_back(std::move(message));
+}
+
+// What the walk's thread does.
+class WalkAhead::Walker {
+ public:
+  Walker(Setup setup, BoundedQueue<WalkBatch>& batches, std::stop_token stop)
+      : setup_(std::move(setup)),
+        batches_(batches),
+        stop_(std::move(stop)),
+        entries_(setup_.fileManager, DirectoryEnumerator::Order::byName,
+                 [this](std::string_view relativePath, std::error_code error) {
+                   batch_.addIssue(WalkBatch::Kind::folderIssue, relativePath, {}, error.message());
+                 }),
+        smallFolder_(setup_.fileManager) {}
+
+  void run(FileDescriptor top) {
+    entries_.begin(std::move(top));
+    while (entries_.next()) {
+      if (stop_.stop_requested()) return;
+      visit();
+      if (isTimeToFlush() && !flush()) return;
+    }
+    flush();
+  }
+
+ private:
+  // Waking the reader up costs as much as many steps, so it gets them in large portions, and what
+  // it can spend some time on, or has waited for, at once.
+  bool isTimeToFlush() {
+    const std::size_t steps = batch_.steps().size();
+    if (steps >= mostSteps || batch_.textSize() >= mostText) return true;
+    if (std::exchange(hasHandedOver_, false)) return batches_.isEmpty();
+    return steps % stepsPerClockReading == 0 && Clock::now() - lastFlush_ > longestDelay;
+  }
+
+  bool flush() {
+    lastFlush_ = Clock::now();
+    return batches_.push(std::exchange(batch_, {}), stop_);
+  }
+
+  void visit() {
+    switch (entries_.type()) {
+      case EntryType::unreadable:
+        addEntryIssue(entries_.typeError().message());
+        return;
+      case EntryType::link:
+        batch_.addPassedOver();
+        return;
+      case EntryType::folder:
+      case EntryType::file:
+      case EntryType::other:
+        break;
+    }
+    // Without following links an entry can only be outside when nothing counts as inside.
+    if (nothingIsInside_) {
+      entries_.skipDescendants();
+      addEntryIssue("Skipped an item outside the selected folder.");
+    } else if (entries_.type() == EntryType::folder) {
+      visitFolder();
+    } else if (entries_.type() == EntryType::file) {
+      visitFile();
+    } else {
+      batch_.addPassedOver();
+    }
+  }
+
+  void visitFolder() {
+    if (isProjectScan() && ScanRules::isSensitiveDirectory(entries_.name())) {
+      entries_.skipDescendants();
+      batch_.addPassedOver();
+      return;
+    }
+    const ScanRule* rule = matchingRule(CandidateKind::directory, std::nullopt);
+    if (rule == nullptr) {
+      addUnmatched();
+      return;
+    }
+    entries_.skipDescendants();
+    WalkMatch match;
+    match.rule = rule;
+    match.project = nearestProject();
+    if (isAllowedHere(match) && examineFolder(match)) {
+      addMatch(std::move(match));
+    } else {
+      batch_.addPassedOver();
+    }
+  }
+
+  void visitFile() {
+    const std::string_view name = entries_.name();
+    if (isProjectScan() && ScanRules::isProtectedFile(name)) {
+      batch_.addPassedOver();
+      return;
+    }
+    if (!ScanRules::recognises(name, CandidateKind::file, setup_.mode)) {
+      addUnmatched();
+      return;
+    }
+    WalkMatch match;
+    match.project = nearestProject();
+    match.error = entries_.readAttributes(match.attributes);
+    if (!match.error && !match.attributes.isRegularFile()) {
+      batch_.addPassedOver();
+      return;
+    }
+    match.rule = matchingRule(CandidateKind::file, match.attributes.modificationDate);
+    if (match.rule == nullptr && match.error) {
+      addEntryIssue(match.error.message());
+    } else if (match.rule == nullptr) {
+      addUnmatched();
+    } else if (isAllowedHere(match)) {
+      addMatch(std::move(match));
+    } else {
+      batch_.addPassedOver();
+    }
+  }
+
+  bool isProjectScan() const { return setup_.mode == ScanMode::project; }
+
+  const ScanRule* matchingRule(CandidateKind kind, std::optional<Date> modificationDate) const {
+    return ScanRules::match(entries_.name(), kind, setup_.mode, modificationDate, setup_.now);
+  }
+
+  const ProjectContext* nearestProject() {
+    if (!isProjectScan()) return nullptr;
+    return setup_.projects.nearestProject(paths::appending(setup_.root, entries_.relativePath()));
+  }
+
+  // What no answer of Git could make acceptable need not be measured.
+  bool isAllowedHere(const WalkMatch& match) const {
+    return !isProjectScan() || contextPolicy(match.rule->id).accepts(match.project);
+  }
+
+  // Opens the current folder and has what was opened identified and measured, so that both concern
+  // the same folder. False when it has turned into something else.
+  bool examineFolder(WalkMatch& match) {
+    FileDescriptor folder;
+    const std::error_code error = entries_.open(folder);
+    if (error.value() == ENOTDIR || error.value() == ELOOP) return false;
+    if (error) {
+      match.error = entries_.readAttributes(match.attributes);
+      return match.error || match.attributes.isFolder();
+    }
+    match.error = setup_.fileManager.readAttributes(folder.get(), "", LinkPolicy::doNotFollow,
+                                                    match.attributes);
+    if (match.error) return true;
+    const std::string location = paths::appending(setup_.root, entries_.relativePath());
+    match.measured = smallFolder_.measure(folder, location);
+    if (!match.measured) {
+      match.measurement = setup_.measurements.measure(std::move(folder), location);
+      hasHandedOver_ = true;
+    }
+    return true;
+  }
+
+  void addUnmatched() { batch_.addUnmatched(entries_.folderPath(), entries_.name()); }
+
+  void addMatch(WalkMatch match) {
+    batch_.addMatch(entries_.folderPath(), entries_.name(), std::move(match));
+  }
+
+  void addEntryIssue(std::string message) {
+    batch_.addIssue(WalkBatch::Kind::entryIssue, entries_.folderPath(), entries_.name(),
+                    std::move(message));
+  }
+
+  Setup setup_;
+  BoundedQueue<WalkBatch>& batches_;
+  const std::stop_token stop_;
+  DirectoryEnumerator entries_;
+  SmallFolder smallFolder_;
+  WalkBatch batch_;
+  bool hasHandedOver_ = false;  // a folder to the measuring threads, since the last step
+  Clock::time_point lastFlush_ = Clock::now();
+  const bool nothingIsInside_ = PathSafety::resolved(setup_.root) == "/";
+};
+
+WalkAhead::WalkAhead(FileDescriptor top, Setup setup, std::stop_token stop)
+    : stopping_(std::move(stop)), batches_(mostBatches) {
+  thread_ = std::jthread([this, folder = std::move(top), what = std::move(setup)]() mutable {
+    try {
+      Walker(std::move(what), batches_, stopping_.token()).run(std::move(folder));
+      batches_.close();
+    } catch (...) {
+      batches_.close(std::current_exception());
+    }
+  });
+}
+
+WalkAhead::~WalkAhead() { stopping_.requestStop(); }
+
+}  // namespace broomtide
