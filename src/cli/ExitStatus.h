@@ -1,0 +1,13 @@
+#pragma once
+
+namespace broomtide::cli {
+
+/// How the program ends.
+enum class ExitStatus : int {
+  done = 0,
+  failed = 1,      ///< the operation failed; the reason is on standard error
+  wrongUsage = 2,  ///< the command line makes no sense
+  interrupted = 130,
+};
+
+}  // namespace broomtide::cli

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <csignal>
+#include <stop_token>
+#include <thread>
+
+#include "platform/FileDescriptor.h"
+
+namespace broomtide::cli {
+
+/// Turns Ctrl-C and a polite request to end (SIGINT, SIGTERM, SIGHUP) into a request to stop. A
+/// second one ends the program at once. Create one before any other thread is started, because
+/// threads inherit which signals are blocked.
+class Interruption {
+ public:
+  Interruption();
+  ~Interruption();
+
+  Interruption(const Interruption&) = delete;
+  Interruption& operator=(const Interruption&) = delete;
+
+  std::stop_token token() const { return stopping_.get_token(); }
+  bool hasHappened() const { return stopping_.stop_requested(); }
+
+ private:
+  void listen();
+
+  sigset_t signals_{};
+  sigset_t signalsBefore_{};
+  FileDescriptor arrivals_;
+  FileDescriptor ending_;
+  std::stop_source stopping_;
+  std::jthread listener_;
+};
+
+}  // namespace broomtide::cli
