@@ -1,0 +1,57 @@
+#include "core/CleanupResult.h"
+#include "core/Enumerations.h"
+#include "core/ProjectContext.h"
+#include "core/RecordJson.h"
+
+namespace broomtide {
+namespace {
+
+TEST(Records, RawValuesLeadBackToTheirCases) {
+  for (const ProjectKind kind : allProjectKinds) {
+    EXPECT_EQ(fromRawValue<ProjectKind>(rawValue(kind)), kind);
+  }
+  for (const SafetyLevel level : allSafetyLevels) {
+    EXPECT_EQ(fromRawValue<SafetyLevel>(rawValue(level)), level);
+  }
+  EXPECT_EQ(fromRawValue<SafetyLevel>("UsuallySafe"), std::nullopt);
+  EXPECT_EQ(fromRawValue<GitItemStatus>("Tracked"), std::nullopt);
+  EXPECT_EQ(fromRawValue<ScanMode>(""), std::nullopt);
+  EXPECT_EQ(rawValue(allProjectKinds.back()), "haskell");
+  EXPECT_EQ(title(ProjectKind::cmake), "C / C++");
+  EXPECT_EQ(title(GitItemStatus::unavailable), "Git status unavailable");
+}
+
+TEST(Records, ProjectsAreTheSameByStandardisedRoot) {
+  const ProjectContext project{
+      .root = "/src/tools/../app", .kinds = {}, .manifests = {}, .gitRoot = std::nullopt};
+  EXPECT_EQ(project.id(), "/src/app");
+  EXPECT_EQ(project.name(), "app");
+  EXPECT_EQ((ProjectReclaimSummary{.root = project.root, .kinds = {}}).id(), project.id());
+}
+
+TEST(Records, JsonHasEveryFieldAndOnlyText) {
+  ScanCandidate candidate;
+  candidate.url = "/r/\xff";
+  candidate.relativePath = "\xff";
+  candidate.projectKinds = {ProjectKind::haskell, ProjectKind::javascript};
+  const nlohmann::json json = toJson(candidate);
+  EXPECT_EQ(json.size(), 18U);
+  EXPECT_EQ(json.at("id"), "\uFFFD");
+  EXPECT_EQ(json.at("url"), "file:///r/%FF");
+  EXPECT_EQ(json.at("projectKinds"), nlohmann::json({"javascript", "haskell"}));
+  for (const char* absent : {"modificationDate", "projectRoot", "gitRoot", "regenerationCommand"}) {
+    EXPECT_TRUE(json.at(absent).is_null()) << absent;
+  }
+}
+
+TEST(Records, MovedBytesAreSummed) {
+  CleanupResult result;
+  EXPECT_EQ(result.movedBytes(), 0);
+  result.moved.resize(2);
+  result.moved[0].size = 5'000'000'000;
+  result.moved[1].size = 7;
+  EXPECT_EQ(result.movedBytes(), 5'000'000'007);
+}
+
+}  // namespace
+}  // namespace broomtide

@@ -1,0 +1,298 @@
+"""Runs broomtide-cli as people do: odd folders, odd names, signals, terminals.
+
+BROOMTIDE_CLI   the program to test
+"""
+
+import json
+import os
+import pty
+import pwd
+import resource
+import select
+import shutil
+import signal
+import subprocess
+import tempfile
+import unittest
+
+CLI = os.environ["BROOMTIDE_CLI"]
+INVALID_ROOT = "The selected folder no longer exists or is not a directory."
+PERMISSION_DENIED = (
+    "Broomtide does not have permission to access this folder. "
+    "Choose it again or grant access in macOS Settings."
+)
+
+
+def environment(**changes):
+    kept = {name: value for name, value in os.environ.items() if name != "NO_COLOR"}
+    return {**kept, "TERM": "xterm", **changes}
+
+
+class ScanJourney(unittest.TestCase):
+    def setUp(self):
+        self.root = tempfile.mkdtemp(prefix="broomtide-journey-")
+        self.addCleanup(subprocess.run, ["rm", "-rf", self.root], check=True)
+
+    def path(self, *parts):
+        return os.path.join(self.root, *parts)
+
+    def write(self, path, text=""):
+        path = self.path(path)
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        with open(path, "w") as file:
+            file.write(text)
+        return path
+
+    def scan(self, *arguments, **options):
+        return subprocess.run(
+            [CLI, "scan", *arguments], capture_output=True, timeout=120, env=environment(), **options
+        )
+
+    def document(self, *arguments, **options):
+        result = self.scan("--json", *arguments, **options)
+        self.assertEqual((result.returncode, result.stderr), (0, b""))
+        return json.loads(result.stdout)
+
+    def paths(self, *arguments, **options):
+        return [candidate["relativePath"] for candidate in self.document(*arguments, **options)["candidates"]]
+
+    def stubbed_git(self, script):
+        """The environment in which this script is the Git tool."""
+        stub = self.write("stub/usr/bin/git", "#!/bin/sh\n" + script)
+        os.chmod(stub, 0o755)
+        return environment(DEVELOPER_DIR=self.path("stub"))
+
+
+class Folders(ScanJourney):
+    def test_refusals_name_the_folder_and_the_reason(self):
+        self.write("file")
+        os.symlink("nowhere", self.path("dangling"))
+        for folder in ["missing", "file", "file/below", "dangling", "x" * 5000]:
+            for mode in ["project", "caches", "downloads"]:
+                result = self.scan("--mode", mode, self.path(folder))
+                self.assertEqual((result.returncode, result.stdout), (1, b""), folder)
+                self.assertIn(INVALID_ROOT, result.stderr.decode())
+        result = self.scan("/")
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("Choose a folder below it", result.stderr.decode())
+
+    def test_a_folder_may_be_written_in_any_way(self):
+        self.write("app/package.json")
+        self.write("app/.next/x", "x")
+        os.symlink("app", self.path("link"))
+        os.makedirs(self.path("app/src"))
+        for folder, cwd in [
+            ("app", self.root),
+            ("app/", self.root),
+            ("app/src/..//.", self.root),
+            (".", self.path("app")),
+            ("..", self.path("app/src")),
+            (self.path("app", "src", ".."), "/"),
+        ]:
+            document = self.document(folder, cwd=cwd)
+            self.assertEqual(document["root"], "file://" + self.path("app"), folder)
+            self.assertEqual([item["id"] for item in document["candidates"]], [".next"], folder)
+        linked = self.document(self.path("link"))
+        self.assertEqual(linked["candidates"][0]["url"], "file://" + self.path("link/.next"))
+
+    def test_unreadable_folders_are_told_and_passed_over(self):
+        if os.getuid() == 0:
+            nobody = pwd.getpwnam("nobody")
+            self.copy = shutil.copy(CLI, self.path("cli"))
+            os.chmod(self.root, 0o755)
+        self.write("tree/package.json")
+        self.write("tree/node_modules/locked/x")
+        self.write("tree/src/locked/y")
+        for folder in ["tree/node_modules/locked", "tree/src/locked"]:
+            os.chmod(self.path(folder), 0)
+        self.write("closed/x")
+        if os.getuid() == 0:
+            subprocess.run(["chown", "-R", "nobody", self.path("tree"), self.path("closed")], check=True)
+        os.chmod(self.path("closed"), 0o300)
+
+        def run(folder):
+            command = [CLI if os.getuid() else self.copy, "scan", "--json", self.path(folder)]
+            as_nobody = {} if os.getuid() else {"user": nobody.pw_uid, "group": nobody.pw_gid}
+            return subprocess.run(command, capture_output=True, timeout=60, **as_nobody)
+
+        result = run("tree")
+        self.assertEqual(result.returncode, 0, result.stderr)
+        document = json.loads(result.stdout)
+        self.assertEqual([item["id"] for item in document["candidates"]], ["node_modules"])
+        self.assertEqual(
+            [(issue["path"], issue["message"]) for issue in document["issues"]],
+            [
+                (self.path("tree/src/locked"), "Permission denied"),
+                (self.path("tree/node_modules/locked"), "Permission denied"),
+                (self.path("tree/src/locked"), "Permission denied"),
+            ],
+        )
+        result = run("closed")
+        self.assertEqual((result.returncode, result.stdout), (1, b""))
+        self.assertIn(PERMISSION_DENIED, result.stderr.decode())
+
+
+class Names(ScanJourney):
+    def test_no_name_can_forge_output(self):
+        names = [
+            b"a\nSafe to Clean \xc2\xb7 9 items.log",
+            b"\x1b[31mred\x1b[0m.log",
+            b"\xff\xfe.log",
+            b"quote\",\"safety\":\"safe.log",
+            "turned\u202egpj.log".encode(),
+            b"n" * 251 + b".log",
+        ]
+        self.write("package.json")
+        for name in names:
+            with open(os.path.join(os.fsencode(self.root), name), "wb") as file:
+                file.write(b"x")
+        text = self.scan(self.root).stdout
+        self.assertEqual(len(text.splitlines()), 1 + len(names) + 2)
+        self.assertNotIn(b"\x1b", text)
+        self.assertNotIn("\u202e".encode(), text)
+        self.assertIn(rb"a\nSafe to Clean", text)
+        self.assertEqual(
+            sorted(self.paths(self.root)), sorted(name.decode("utf-8", "replace") for name in names)
+        )
+
+    def test_paths_may_be_longer_than_the_system_takes(self):
+        self.write("package.json")
+        os.makedirs(self.path("node_modules"))
+        script = (
+            'i=0; while [ $i -lt 40 ]; do mkdir "$1" && cd -P "$1" || exit 1; i=$((i+1)); done; echo x > file'
+        )
+        subprocess.run(["sh", "-c", script, "sh", "d" * 200], cwd=self.path("node_modules"), check=True)
+        document = self.document(self.root)
+        self.assertEqual(document["candidates"][0]["size"], 4096)
+        self.assertEqual(document["issues"], [])
+        self.assertEqual(document["entriesScanned"], 2 + 2 + 41)
+
+
+class Sizes(ScanJourney):
+    @staticmethod
+    def few_files():
+        resource.setrlimit(resource.RLIMIT_NOFILE, (256, 256))
+
+    def test_ten_thousand_levels_with_few_open_files(self):
+        self.write("package.json")
+        os.makedirs(self.path("node_modules"))
+        subprocess.run(
+            ["sh", "-c", "i=0; while [ $i -lt 100 ]; do p=$p/l; i=$((i+1)); done;"
+             "i=0; while [ $i -lt 100 ]; do mkdir -p .$p && cd -P .$p && : > f || exit 1; i=$((i+1)); done"],
+            cwd=self.path("node_modules"), check=True,
+        )
+        document = self.document(self.root, preexec_fn=self.few_files)
+        self.assertEqual(document["entriesScanned"], 2 + 2 + 10_000 + 100)
+        self.assertEqual(document["issues"], [])
+        # The same chain again, now walked instead of measured.
+        os.rename(self.path("node_modules"), self.path("sources"))
+        document = self.document(self.root, preexec_fn=self.few_files)
+        self.assertEqual(document["entriesScanned"], 2 * (2 + 10_000 + 100))
+        self.assertEqual(document["issues"], [])
+
+    def test_a_flat_folder_of_two_hundred_thousand_files(self):
+        os.makedirs(self.path("flat"))
+        folder = os.open(self.path("flat"), os.O_RDONLY)
+        for number in range(200_000):
+            os.close(os.open(f"{number}.pdf" if number % 1000 == 0 else str(number),
+                             os.O_CREAT | os.O_WRONLY, dir_fd=folder))
+        os.close(folder)
+        document = self.document("--mode", "downloads", self.path("flat"), preexec_fn=self.few_files)
+        self.assertEqual(document["entriesScanned"], 200_000)
+        self.assertEqual(len(document["candidates"]), 200)
+
+
+class Git(ScanJourney):
+    def setUp(self):
+        super().setUp()
+        self.write("app/package.json")
+        self.write("app/.next/x", "x")
+        os.makedirs(self.path("app/.git"))
+
+    def test_a_failing_git_leaves_the_status_open(self):
+        for script in ["exit 1", "echo garbage; exit 128", "kill -9 $$"]:
+            result = subprocess.run(
+                [CLI, "scan", "--json", self.path("app")],
+                capture_output=True, timeout=60, env=self.stubbed_git(script),
+            )
+            candidate = json.loads(result.stdout)["candidates"][0]
+            self.assertEqual(candidate["gitStatus"], "unavailable", script)
+            self.assertEqual(candidate["evidence"][1], "Git status could not be verified.")
+            self.assertFalse(candidate["isSelected"])
+
+    def test_interrupting_an_endless_git_leaves_no_child_behind(self):
+        alive = self.path("alive")
+        os.mkfifo(alive)
+        reader = os.open(alive, os.O_RDONLY | os.O_NONBLOCK)
+        self.addCleanup(os.close, reader)
+        git = self.stubbed_git(f"exec 9>'{alive}'; echo $PPID >&9; sleep 1000")
+        scan = subprocess.Popen(
+            [CLI, "scan", self.path("app")], stdout=subprocess.PIPE, stderr=subprocess.PIPE, env=git
+        )
+        self.assertTrue(select.select([reader], [], [], 60)[0])
+        self.assertEqual(int(os.read(reader, 64).split()[0]), scan.pid)
+        scan.send_signal(signal.SIGINT)
+        out, err = scan.communicate(timeout=30)
+        self.assertEqual((scan.returncode, out), (130, b""))
+        self.assertIn(b"Scan cancelled. No files were changed.", err)
+        # Whoever still held the pipe open would be a child that was left behind.
+        while select.select([reader], [], [], 30)[0]:
+            if os.read(reader, 64) == b"":
+                return
+        self.fail("a child of the scan is still running")
+
+
+class Usage(ScanJourney):
+    def run_cli(self, *arguments):
+        return subprocess.run([CLI, *arguments], capture_output=True, timeout=60, text=True)
+
+    def test_wrong_usage_is_told_apart_from_failure(self):
+        for arguments in [
+            [], ["scan"], ["scan", ""], ["bogus"], ["scan", "--mode", "everything", "."],
+            ["scan", "--sort", "colour", "."], ["scan", ".", "extra"], ["scan", "--unknown", "."],
+        ]:
+            result = self.run_cli(*arguments)
+            self.assertEqual((result.returncode, result.stdout), (2, ""), arguments)
+            self.assertNotEqual(result.stderr, "")
+        for arguments in [["--help"], ["scan", "--help"], ["--version"]]:
+            result = self.run_cli(*arguments)
+            self.assertEqual((result.returncode, result.stderr), (0, ""), arguments)
+            self.assertIn("broomtide-cli", result.stdout)
+
+    def test_an_output_that_cannot_be_written_is_a_failure(self):
+        with open("/dev/full", "w") as full:
+            result = subprocess.run([CLI, "scan", self.root], stdout=full, stderr=subprocess.PIPE)
+        self.assertEqual(result.returncode, 1)
+        self.assertIn(b"No space left on device", result.stderr)
+
+    def test_a_terminal_gets_colours_and_a_progress_line_that_vanishes(self):
+        self.write("package.json")
+        self.write(".next/x", "x")
+
+        def on_terminal(**changes):
+            master, slave = pty.openpty()
+            scan = subprocess.Popen([CLI, "scan", self.root], stdout=slave, stderr=slave,
+                                    env=environment(**changes))
+            os.close(slave)
+            shown = b""
+            while True:
+                try:
+                    piece = os.read(master, 65536)
+                except OSError:  # the terminal has no writer left
+                    break
+                if piece == b"":
+                    break
+                shown += piece
+            os.close(master)
+            self.assertEqual(scan.wait(timeout=60), 0)
+            return shown
+
+        shown = on_terminal()
+        self.assertIn(b" scanned \xc2\xb7 ", shown)
+        self.assertIn(b"\r\x1b[K\x1b[1;32mSafe to Clean\x1b[0m", shown)
+        self.assertNotIn(b"\x1b[1;32m", on_terminal(NO_COLOR="1"))
+        self.assertNotIn(b"\x1b", self.scan(self.root).stdout)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,51 @@
+#include "platform/PathSafety.h"
+
+#include <filesystem>
+
+#include "platform/FileIdentity.h"
+#include "support/TemporaryTree.h"
+
+namespace broomtide {
+namespace {
+
+using test::TemporaryTree;
+
+TEST(PathSafety, ResolvesLinksBeforeItCompares) {
+  TemporaryTree tree;
+  tree.folder("Project/real");
+  tree.folder("Project2");
+  tree.link("../Project2", "Project/out");
+  tree.link("real", "Project/in");
+  tree.link("Project", "link");
+  const std::string root = tree.path("Project");
+  EXPECT_TRUE(PathSafety::contains(root + "/real", root));
+  EXPECT_TRUE(PathSafety::contains(root + "/missing/below", root));
+  EXPECT_TRUE(PathSafety::contains(root + "/in/x", root));
+  EXPECT_TRUE(PathSafety::contains(tree.path("link/real"), root));
+  EXPECT_TRUE(PathSafety::contains(root + "/real", tree.path("link")));
+  EXPECT_FALSE(PathSafety::contains(root + "/out/x", root));
+  EXPECT_FALSE(PathSafety::contains(root, root));
+  EXPECT_FALSE(PathSafety::contains(tree.path("Project2"), root));
+  EXPECT_FALSE(PathSafety::contains(root, "/"));
+}
+
+TEST(FileIdentity, ChangesWithTheItemAndNotWithItsContents) {
+  TemporaryTree tree;
+  FileManager& files = systemFileManager();
+  const std::string item = tree.file("item", "one");
+  const auto first = FileIdentity::read(files, item);
+  tree.file("item", "another");
+  EXPECT_EQ(FileIdentity::read(files, item), first);
+  std::filesystem::rename(tree.file("other"), item);
+  EXPECT_NE(FileIdentity::read(files, item), first);
+
+  tree.link("nowhere", "dangling");
+  EXPECT_THAT(FileIdentity::read(files, tree.path("dangling")).value(),
+              testing::EndsWith(":40960"));
+  EXPECT_TRUE(FileIdentity::isSymbolicLink(files, tree.path("dangling")));
+  EXPECT_FALSE(FileIdentity::isSymbolicLink(files, tree.path("missing")));
+  EXPECT_EQ(FileIdentity::read(files, tree.path("missing")), std::nullopt);
+}
+
+}  // namespace
+}  // namespace broomtide

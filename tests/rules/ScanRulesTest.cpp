@@ -1,0 +1,217 @@
+#include "rules/ScanRules.h"
+
+#include <random>
+#include <set>
+
+#include "rules/CacheRules.h"
+#include "rules/RuleIndex.h"
+
+namespace broomtide {
+namespace {
+
+using namespace std::chrono_literals;
+using enum CandidateKind;
+using enum GitItemStatus;
+
+const Date now = std::chrono::sys_days(std::chrono::year(2026) / 3 / 1);
+
+std::string ruleFor(const std::string& name, CandidateKind kind, ScanMode mode = ScanMode::project,
+                    std::optional<Date> date = std::nullopt) {
+  const ScanRule* rule = ScanRules::match(name, kind, mode, date, now);
+  return rule == nullptr ? "" : std::string(rule->id);
+}
+
+TEST(ScanRules, MatchNamesExactlyAndExtensionsWithoutCase) {
+  struct Case {
+    std::string name;
+    CandidateKind kind;
+    std::string rule;
+  };
+  const std::vector<Case> cases{
+      {"Pods", directory, "pods"},
+      {"pods", directory, ""},
+      {"build", file, ""},
+      {"node_modules", file, ""},
+      {"Node_Modules", directory, ""},
+      {"node_modules ", directory, ""},
+      {"server.log", directory, ""},
+      {"Debug.LOG", file, "log"},
+      {"x.tar.log", file, "log"},
+      {".log", file, ""},
+      {"log", file, ""},
+      {"a.log ", file, ""},
+      {".DS_Store", file, "ds-store"},
+      {".ds_store", file, ""},
+      {"CMakeCache.txt", file, "cmake-cache-file"},
+      {"", directory, ""},
+  };
+  for (const Case& item : cases) {
+    EXPECT_EQ(ruleFor(item.name, item.kind), item.rule) << item.name;
+  }
+}
+
+TEST(ScanRules, MatchDownloadsByAge) {
+  struct Case {
+    std::string name;
+    std::optional<std::chrono::nanoseconds> age;
+    std::string rule;
+  };
+  const auto day = 24h;
+  const std::vector<Case> cases{
+      {"Installer.dmg", 7 * day, "dmg"},
+      {"Installer.dmg", 7 * day - 1ns, ""},
+      {"Setup.DMG", 8 * day, "dmg"},
+      {"Installer.dmg", std::nullopt, ""},
+      {"backup.TAR.GZ", 40 * day, "tar-gz"},
+      {".tar.gz", 40 * day, "tar-gz"},
+      {"tar.gz", 40 * day, ""},
+      {"backup.tgz", 40 * day, ""},
+      {"Screenshot 2024-05-01 at 09.12.33.png", 31 * day, "screenshot"},
+      {"Screenshot 2024-05-01 at 09.12.33.png", 10 * day, ""},
+      {"Screenshots.png", 40 * day, ""},
+      {"screenshot 1.png", 40 * day, ""},
+      {"Screenshot 1.PNG", 40 * day, "screenshot"},
+      {"photo.png", 400 * day, ""},
+      {"data.CSV", 1min, "csv"},
+      {"data.csv", std::nullopt, "csv"},
+      {"future.zip", -400 * day, ""},
+  };
+  for (const Case& item : cases) {
+    const std::optional<Date> date = item.age ? std::optional(now - *item.age) : std::nullopt;
+    EXPECT_EQ(ruleFor(item.name, file, ScanMode::downloads, date), item.rule) << item.name;
+  }
+  EXPECT_EQ(ruleFor("old.zip", file, ScanMode::downloads, Date::min()), "zip");
+  EXPECT_EQ(ruleFor("old.zip", file, ScanMode::downloads, Date::max()), "");
+  EXPECT_EQ(ruleFor("a.pdf", directory, ScanMode::downloads), "");
+}
+
+// The index must answer as trying every rule in table order would.
+TEST(ScanRules, LookUpAgreesWithTryingEveryRule) {
+  std::vector<std::string> names{"", ".", ".gz", "x.gz"};
+  for (const auto& table : {std::span<const ScanRule>(ScanRules::project),
+                            std::span<const ScanRule>(ScanRules::downloads)}) {
+    for (const ScanRule& rule : table) {
+      const std::string text(rule.matcher.text);
+      const std::string prefix(rule.matcher.prefix);
+      names.insert(names.end(), {text, "." + text, "x." + text, prefix + "." + text,
+                                 prefix + "1." + text, text + "x", prefix + text});
+    }
+  }
+  std::mt19937 random(7);
+  const std::string letters = "abgltzDMG. _";
+  for (int count = 0; count < 20'000; ++count) {
+    std::string name = names[random() % names.size()];
+    if (!name.empty()) name[random() % name.size()] = letters[random() % letters.size()];
+    names.push_back(name);
+  }
+  for (const ScanMode mode : {ScanMode::project, ScanMode::downloads}) {
+    const std::span<const ScanRule> table = mode == ScanMode::project
+                                                ? std::span<const ScanRule>(ScanRules::project)
+                                                : std::span<const ScanRule>(ScanRules::downloads);
+    for (const std::string& name : names) {
+      for (const CandidateKind kind : {file, directory}) {
+        const auto expected = std::ranges::find_if(
+            table, [&](const ScanRule& rule) { return RuleIndex::recognises(rule, name, kind); });
+        EXPECT_EQ(ruleFor(name, kind, mode, Date::min()),
+                  expected == table.end() ? "" : expected->id)
+            << name;
+      }
+    }
+  }
+}
+
+TEST(ScanRules, TablesSelectOnlyWhatIsSafe) {
+  EXPECT_EQ(std::ranges::count(ScanRules::project, SafetyLevel::safe, &ScanRule::safety), 44);
+  for (const ScanRule& rule : ScanRules::project) {
+    EXPECT_EQ(rule.selection == SelectionPolicy::selected, rule.safety == SafetyLevel::safe);
+    EXPECT_FALSE(rule.minimumAge) << rule.id;
+  }
+  for (const ScanRule& rule : ScanRules::downloads) {
+    EXPECT_EQ(rule.selection, SelectionPolicy::unselected) << rule.id;
+  }
+  EXPECT_EQ(std::ranges::count(CacheRules::targets, SafetyLevel::safe, &CacheTarget::safety), 9);
+}
+
+TEST(ScanRules, ProtectWhatCannotBeRecreated) {
+  for (const char* name :
+       {".env", ".ENV", ".env.local", ".Env.Production", "Cargo.lock", "PACKAGE-LOCK.JSON",
+        "data.SQLite", "id.pem", "m.safetensors", "a.MobileProvision", ".terraform.lock.hcl"}) {
+    EXPECT_TRUE(ScanRules::isProtectedFile(name)) << name;
+  }
+  for (const char* name : {"env", "x.env", ".environment", ".envrc", "Cargo.lock.bak", "a.sqlite33",
+                           ".pem", "pem", "lock", "a.log", "xyarn.lock"}) {
+    EXPECT_FALSE(ScanRules::isProtectedFile(name)) << name;
+  }
+  EXPECT_TRUE(ScanRules::isSensitiveDirectory("artifacts"));
+  EXPECT_FALSE(ScanRules::isSensitiveDirectory("Artifacts"));
+}
+
+struct Judgement {
+  std::string name;
+  CandidateKind kind;
+  std::optional<std::set<ProjectKind>> project;
+  GitItemStatus status;
+  bool hasRepository;
+  std::string expected;  // safety confidence selected, or "no"
+};
+
+std::string judge(const Judgement& item) {
+  const ProjectContext project{.root = "/p",
+                               .kinds = item.project.value_or(std::set<ProjectKind>{}),
+                               .manifests = {"a", "b"},
+                               .gitRoot = std::nullopt};
+  const ScanRule* rule =
+      ScanRules::match(item.name, item.kind, ScanMode::project, std::nullopt, now);
+  const auto result = ScanRules::evaluate(*rule, item.project ? &project : nullptr, item.status,
+                                          item.hasRepository);
+  if (!result) return "no";
+  EXPECT_EQ(result->evidence.size(), 3U);
+  return std::string(rawValue(result->safety)) + ' ' + std::string(rawValue(result->confidence)) +
+         (result->isSelected ? " selected" : "");
+}
+
+TEST(ScanRules, JudgementOnlyRaisesCaution) {
+  using enum ProjectKind;
+  const std::set<ProjectKind> js{javascript};
+  const std::vector<Judgement> cases{
+      {"node_modules", directory, js, ignored, true, "usuallySafe high"},
+      {".next", directory, js, ignored, true, "safe high selected"},
+      {".next", directory, js, untracked, true, "usuallySafe medium"},
+      {".next", directory, js, unavailable, true, "usuallySafe medium"},
+      {".next", directory, js, unavailable, false, "safe high selected"},
+      {".next", directory, js, tracked, true, "no"},
+      {".next", directory, std::nullopt, unavailable, false, "usuallySafe medium"},
+      {".next", directory, std::nullopt, ignored, true, "usuallySafe medium"},
+      {".next", directory, std::set{rust}, ignored, true, "no"},
+      {".next", directory, std::set{rust, javascript}, ignored, true, "safe high selected"},
+      {"target", directory, js, ignored, true, "no"},
+      {"target", directory, std::set{java}, ignored, true, "usuallySafe medium"},
+      {"bin", directory, std::nullopt, ignored, true, "no"},
+      {"bin", directory, std::set{dotnet}, ignored, true, "safe high selected"},
+      {"dist", directory, js, ignored, true, "usuallySafe medium"},
+      {"dist", directory, std::nullopt, ignored, true, "no"},
+      {"coverage", directory, std::set{haskell}, ignored, true, "safe high selected"},
+      {".DS_Store", file, js, unavailable, false, "safe high selected"},
+      {"a.log", file, js, ignored, true, "usuallySafe medium"},
+  };
+  for (const Judgement& item : cases) {
+    EXPECT_EQ(judge(item), item.expected)
+        << item.name << ' ' << rawValue(item.status) << ' ' << item.hasRepository;
+  }
+}
+
+TEST(ScanRules, UnknownIdentifiersGetTheMostCautiousPolicy) {
+  ScanRule rule = ScanRules::project[0];
+  rule.id = "made-up";
+  EXPECT_FALSE(ScanRules::evaluate(rule, nullptr, ignored, true));
+  const ProjectContext project{
+      .root = "/p", .kinds = {ProjectKind::go}, .manifests = {"go.mod"}, .gitRoot = std::nullopt};
+  const auto result = ScanRules::evaluate(rule, &project, ignored, true);
+  ASSERT_TRUE(result);
+  EXPECT_EQ(result->safety, SafetyLevel::usuallySafe);
+  EXPECT_FALSE(result->isSelected);
+  EXPECT_EQ(result->regenerationCommand, std::nullopt);
+}
+
+}  // namespace
+}  // namespace broomtide

@@ -1,0 +1,91 @@
+#include "scanner/CacheScan.h"
+
+#include "support/FaultyFileManager.h"
+#include "support/ScanRecorder.h"
+#include "support/TemporaryTree.h"
+
+namespace broomtide {
+namespace {
+
+using test::FaultyFileManager;
+using test::pathsOf;
+using test::ScanRecorder;
+using test::TemporaryTree;
+
+TEST(CacheScan, ReportsItsTargetsInOrder) {
+  TemporaryTree tree;
+  tree.file("Library/Caches/pip/http/a", "x");
+  tree.file(".cargo/registry/b", "x");
+  tree.file(".cargo/registry/c", "x");
+  tree.folder(".npm/_cacache/empty");
+  tree.file("Library/Caches/Unknown/x", "x");
+  ScanRecorder recorder;
+  const ScanResult result = recorder.scan(tree.root(), ScanMode::caches);
+  EXPECT_EQ(recorder.updates, (std::vector<std::string>{
+                                  "0 0 Calculating Library/Caches/pip… (0)",
+                                  "2 4096 Calculating Library/Caches/pip… (0)",
+                                  "2 4096 Library/Caches/pip (1)",
+                                  "0 4096 Calculating .npm/_cacache… (1)",
+                                  "1 4096 Calculating .npm/_cacache… (1)",
+                                  "0 4096 Calculating .cargo/registry… (1)",
+                                  "2 12288 Calculating .cargo/registry… (1)",
+                                  "2 12288 .cargo/registry (2)",
+                                  "0 12288 Scan complete (2)",
+                              }));
+  ASSERT_EQ(pathsOf(result), (std::vector<std::string>{"Library/Caches/pip", ".cargo/registry"}));
+  EXPECT_TRUE(result.candidates[0].isSelected);
+  EXPECT_FALSE(result.candidates[1].isSelected);
+  EXPECT_EQ(
+      result.candidates[0].evidence,
+      std::vector<std::string>{"Well-known developer cache location (~/Library/Caches/pip)."});
+}
+
+TEST(CacheScan, ExpandsVisibleChildFoldersOnly) {
+  TemporaryTree tree;
+  const std::string derived = "Library/Developer/Xcode/DerivedData/";
+  for (const char* path : {"App/x", ".hidden/x", "Other/x", "loose"})
+    tree.file(derived + path, "x");
+  tree.link("App", derived + "Linked");
+  tree.folder(derived + "Empty");
+  EXPECT_EQ(pathsOf(ScanRecorder().scan(tree.root(), ScanMode::caches)),
+            (std::vector<std::string>{derived + "App", derived + "Other"}));
+}
+
+TEST(CacheScan, LeavesTheRootThroughNoLink) {
+  TemporaryTree outside;
+  outside.file("pip/x", "x");
+  outside.file("_cacache/x", "x");
+  TemporaryTree tree;
+  tree.file("moved/go-build/x", "x");
+  tree.file("real/x", "x");
+  tree.link(outside.root(), ".npm");              // leads out on the way
+  tree.link("../../real", "Library/Caches/pip");  // is itself a link
+  tree.link("../moved", ".gradle/inside");
+  EXPECT_TRUE(ScanRecorder().scan(tree.root(), ScanMode::caches).candidates.empty());
+
+  tree.run("rm -r Library && mkdir Library && ln -s ../moved Library/Caches");  // stays inside
+  EXPECT_EQ(pathsOf(ScanRecorder().scan(tree.root(), ScanMode::caches)),
+            std::vector<std::string>{"Library/Caches/go-build"});
+}
+
+// A link put in the way after the location was found to lie inside.
+TEST(CacheScan, DoesNotFollowALinkThatAppearsLate) {
+  TemporaryTree outside;
+  outside.file("_cacache/secret", "x");
+  TemporaryTree tree;
+  tree.file(".npm/_cacache/x", "x");
+  FaultyFileManager files;
+  bool isSwapped = false;
+  files.onOpen = [&](const std::string& name) {
+    if (name.ends_with("_cacache") && !isSwapped) {
+      isSwapped = true;
+      tree.run("mv .npm away && ln -s '" + outside.root() + "' .npm");
+    }
+    return std::error_code();
+  };
+  EXPECT_TRUE(ScanRecorder(files).scan(tree.root(), ScanMode::caches).candidates.empty());
+  EXPECT_TRUE(isSwapped);
+}
+
+}  // namespace
+}  // namespace broomtide

@@ -1,0 +1,159 @@
+#include "scanner/TreeScan.h"
+
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <filesystem>
+
+#include "core/ScannerError.h"
+#include "support/FaultyFileManager.h"
+#include "support/ScanRecorder.h"
+#include "support/TemporaryTree.h"
+
+namespace broomtide {
+namespace {
+
+using namespace std::chrono_literals;
+using test::FaultyFileManager;
+using test::issuesOf;
+using test::pathsOf;
+using test::ScanRecorder;
+using test::TemporaryTree;
+
+TEST(TreeScan, ReportsEveryStepInOrder) {
+  TemporaryTree tree;
+  tree.file("package.json");
+  tree.file(".next/a", "x");
+  tree.file(".next/b/c", "x");
+  tree.file("debug.log", "x");
+  ScanRecorder recorder;
+  const ScanResult result = recorder.scan(tree.root());
+  EXPECT_EQ(recorder.updates, (std::vector<std::string>{
+                                  "3 0 Detected 1 project context(s)… (0)",
+                                  "4 0 Calculating .next… (0)",
+                                  "7 8192 Calculating .next… (0)",
+                                  "7 8192 .next (1)",
+                                  "8 8192 debug.log (1)",
+                                  "8 12288 debug.log (2)",
+                                  "9 0 Scan complete (2)",
+                              }));
+  EXPECT_EQ(pathsOf(result), (std::vector<std::string>{".next", "debug.log"}));
+}
+
+TEST(TreeScan, LabelsEverySixtyFourthEntryThatNoRuleAccepts) {
+  TemporaryTree tree;
+  for (int number = 100; number < 300; ++number) tree.file("f" + std::to_string(number));
+  ScanRecorder recorder;
+  recorder.scan(tree.root(), ScanMode::downloads);
+  EXPECT_EQ(recorder.updates, (std::vector<std::string>{
+                                  "0 0 Scanning Downloads… (0)", "64 0 f163 (0)", "128 0 f227 (0)",
+                                  "192 0 f291 (0)", "200 0 Scan complete (0)"}));
+}
+
+TEST(TreeScan, RefusesWhatIsNoReadableFolder) {
+  TemporaryTree tree;
+  tree.file("file");
+  tree.link("nowhere", "dangling");
+  for (const char* name : {"missing", "file", "dangling", "file/below"}) {
+    for (const ScanMode mode : {ScanMode::project, ScanMode::downloads, ScanMode::caches}) {
+      try {
+        ScanRecorder().scan(tree.path(name), mode);
+        ADD_FAILURE() << name;
+      } catch (const ScannerError& error) {
+        EXPECT_EQ(error.failure(), ScannerError::Case::invalidRoot) << name;
+      }
+    }
+  }
+}
+
+TEST(TreeScan, KeepsOutOfSensitivePlacesAndArtefactsInsideArtefacts) {
+  TemporaryTree tree;
+  tree.file("package.json");
+  for (const char* path : {"data/.next/x", "uploads/a.log", ".git/logs/x", ".next/node_modules/x",
+                           "App.xcodeproj/.next/x", "src/.env.log", "src/key.pem", "src/x.log"}) {
+    tree.file(path);
+  }
+  std::filesystem::remove_all(tree.path(".git"));
+  tree.link("src", "node_modules");
+  tree.link("x.log", "src/link.log");
+  EXPECT_THAT(pathsOf(ScanRecorder().scan(tree.root())),
+              testing::UnorderedElementsAre(".next", "App.xcodeproj/.next", "src/x.log"));
+}
+
+TEST(TreeScan, PassesOverWhatIsNeitherFileNorFolder) {
+  TemporaryTree tree;
+  tree.file("package.json");
+  tree.pipe("pipe.log");
+  sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+  tree.path("s.log").copy(address.sun_path, sizeof address.sun_path - 1);
+  const FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM, 0));
+  ASSERT_EQ(::bind(socket.get(), reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+  const ScanResult result = ScanRecorder().scan(tree.root());
+  EXPECT_TRUE(result.candidates.empty());
+  EXPECT_TRUE(result.issues.empty());
+}
+
+// Whatever happens to a matched item between being listed and being examined.
+TEST(TreeScan, ToldOfAnItemThatVanishesChangesOrCannotBeExamined) {
+  struct Case {
+    std::string item;
+    std::errc openError;
+    std::errc attributesError;
+    std::vector<std::string> candidates;
+    std::vector<std::string> issues;
+  };
+  const std::vector<Case> cases{
+      {".next",
+       std::errc::no_such_file_or_directory,
+       std::errc::no_such_file_or_directory,
+       {},
+       {".next: The item disappeared while it was being scanned."}},
+      {".next", std::errc::too_many_symbolic_link_levels, std::errc(), {}, {}},
+      {".next", std::errc::not_a_directory, std::errc(), {}, {}},
+      {".next", std::errc::permission_denied, std::errc(), {".next"}, {}},
+      {".next",
+       std::errc::permission_denied,
+       std::errc::permission_denied,
+       {},
+       {".next: Permission denied"}},
+      {"a.log",
+       std::errc(),
+       std::errc::no_such_file_or_directory,
+       {},
+       {"a.log: The item disappeared while it was being scanned."}},
+      {"a.log", std::errc(), std::errc::io_error, {}, {"a.log: Input/output error"}},
+  };
+  for (const Case& item : cases) {
+    TemporaryTree tree;
+    tree.file("package.json");
+    item.item == ".next" ? tree.folder(item.item) : tree.file(item.item);
+    FaultyFileManager files;
+    files.onOpen = [&](const std::string& name) {
+      return std::make_error_code(name == item.item ? item.openError : std::errc());
+    };
+    files.onAttributes = [&](const std::string& name) {
+      return std::make_error_code(name == item.item ? item.attributesError : std::errc());
+    };
+    const ScanResult result = ScanRecorder(files).scan(tree.root());
+    EXPECT_EQ(pathsOf(result), item.candidates) << std::make_error_code(item.openError).message();
+    EXPECT_EQ(issuesOf(result, tree.root()), item.issues);
+  }
+}
+
+TEST(TreeScan, NothingLiesInsideTheRootOfTheFileSystem) {
+  TemporaryTree tree;
+  tree.link("/", "everything");
+  FaultyFileManager files;
+  files.onOpen = [](const std::string& name) {  // keeps the test from reading the whole machine
+    return std::make_error_code(name.starts_with('/') ? std::errc() : std::errc::permission_denied);
+  };
+  const ScanResult result = ScanRecorder(files).scan(tree.path("everything"), ScanMode::downloads);
+  EXPECT_TRUE(result.candidates.empty());
+  ASSERT_FALSE(result.issues.empty());
+  for (const ScanIssue& issue : result.issues) {
+    EXPECT_EQ(issue.message, "Skipped an item outside the selected folder.");
+  }
+}
+
+}  // namespace
+}  // namespace broomtide

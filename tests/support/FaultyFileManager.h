@@ -1,0 +1,32 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <system_error>
+
+#include "platform/FileManager.h"
+
+namespace broomtide::test {
+
+/// Forwards everything to the real file system, except what a test replaces.
+class FaultyFileManager final : public FileManager {
+ public:
+  /// Called before an operation on a name; an error is returned instead of running the operation.
+  using Interception = std::function<std::error_code(const std::string& name)>;
+
+  Interception onOpen = [](const std::string&) { return std::error_code(); };
+  Interception onAttributes = [](const std::string&) { return std::error_code(); };
+  std::function<std::error_code()> onRead = [] { return std::error_code(); };
+  bool hidesTypes = false;  ///< folders do not tell the types of their entries
+
+  std::error_code openFolder(int folder, const char* name, LinkPolicy links,
+                             FileDescriptor& opened) override;
+  std::error_code readFolder(int folder, std::span<std::byte> buffer, std::size_t& filled) override;
+  std::error_code rewindFolder(int folder) override;
+  std::error_code readAttributes(int folder, const char* name, LinkPolicy links,
+                                 FileAttributes& attributes) override;
+  bool isReadable(const std::string& path) override;
+  bool isExecutableFile(const std::string& path) override;
+};
+
+}  // namespace broomtide::test

@@ -1,0 +1,37 @@
+#include "support/ScanRecorder.h"
+
+#include "context/GitInspector.h"
+#include "core/Paths.h"
+#include "scanner/DefaultFileScanner.h"
+
+namespace broomtide::test {
+
+ScanResult ScanRecorder::scan(const std::string& root, ScanMode mode, Date now) {
+  DefaultFileScanner scanner(fileManager_, {.measuringThreads = 2,
+                                            .git = GitInspector::executable(),
+                                            .gitRunLimit = GitInspector::runLimit});
+  return scanner.scan(
+      root, mode, now,
+      [this](const ScanProgress& progress, std::span<const ScanCandidate> candidates) {
+        updates.push_back(std::to_string(progress.entriesScanned) + ' ' +
+                          std::to_string(progress.reclaimableBytes) + ' ' + progress.currentPath +
+                          " (" + std::to_string(candidates.size()) + ")");
+      },
+      {});
+}
+
+std::vector<std::string> pathsOf(const ScanResult& result) {
+  std::vector<std::string> paths;
+  for (const ScanCandidate& candidate : result.candidates) paths.push_back(candidate.relativePath);
+  return paths;
+}
+
+std::vector<std::string> issuesOf(const ScanResult& result, const std::string& root) {
+  std::vector<std::string> issues;
+  for (const ScanIssue& issue : result.issues) {
+    issues.push_back(paths::relativePath(issue.path, root) + ": " + issue.message);
+  }
+  return issues;
+}
+
+}  // namespace broomtide::test

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/FileScanning.h"
+#include "platform/FileManager.h"
+
+namespace broomtide::test {
+
+/// Runs scans on two measuring threads and keeps what they report.
+class ScanRecorder {
+ public:
+  explicit ScanRecorder(FileManager& fileManager = systemFileManager())
+      : fileManager_(fileManager) {}
+
+  ScanResult scan(const std::string& root, ScanMode mode = ScanMode::project,
+                  Date now = std::chrono::system_clock::now());
+
+  /// Each update as "entries bytes label (number of candidates)".
+  std::vector<std::string> updates;
+
+ private:
+  FileManager& fileManager_;
+};
+
+/// The relative paths of the candidates, in order.
+std::vector<std::string> pathsOf(const ScanResult& result);
+
+/// Each issue as "path below the root: message".
+std::vector<std::string> issuesOf(const ScanResult& result, const std::string& root);
+
+}  // namespace broomtide::test
