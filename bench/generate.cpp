@@ -159,6 +159,7 @@ void git(const std::filesystem::path& folder, std::vector<std::string> arguments
   };
   const auto pointers = [](std::vector<std::string>& texts) {
     std::vector<char*> result;
+    result.reserve(texts.size() + 1);
     for (auto& text : texts) result.push_back(text.data());
     result.push_back(nullptr);
     return result;
