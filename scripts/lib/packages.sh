@@ -2,10 +2,10 @@
 # The Debian packages each kind of work needs, and how to get those that are missing.
 
 packages_run=(
-  build-essential ccache cmake git libcli11-dev ninja-build nlohmann-json3-dev pkg-config python3
+  build-essential ccache cmake git libcli11-dev libicu-dev ninja-build nlohmann-json3-dev pkg-config python3
   uuid-dev
 )
-packages_test=(libbenchmark-dev libgmock-dev libgtest-dev util-linux)
+packages_test=(libgmock-dev libgtest-dev util-linux)
 packages_lint=(clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev)
 
 # missing_packages PACKAGE...: those that are not installed, one a line.
