@@ -1,10 +1,9 @@
 #pragma once
 
+#include <atomic>
 #include <csignal>
 #include <stop_token>
 #include <thread>
-
-#include "platform/FileDescriptor.h"
 
 namespace broomtide::cli {
 
@@ -20,15 +19,13 @@ class Interruption {
   Interruption& operator=(const Interruption&) = delete;
 
   std::stop_token token() const { return stopping_.get_token(); }
-  bool hasHappened() const { return stopping_.stop_requested(); }
 
  private:
   void listen();
 
   sigset_t signals_{};
   sigset_t signalsBefore_{};
-  FileDescriptor arrivals_;
-  FileDescriptor ending_;
+  std::atomic<bool> isEnding_ = false;
   std::stop_source stopping_;
   std::jthread listener_;
 };
