@@ -1,11 +1,16 @@
 #include <CLI/CLI.hpp>
 
+#include <cstdio>
+#include <exception>
+
 #include "cli/ExitStatus.h"
 #include "cli/Interruption.h"
 #include "cli/ScanCommand.h"
 
-int main(int argumentCount, char** arguments) {
-  using namespace broomtide::cli;
+namespace broomtide::cli {
+namespace {
+
+ExitStatus run(int argumentCount, char** arguments) {
   const Interruption interruption;
 
   CLI::App application("Finds disposable developer files and says how safe each one is to remove.",
@@ -17,7 +22,21 @@ int main(int argumentCount, char** arguments) {
     application.parse(argumentCount, arguments);
   } catch (const CLI::ParseError& stop) {
     const bool isAnswered = application.exit(stop) == 0;  // prints help, version or the mistake
-    return static_cast<int>(isAnswered ? ExitStatus::done : ExitStatus::wrongUsage);
+    return isAnswered ? ExitStatus::done : ExitStatus::wrongUsage;
   }
-  return static_cast<int>(scan.run(interruption));
+  return scan.run(interruption);
+}
+
+}  // namespace
+}  // namespace broomtide::cli
+
+int main(int argumentCount, char** arguments) {
+  using broomtide::cli::ExitStatus;
+  ExitStatus status = ExitStatus::failed;
+  try {
+    status = broomtide::cli::run(argumentCount, arguments);
+  } catch (const std::exception& failure) {
+    std::fprintf(stderr, "broomtide-cli: %s\n", failure.what());
+  }
+  return static_cast<int>(status);
 }

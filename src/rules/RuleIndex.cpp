@@ -25,10 +25,10 @@ void RuleIndex::insert(std::size_t position) {
     index = hash(rule.kind, Part::extension, text.substr(text.rfind('.') + 1));
   }
   following_[position] = firstInBucket_[index];
-  firstInBucket_[index] = static_cast<std::int8_t>(position);
+  firstInBucket_[index] = static_cast<std::uint8_t>(position);
 }
 
-std::int8_t RuleIndex::bucket(CandidateKind kind, Part part, std::string_view name) const {
+std::uint8_t RuleIndex::bucket(CandidateKind kind, Part part, std::string_view name) const {
   const std::string_view text = part == Part::name ? name : paths::pathExtension(name);
   return firstInBucket_[hash(kind, part, text)];
 }

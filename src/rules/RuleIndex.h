@@ -21,12 +21,11 @@ class RuleIndex {
   /// and returns the first one for which it answers true, or null.
   template <typename Accept>
   const ScanRule* first(std::string_view name, CandidateKind kind, Accept accept) const {
-    std::int8_t byName = bucket(kind, Part::name, name);
-    std::int8_t byExtension = bucket(kind, Part::extension, name);
+    std::uint8_t byName = bucket(kind, Part::name, name);
+    std::uint8_t byExtension = bucket(kind, Part::extension, name);
     while (byName != none || byExtension != none) {
-      const bool isByName = byExtension == none || (byName != none && byName < byExtension);
-      std::int8_t& next = isByName ? byName : byExtension;
-      const auto position = static_cast<std::size_t>(next);
+      std::uint8_t& next = byName < byExtension ? byName : byExtension;
+      const std::size_t position = next;
       next = following_[position];
       const ScanRule& rule = rules_[position];
       if (recognises(rule, name, kind) && accept(rule)) return &rule;
@@ -40,16 +39,16 @@ class RuleIndex {
  private:
   enum class Part : std::uint8_t { name, extension };
 
-  static constexpr std::int8_t none = -1;
+  static constexpr std::uint8_t none = 127;  // comes after every position
   static constexpr std::size_t bucketCount = 512;
 
   static std::size_t hash(CandidateKind kind, Part part, std::string_view text);
-  std::int8_t bucket(CandidateKind kind, Part part, std::string_view name) const;
+  std::uint8_t bucket(CandidateKind kind, Part part, std::string_view name) const;
   void insert(std::size_t position);
 
   std::span<const ScanRule> rules_;
-  std::array<std::int8_t, bucketCount> firstInBucket_;  // positions in the table, or none
-  std::array<std::int8_t, 127> following_;              // the next position in the same bucket
+  std::array<std::uint8_t, bucketCount> firstInBucket_;  // positions in the table, or none
+  std::array<std::uint8_t, 127> following_;              // the next position in the same bucket
 };
 
 }  // namespace broomtide
