@@ -10,6 +10,7 @@
 #include "platform/PathSafety.h"
 #include "rules/ContextPolicy.h"
 #include "rules/ScanRules.h"
+#include "scanner/SmallFolder.h"
 
 namespace broomtide {
 namespace {
@@ -23,55 +24,6 @@ constexpr std::chrono::milliseconds longestDelay{10};
 constexpr std::size_t stepsPerClockReading = 16;
 
 }  // namespace
-
-std::string WalkBatch::relativePath(const Step& step) const {
-  const std::string_view text = text_;
-  const std::string_view folder = text.substr(step.folderStart, step.folderLength);
-  const std::string_view name = text.substr(step.nameStart, step.nameLength);
-  if (folder.empty()) return std::string(name);
-  return name.empty() ? std::string(folder) : paths::appending(folder, name);
-}
-
-WalkBatch::Step& WalkBatch::addStep(Kind kind, std::string_view folder, std::string_view name) {
-  Step step{.kind = kind,
-            .folderStart = 0,
-            .nameStart = 0,
-            .detail = 0,
-            .nameLength = static_cast<std::uint16_t>(name.size()),
-            .folderLength = static_cast<std::uint32_t>(folder.size())};
-  // Steps in the same folder share its path.
-  bool isKnownFolder = false;
-  if (!steps_.empty()) {
-    const Step& last = steps_.back();
-    step.folderStart = last.folderStart;
-    isKnownFolder = std::string_view(text_).substr(last.folderStart, last.folderLength) == folder;
-  }
-  if (!isKnownFolder) {
-    step.folderStart = static_cast<std::uint32_t>(text_.size());
-    text_ += folder;
-  }
-  step.nameStart = static_cast<std::uint32_t>(text_.size());
-  text_ += name;
-  steps_.push_back(step);
-  return steps_.back();
-}
-
-void WalkBatch::addPassedOver() { addStep(Kind::passedOver, {}, {}); }
-
-void WalkBatch::addUnmatched(std::string_view folder, std::string_view name) {
-  addStep(Kind::unmatched, folder, name);
-}
-
-void WalkBatch::addMatch(std::string_view folder, std::string_view name, WalkMatch match) {
-  addStep(Kind::matched, folder, name).detail = static_cast<std::uint32_t>(matches_.size());
-  matches_.push_back(std::move(match));
-}
-
-void WalkBatch::addIssue(Kind kind, std::string_view folder, std::string_view name,
-                         std::string message) {
-  addStep(kind, folder, name).detail = static_cast<std::uint32_t>(messages_.size());
-  messages_.push_back(std::move(message));
-}
 
 // What the walk's thread does.
 class WalkAhead::Walker {
