@@ -2,9 +2,11 @@
 
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
+#include <iostream>
 #include <map>
 #include <string_view>
 #include <system_error>
@@ -29,11 +31,6 @@ ExitStatus fail(const std::string& folder, std::string_view reason) {
   std::fprintf(stderr, "broomtide-cli: %s: %s\n", visible(folder).c_str(),
                std::string(reason).c_str());
   return ExitStatus::failed;
-}
-
-bool print(const std::string& text) {
-  const bool isWritten = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
-  return std::fflush(stdout) == 0 && isWritten;
 }
 
 }  // namespace
@@ -89,7 +86,12 @@ ExitStatus ScanCommand::run(const Interruption& interruption) const {
 
   if (sort_ != SortOrder::size) sortCandidates(report.result.candidates, sort_);
   const Style style = Style::forDescriptor(STDOUT_FILENO);
-  if (!print(isJson_ ? jsonReport(report) : textReport(report, style, hasDetails_))) {
+  if (isJson_) {
+    writeJson(std::cout, report);
+  } else {
+    writeText(std::cout, report, style, hasDetails_);
+  }
+  if (!std::cout.flush()) {
     return fail("standard output", std::generic_category().message(errno));
   }
   return ExitStatus::done;

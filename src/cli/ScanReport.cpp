@@ -125,48 +125,45 @@ std::string totals(const ScanReport& report, const Style& style) {
   return text + '\n';
 }
 
-// An array of records, one on each line.
+// A field whose value is an array of records, one on each line.
 template <typename Record>
-std::string jsonLines(const std::vector<Record>& records) {
-  if (records.empty()) return "[]";
-  std::string text = "[";
-  for (std::size_t index = 0; index < records.size(); ++index) {
-    text += index == 0 ? "\n    " : ",\n    ";
-    text += toJson(records[index]).dump();
+void writeRecords(std::ostream& out, std::string_view field, const std::vector<Record>& records) {
+  out << "  \"" << field << "\": [";
+  std::string_view separator = "\n    ";
+  for (const Record& record : records) {
+    out << separator << toJson(record).dump();
+    separator = ",\n    ";
   }
-  return text + "\n  ]";
+  out << (records.empty() ? "]" : "\n  ]");
 }
 
 }  // namespace
 
 std::int64_t ScanReport::reclaimableBytes() const { return sumOfSizes(result.candidates); }
 
-std::string textReport(const ScanReport& report, const Style& style, bool hasDetails) {
+void writeText(std::ostream& out, const ScanReport& report, const Style& style, bool hasDetails) {
   const std::span<const ScanCandidate> candidates = report.result.candidates;
-  std::string text;
-  if (candidates.empty()) text += nothingFound(report, style);
+  if (candidates.empty()) out << nothingFound(report, style);
   for (std::size_t start = 0; start < candidates.size();) {
     std::size_t end = start;
     while (end < candidates.size() && candidates[end].safety == candidates[start].safety) ++end;
-    text += section(candidates.subspan(start, end - start), style, hasDetails);
+    out << section(candidates.subspan(start, end - start), style, hasDetails);
     start = end;
   }
-  text += issueLines(report.result.issues, style);
-  if (!candidates.empty()) text += totals(report, style);
-  return text;
+  out << issueLines(report.result.issues, style);
+  if (!candidates.empty()) out << totals(report, style);
 }
 
-std::string jsonReport(const ScanReport& report) {
-  const auto field = [](std::string_view name, const std::string& value) {
-    return "  \"" + std::string(name) + "\": " + value;
-  };
-  return "{\n" + field("mode", nlohmann::json(rawValue(report.mode)).dump()) + ",\n" +
-         field("root", nlohmann::json(fileUrl(report.root)).dump()) + ",\n" +
-         field("entriesScanned", std::to_string(report.entriesScanned)) + ",\n" +
-         field("reclaimableBytes", std::to_string(report.reclaimableBytes())) + ",\n" +
-         field("candidates", jsonLines(report.result.candidates)) + ",\n" +
-         field("issues", jsonLines(report.result.issues)) + ",\n" +
-         field("projects", jsonLines(report.result.projects)) + "\n}\n";
+void writeJson(std::ostream& out, const ScanReport& report) {
+  out << "{\n  \"mode\": \"" << rawValue(report.mode) << "\",\n  \"root\": \""
+      << fileUrl(report.root) << "\",\n  \"entriesScanned\": " << report.entriesScanned
+      << ",\n  \"reclaimableBytes\": " << report.reclaimableBytes() << ",\n";
+  writeRecords(out, "candidates", report.result.candidates);
+  out << ",\n";
+  writeRecords(out, "issues", report.result.issues);
+  out << ",\n";
+  writeRecords(out, "projects", report.result.projects);
+  out << "\n}\n";
 }
 
 }  // namespace broomtide::cli

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <ostream>
 #include <string>
-#include <vector>
 
 #include "cli/TerminalText.h"
 #include "core/FileScanning.h"
@@ -19,10 +19,10 @@ struct ScanReport {
   std::int64_t reclaimableBytes() const;
 };
 
-/// The report for people; `hasDetails` adds the reasons and the way back to every candidate.
-std::string textReport(const ScanReport& report, const Style& style, bool hasDetails);
+/// Writes the report for people; `hasDetails` adds the reasons and the way back to every candidate.
+void writeText(std::ostream& out, const ScanReport& report, const Style& style, bool hasDetails);
 
-/// The report for programs: one JSON document.
-std::string jsonReport(const ScanReport& report);
+/// Writes the report for programs: one JSON document.
+void writeJson(std::ostream& out, const ScanReport& report);
 
 }  // namespace broomtide::cli

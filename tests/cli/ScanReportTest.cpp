@@ -1,9 +1,17 @@
 #include "cli/ScanReport.h"
 
+#include <sstream>
+
 #include "cli/SortOrder.h"
 
 namespace broomtide::cli {
 namespace {
+
+std::string textOf(const ScanReport& report, const Style& style, bool hasDetails) {
+  std::ostringstream text;
+  writeText(text, report, style, hasDetails);
+  return text.str();
+}
 
 ScanCandidate candidate(const std::string& path, SafetyLevel safety, std::int64_t size,
                         std::optional<int> day = std::nullopt) {
@@ -27,7 +35,7 @@ TEST(ScanReport, ReadsAsAPersonWouldExpect) {
                  .issues = {ScanIssue::about("/r/locked", "Permission denied")},
                  .projects = {ProjectContext{
                      .root = "/r", .kinds = {}, .manifests = {}, .gitRoot = std::nullopt}}}};
-  EXPECT_EQ(textReport(report, Style(false), false),
+  EXPECT_EQ(textOf(report, Style(false), false),
             "Safe to Clean · 1 item · 1.2 GB\n"
             "  ✓    1.2 GB  a/.next  Cache · Low confidence · Git status unavailable\n"
             "\n"
@@ -38,7 +46,7 @@ TEST(ScanReport, ReadsAsAPersonWouldExpect) {
             "    /r/locked: Permission denied\n"
             "\n"
             "2 items · 1.2 GB · 1 selected (✓) · 1.2 GB · 1 project · 12 scanned\n");
-  EXPECT_THAT(textReport(report, Style(true), true), testing::HasSubstr("\x1b[1;32mSafe to Clean"));
+  EXPECT_THAT(textOf(report, Style(true), true), testing::HasSubstr("\x1b[1;32mSafe to Clean"));
 }
 
 TEST(ScanReport, SortsWithinEachSafetyLevel) {
