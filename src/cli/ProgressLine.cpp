@@ -23,7 +23,7 @@ std::size_t terminalWidth() {
 
 }  // namespace
 
-ProgressLine::ProgressLine() : isTerminal_(::isatty(STDERR_FILENO) == 1) {}
+ProgressLine::ProgressLine() : isTerminal_(takesEscapes(STDERR_FILENO)) {}
 
 void ProgressLine::show(const ScanProgress& progress) {
   if (!isTerminal_) return;

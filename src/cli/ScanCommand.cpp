@@ -10,11 +10,12 @@
 #include <map>
 #include <string_view>
 #include <system_error>
-#include <utility>
 
 #include "app/Services.h"
+#include "cli/Interruption.h"
 #include "cli/ProgressLine.h"
 #include "cli/ScanReport.h"
+#include "cli/SortOrder.h"
 #include "core/Paths.h"
 #include "core/ScannerError.h"
 
@@ -33,45 +34,77 @@ ExitStatus fail(const std::string& folder, std::string_view reason) {
   return ExitStatus::failed;
 }
 
+// Accepts the keys of a table, and names them when it gets something else.
+template <typename Value>
+CLI::Validator oneOf(const std::map<std::string, Value>& table) {
+  return CLI::Validator(
+      [&table](const std::string& given) {
+        if (table.contains(given)) return std::string();
+        std::string keys;
+        for (const auto& [key, value] : table) keys += (keys.empty() ? "" : ", ") + key;
+        return "'" + given + "' is none of " + keys;
+      },
+      "");
+}
+
+// The absolute, lexically normal form of a path. A ".." after a link leads to where the link's
+// target lies, as it does everywhere else.
+std::string absolutePath(const std::string& given, std::error_code& error) {
+  std::filesystem::path result;
+  for (const std::filesystem::path& part : std::filesystem::absolute(given, error)) {
+    if (part == ".." && std::filesystem::is_symlink(result, error)) {
+      result = std::filesystem::canonical(result, error);
+      if (error) return {};
+    }
+    result = part == ".." ? result.parent_path() : result / part;
+    if (part == "." || part.empty()) result = paths::standardized(result.native());
+  }
+  error.clear();
+  return paths::standardized(result.native());
+}
+
 }  // namespace
 
 ScanCommand::ScanCommand(CLI::App& application)
     : subcommand_(application.add_subcommand("scan", "Find what can go and print it")) {
   subcommand_
       ->add_option("--mode", mode_,
-                   "What to look for: a folder of projects, developer caches under a home\n"
-                   "folder, or old files in a Downloads folder")
-      ->transform(CLI::CheckedTransformer(modes).description("{project,caches,downloads}"))
+                   "What to look for: a folder of projects (the default), developer caches\n"
+                   "under a home folder, or old files in a Downloads folder")
+      ->check(oneOf(modes))
       ->option_text("project|caches|downloads");
-  subcommand_->add_option("--sort", sort_, "Order within each safety level (default: size)")
-      ->transform(CLI::CheckedTransformer(sortOrders).description("{size,name,date}"))
+  subcommand_
+      ->add_option("--sort", sort_,
+                   "Order within each safety level: the largest first (the default), by\n"
+                   "name, or the oldest first")
+      ->check(oneOf(sortOrders))
       ->option_text("size|name|date");
   subcommand_->add_flag("--details", hasDetails_,
                         "Print the reasons and the way back for every item");
   subcommand_->add_flag("--json", isJson_, "Print one JSON document instead of text");
-  subcommand_->add_option("folder", folder_, "The folder to scan")
+  subcommand_->add_option("FOLDER", folder_, "The folder to scan")
       ->required()
       ->check([](const std::string& folder) {
         return folder.empty() ? std::string("the name of the folder is empty") : std::string();
       })
-      ->option_text("FOLDER");
+      ->option_text(" ");
 }
 
-ExitStatus ScanCommand::run(const Interruption& interruption) const {
+ExitStatus ScanCommand::run() const {
   std::error_code error;
-  const std::filesystem::path absolute = std::filesystem::absolute(folder_, error);
+  const std::string root = absolutePath(folder_, error);
   if (error) return fail(folder_, error.message());
-  const std::string root = paths::standardized(absolute.native());
   if (std::filesystem::equivalent(root, "/", error)) {
     return fail(root, "This is the whole file system. Choose a folder below it.");
   }
 
-  ScanReport report{.mode = mode_, .root = root, .entriesScanned = 0, .result = {}};
+  ScanReport report{.mode = modes.at(mode_), .root = root, .entriesScanned = 0, .result = {}};
   try {
+    const Interruption interruption;
     ProgressLine line;
     const Date now = std::chrono::system_clock::now();
     report.result = services::makeScanner()->scan(
-        root, mode_, now,
+        root, report.mode, now,
         [&](const ScanProgress& progress, std::span<const ScanCandidate>) {
           report.entriesScanned = progress.entriesScanned;
           line.show(progress);
@@ -84,12 +117,12 @@ ExitStatus ScanCommand::run(const Interruption& interruption) const {
     return fail(root, failure.what());
   }
 
-  if (sort_ != SortOrder::size) sortCandidates(report.result.candidates, sort_);
-  const Style style = Style::forDescriptor(STDOUT_FILENO);
+  const SortOrder order = sortOrders.at(sort_);
+  if (order != SortOrder::size) sortCandidates(report.result.candidates, order);
   if (isJson_) {
     writeJson(std::cout, report);
   } else {
-    writeText(std::cout, report, style, hasDetails_);
+    writeText(std::cout, report, Style::forDescriptor(STDOUT_FILENO), hasDetails_);
   }
   if (!std::cout.flush()) {
     return fail("standard output", std::generic_category().message(errno));

@@ -106,6 +106,16 @@ std::string nothingFound(const ScanReport& report, const Style& style) {
 
 std::string totals(const ScanReport& report, const Style& style) {
   const std::vector<ScanCandidate>& candidates = report.result.candidates;
+  std::string text = style(Role::heading, counted(candidates.size(), "item") + " · " +
+                                              formatByteCount(report.reclaimableBytes()));
+  if (report.mode == ScanMode::project) {
+    text += " · " + counted(report.result.projects.size(), "project");
+  }
+  if (report.mode != ScanMode::caches) {
+    text += " · " + std::to_string(report.entriesScanned) + " entries scanned";
+  }
+  text += '\n';
+
   std::size_t selected = 0;
   std::int64_t selectedBytes = 0;
   for (const ScanCandidate& candidate : candidates) {
@@ -113,16 +123,10 @@ std::string totals(const ScanReport& report, const Style& style) {
     ++selected;
     selectedBytes += candidate.size;
   }
-  std::string text = style(Role::heading, counted(candidates.size(), "item") + " · " +
-                                              formatByteCount(report.reclaimableBytes()));
-  text += " · " + std::to_string(selected) + " selected (✓) · " + formatByteCount(selectedBytes);
-  if (report.mode == ScanMode::project) {
-    text += " · " + counted(report.result.projects.size(), "project");
-  }
-  if (report.mode != ScanMode::caches) {
-    text += " · " + std::to_string(report.entriesScanned) + " scanned";
-  }
-  return text + '\n';
+  if (selected == 0) return text;
+  return text +
+         "✓ marks what is safe enough to be selected from the start: " + counted(selected, "item") +
+         " · " + formatByteCount(selectedBytes) + '\n';
 }
 
 // A field whose value is an array of records, one on each line.
@@ -131,7 +135,7 @@ void writeRecords(std::ostream& out, std::string_view field, const std::vector<R
   out << "  \"" << field << "\": [";
   std::string_view separator = "\n    ";
   for (const Record& record : records) {
-    out << separator << toJson(record).dump();
+    out << separator << toJson(record).dump(-1, ' ', true);
     separator = ",\n    ";
   }
   out << (records.empty() ? "]" : "\n  ]");

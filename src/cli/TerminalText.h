@@ -7,15 +7,18 @@
 namespace broomtide::cli {
 
 /// A name as it can be shown on a terminal: what could move the cursor, change colours, start a new
-/// line or turn the direction of the text becomes a visible escape such as \n, \x1b or \u202e, and
-/// bytes that are not UTF-8 become U+FFFD.
+/// line, turn the direction of the text or stay unseen becomes a visible escape such as \n, \x1b or
+/// \u202e, a backslash is doubled, and bytes that are not UTF-8 become U+FFFD.
 std::string visible(std::string_view name);
 
-/// The number of columns that a visible text takes, counting one for each code point.
+/// The number of columns that a visible text takes on a terminal.
 std::size_t columns(std::string_view text);
 
 /// A visible text shortened in its middle so that it takes no more than `most` columns.
 std::string shortened(std::string_view text, std::size_t most);
+
+/// Whether the descriptor is a terminal that understands escape sequences.
+bool takesEscapes(int descriptor);
 
 /// A text in colours, or as it is when colours are off.
 class Style {
@@ -24,7 +27,7 @@ class Style {
 
   explicit Style(bool hasColours) : hasColours_(hasColours) {}
 
-  /// Colours when the descriptor is a terminal and the user has not set NO_COLOR.
+  /// Colours when the descriptor takes escape sequences and the user has not set NO_COLOR.
   static Style forDescriptor(int descriptor);
 
   std::string operator()(Role role, std::string_view text) const;

@@ -2,29 +2,42 @@
 
 #include <cstdio>
 #include <exception>
+#include <string>
+#include <vector>
 
 #include "cli/ExitStatus.h"
-#include "cli/Interruption.h"
 #include "cli/ScanCommand.h"
+#include "cli/TerminalText.h"
 
 namespace broomtide::cli {
 namespace {
 
-ExitStatus run(int argumentCount, char** arguments) {
-  const Interruption interruption;
+// Says what is wrong with the command line and where to read more.
+ExitStatus reject(const CLI::App& application, const CLI::ParseError& mistake) {
+  std::string reason = mistake.what();
+  const std::vector<std::string> unknown = application.remaining();
+  if (application.get_subcommands().empty() && !unknown.empty()) {
+    reason = "There is no command or option '" + unknown.front() + "'.";
+  }
+  std::fprintf(stderr, "broomtide-cli: %s\nRun broomtide-cli --help for more information.\n",
+               visible(reason).c_str());
+  return ExitStatus::wrongUsage;
+}
 
+ExitStatus run(int argumentCount, char** arguments) {
   CLI::App application("Finds disposable developer files and says how safe each one is to remove.",
                        "broomtide-cli");
   application.set_version_flag("--version", "broomtide-cli " BROOMTIDE_VERSION);
   application.require_subcommand(1);
-  const ScanCommand scan(application);
+  ScanCommand scan(application);
   try {
     application.parse(argumentCount, arguments);
   } catch (const CLI::ParseError& stop) {
-    const bool isAnswered = application.exit(stop) == 0;  // prints help, version or the mistake
-    return isAnswered ? ExitStatus::done : ExitStatus::wrongUsage;
+    const bool isAnswer = stop.get_exit_code() == 0;  // --help or --version
+    if (isAnswer) application.exit(stop);
+    return isAnswer ? ExitStatus::done : reject(application, stop);
   }
-  return scan.run(interruption);
+  return scan.run();
 }
 
 }  // namespace

@@ -1,8 +1,6 @@
 #include "context/GitInspector.h"
 
-#include <array>
 #include <cstdlib>
-#include <string_view>
 #include <utility>
 
 #include "context/GitInspection.h"

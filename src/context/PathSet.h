@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,8 +14,6 @@ class PathSet {
 
   /// Takes paths that each end with a zero byte; slashes around a path are dropped.
   explicit PathSet(std::string zeroTerminatedPaths);
-
-  std::size_t size() const { return paths_.size(); }
 
   bool contains(std::string_view path) const;
 

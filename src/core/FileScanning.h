@@ -14,7 +14,9 @@
 
 namespace broomtide {
 
-/// A snapshot of a running scan.
+/// A snapshot of a running scan. In project mode the folders outside artefacts are read twice, and
+/// each reading counts. A cache scan counts the entries of each location on their own. The last
+/// update leaves out the bytes, or for a cache scan the entries.
 struct ScanProgress {
   std::int64_t entriesScanned = 0;    ///< file-system entries examined so far
   std::int64_t reclaimableBytes = 0;  ///< total size of the candidates found so far

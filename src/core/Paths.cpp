@@ -43,11 +43,6 @@ std::string_view lastComponent(std::string_view path) {
   return path.substr(slash + 1);
 }
 
-std::string_view parent(std::string_view path) {
-  const std::size_t slash = path.rfind('/');
-  return path.substr(0, slash == 0 ? 1 : slash);
-}
-
 std::string appending(std::string_view folder, std::string_view name) {
   std::string result;
   result.reserve(folder.size() + 1 + name.size());

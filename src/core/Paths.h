@@ -16,9 +16,6 @@ std::string standardized(std::string_view path);
 /// The part after the last slash; "/" for the root folder.
 std::string_view lastComponent(std::string_view path);
 
-/// The standardised path without its last component.
-std::string_view parent(std::string_view path);
-
 /// `name` (one component or a relative path) below the standardised folder `folder`.
 std::string appending(std::string_view folder, std::string_view name);
 

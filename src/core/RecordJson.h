@@ -5,8 +5,9 @@
 #include "core/ProjectContext.h"
 #include "core/ScanCandidate.h"
 
-/// The keyed form of records: keys are the field names in their order, locations are file URLs,
-/// dates ISO 8601 in UTC, absent values null, and bytes that are not UTF-8 become U+FFFD.
+/// The keyed form of records: keys are the field names in their order, locations are file URLs
+/// (but the path of an issue is a plain path), dates ISO 8601 in UTC, absent values null, and bytes
+/// that are not UTF-8 become U+FFFD.
 namespace broomtide {
 
 nlohmann::ordered_json toJson(const ScanCandidate& candidate);

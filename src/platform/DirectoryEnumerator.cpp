@@ -139,8 +139,7 @@ void DirectoryEnumerator::enterNamed(const char* name, std::size_t length) {
     enter(std::move(opened));
     return;
   }
-  const bool isNoFolderAnyMore = error.value() == ENOTDIR || error.value() == ELOOP;
-  if (!isNoFolderAnyMore) report(path_, error);
+  if (!isNoFolderAnyMore(error)) report(path_, error);
   path_.resize(folderLength);
 }
 
@@ -285,7 +284,7 @@ std::optional<DirectoryEnumerator::Subtree> DirectoryEnumerator::detachSubtree()
     subtree.relativePath.append(nameOf(entry), entry.length);
     const std::error_code error = openIn(level, nameOf(entry), subtree.folder);
     if (!error) return subtree;
-    if (error.value() != ENOTDIR && error.value() != ELOOP) report(subtree.relativePath, error);
+    if (!isNoFolderAnyMore(error)) report(subtree.relativePath, error);
     return std::nullopt;
   }
   return std::nullopt;

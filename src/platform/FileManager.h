@@ -32,6 +32,9 @@ enum class LinkPolicy {
   refuse,       ///< no component may be a link; only for opening
 };
 
+/// Whether opening a folder failed because it has turned into something else, such as a link.
+bool isNoFolderAnyMore(std::error_code error);
+
 /// Stands for the process's working directory, so that a name may be an absolute path.
 extern const int workingDirectory;
 

@@ -14,7 +14,9 @@ namespace broomtide {
 /// every rule: once by the whole name and once by its extension.
 class RuleIndex {
  public:
-  /// Indexes a table of at most 127 rules, which must outlive the index.
+  static constexpr std::size_t most = 127;
+
+  /// Indexes a table of at most `most` rules, which must outlive the index.
   explicit RuleIndex(std::span<const ScanRule> rules);
 
   /// Calls `accept` for the rules that recognise the name of an entry of this kind, in table order,
@@ -39,7 +41,7 @@ class RuleIndex {
  private:
   enum class Part : std::uint8_t { name, extension };
 
-  static constexpr std::uint8_t none = 127;  // comes after every position
+  static constexpr std::uint8_t none = most;  // comes after every position
   static constexpr std::size_t bucketCount = 512;
 
   static std::size_t hash(CandidateKind kind, Part part, std::string_view text);
@@ -48,7 +50,7 @@ class RuleIndex {
 
   std::span<const ScanRule> rules_;
   std::array<std::uint8_t, bucketCount> firstInBucket_;  // positions in the table, or none
-  std::array<std::uint8_t, 127> following_;              // the next position in the same bucket
+  std::array<std::uint8_t, most> following_;             // the next position in the same bucket
 };
 
 }  // namespace broomtide

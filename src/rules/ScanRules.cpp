@@ -33,6 +33,8 @@ static_assert(std::ranges::is_sorted(sensitiveDirectoryNames));
 static_assert(std::ranges::is_sorted(protectedFileNames));
 static_assert(std::ranges::is_sorted(protectedExtensions));
 
+static_assert(project.size() <= RuleIndex::most && downloads.size() <= RuleIndex::most);
+
 const RuleIndex& indexFor(ScanMode mode) {
   static const RuleIndex projectIndex(project);
   static const RuleIndex downloadsIndex(downloads);

@@ -13,7 +13,7 @@ struct ScannerSettings {
   std::optional<std::string> git;         ///< the Git tool; nothing leaves every status open
   std::chrono::milliseconds gitRunLimit;  ///< how long one run of Git may take
 
-  /// One measuring thread for each processor, and this machine's Git.
+  /// One measuring thread for each processor, eight at most, and this machine's Git.
   static ScannerSettings forThisMachine();
 };
 

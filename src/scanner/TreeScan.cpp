@@ -1,5 +1,9 @@
 #include "scanner/TreeScan.h"
 
+#include <algorithm>
+#include <iterator>
+#include <memory>
+#include <set>
 #include <utility>
 
 #include "core/Paths.h"

@@ -1,6 +1,5 @@
 #include "scanner/WalkAhead.h"
 
-#include <cerrno>
 #include <chrono>
 #include <exception>
 #include <utility>
@@ -161,7 +160,7 @@ class WalkAhead::Walker {
   bool examineFolder(WalkMatch& match) {
     FileDescriptor folder;
     const std::error_code error = entries_.open(folder);
-    if (error.value() == ENOTDIR || error.value() == ELOOP) return false;
+    if (isNoFolderAnyMore(error)) return false;
     if (error) {
       match.error = entries_.readAttributes(match.attributes);
       return match.error || match.attributes.isFolder();

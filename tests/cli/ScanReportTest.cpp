@@ -45,7 +45,8 @@ TEST(ScanReport, ReadsAsAPersonWouldExpect) {
             "1 item(s) could not be read and were skipped.\n"
             "    /r/locked: Permission denied\n"
             "\n"
-            "2 items · 1.2 GB · 1 selected (✓) · 1.2 GB · 1 project · 12 scanned\n");
+            "2 items · 1.2 GB · 1 project · 12 entries scanned\n"
+            "✓ marks what is safe enough to be selected from the start: 1 item · 1.2 GB\n");
   EXPECT_THAT(textOf(report, Style(true), true), testing::HasSubstr("\x1b[1;32mSafe to Clean"));
 }
 

@@ -8,7 +8,9 @@ TEST(TerminalText, ShowsWhatCouldDeceive) {
       {"plain ü 😀", "plain ü 😀"},
       {"a\nb\tc\rd", "a\\nb\\tc\\rd"},
       {"\x1b[31mred\x07", "\\x1b[31mred\\x07"},
-      {"\x7f\xc2\x9b", "\\x7f\\x9b"},
+      {"\x7f\xc2\x9b", "\\x7f\\u009b"},
+      {"a\\nb", "a\\\\nb"},
+      {"a\u00adb\u3164\U000e0041☁\ufe0f", "a\\u00adb\\u3164\\U000e0041☁\ufe0f"},
       {"photo\u202egpj.exe", "photo\\u202egpj.exe"},
       {"a\u2028b\u200bc\ufeff", "a\\u2028b\\u200bc\\ufeff"},
       {"\xff", "\uFFFD"},
@@ -20,6 +22,8 @@ TEST(TerminalText, ShortensInTheMiddle) {
   EXPECT_EQ(shortened("abcdef", 6), "abcdef");
   EXPECT_EQ(shortened("abcdefg", 6), "abc…fg");
   EXPECT_EQ(shortened("äöüäöü", 5), "äö…öü");
+  EXPECT_EQ(shortened("日本語の名前", 6), "日…前");
+  EXPECT_EQ(columns("日本e\u0301"), 5U);
   EXPECT_EQ(shortened("abc", 1), "…");
   EXPECT_EQ(shortened("abc", 0), "");
 }

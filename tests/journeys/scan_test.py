@@ -92,6 +92,8 @@ class Folders(ScanJourney):
             document = self.document(folder, cwd=cwd)
             self.assertEqual(document["root"], "file://" + self.path("app"), folder)
             self.assertEqual([item["id"] for item in document["candidates"]], [".next"], folder)
+        os.symlink("app/src", self.path("deep"))
+        self.assertEqual(self.paths(self.path("deep", "..")), [".next"])
         linked = self.document(self.path("link"))
         self.assertEqual(linked["candidates"][0]["url"], "file://" + self.path("link/.next"))
 
@@ -249,11 +251,13 @@ class Usage(ScanJourney):
     def test_wrong_usage_is_told_apart_from_failure(self):
         for arguments in [
             [], ["scan"], ["scan", ""], ["bogus"], ["scan", "--mode", "everything", "."],
+            ["scan", "--mode", "2", "."],
             ["scan", "--sort", "colour", "."], ["scan", ".", "extra"], ["scan", "--unknown", "."],
         ]:
             result = self.run_cli(*arguments)
             self.assertEqual((result.returncode, result.stdout), (2, ""), arguments)
             self.assertNotEqual(result.stderr, "")
+        self.assertIn("no command or option 'scna\\x1b'", self.run_cli("scna\x1b", ".").stderr)
         for arguments in [["--help"], ["scan", "--help"], ["--version"]]:
             result = self.run_cli(*arguments)
             self.assertEqual((result.returncode, result.stderr), (0, ""), arguments)

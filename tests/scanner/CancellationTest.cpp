@@ -69,7 +69,7 @@ TEST_F(Cancellation, AnswersWhileGitNeverEnds) {
   ASSERT_EQ(::chmod(stub.c_str(), 0755), 0);
   const auto start = std::chrono::steady_clock::now();
   EXPECT_TRUE(isCancelledAt(0, ScanMode::project, stub));
-  EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 30s);
 }
 
 TEST_F(Cancellation, ComesBeforeAnythingIsRead) {
