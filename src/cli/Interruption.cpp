@@ -20,7 +20,7 @@ bool isIgnored(int signal) {
 Interruption::Interruption() {
   sigemptyset(&signals_);
   sigaddset(&signals_, wakeUp);
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
     if (!isIgnored(signal)) sigaddset(&signals_, signal);
   }
   ::pthread_sigmask(SIG_BLOCK, &signals_, &signalsBefore_);

@@ -7,9 +7,9 @@
 
 namespace broomtide::cli {
 
-/// Turns Ctrl-C and a polite request to end (SIGINT, SIGTERM, SIGHUP) into a request to stop. A
-/// second one ends the program at once. Create one before any other thread is started, because
-/// threads inherit which signals are blocked.
+/// Turns Ctrl-C and a polite request to end (SIGINT, SIGTERM, SIGHUP, SIGQUIT) into a request to
+/// stop. A second one ends the program at once. Create one before any other thread is started,
+/// because threads inherit which signals are blocked.
 class Interruption {
  public:
   Interruption();

@@ -21,7 +21,9 @@ bool isControl(char32_t codePoint) {
 // one that asks for the coloured form of a symbol is common in names and does no harm.
 bool isDeceptive(char32_t codePoint) {
   constexpr char32_t colouredForm = 0xFE0F;
-  if (codePoint == 0x2028 || codePoint == 0x2029) return true;
+  constexpr char32_t blankPattern = 0x2800;
+  if (codePoint == 0x2028 || codePoint == 0x2029 || codePoint == blankPattern) return true;
+  if (u_charType(static_cast<UChar32>(codePoint)) == U_FORMAT_CHAR) return true;
   return codePoint != colouredForm &&
          u_hasBinaryProperty(static_cast<UChar32>(codePoint), UCHAR_DEFAULT_IGNORABLE_CODE_POINT);
 }

@@ -1,5 +1,9 @@
-#include <CLI/CLI.hpp>
+#include <unistd.h>
 
+#include <CLI/CLI.hpp>
+#include <array>
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -11,6 +15,19 @@
 
 namespace broomtide::cli {
 namespace {
+
+// Whoever started the program may have closed its standard streams, whose numbers other files would
+// then get, or ignored the end of children, whose exit status would then be lost. A stream that was
+// closed stays one that cannot be written to.
+void makeSurroundingsUsual() {
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    std::array<char, 1> nothing{};
+    const bool isClosed = ::read(stream, nothing.data(), 0) < 0 && errno == EBADF &&
+                          ::write(stream, nothing.data(), 0) < 0 && errno == EBADF;
+    if (isClosed) static_cast<void>(std::fopen("/dev/null", "r"));  // takes the lowest number
+  }
+  std::signal(SIGCHLD, SIG_DFL);
+}
 
 // Says what is wrong with the command line and where to read more.
 ExitStatus reject(const CLI::App& application, const CLI::ParseError& mistake) {
@@ -45,6 +62,7 @@ ExitStatus run(int argumentCount, char** arguments) {
 
 int main(int argumentCount, char** arguments) {
   using broomtide::cli::ExitStatus;
+  broomtide::cli::makeSurroundingsUsual();
   ExitStatus status = ExitStatus::failed;
   try {
     status = broomtide::cli::run(argumentCount, arguments);

@@ -1,6 +1,7 @@
 #include "context/GitInspection.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "core/Paths.h"
@@ -55,23 +56,29 @@ void GitInspection::work(const std::stop_token& stop) {
       run = std::move(runs_.front());
       runs_.pop_front();
     }
-    std::optional<std::string> output;
-    if (git_) {
-      output = ChildProcess::run(GitInspector::listingCommand(*git_, run.key, run.listing), limit_,
-                                 stop);
-    }
-    finish(run, std::move(output));
+    finish(run, list(run, stop));
   }
 }
 
-void GitInspection::finish(const Run& run, std::optional<std::string> output) {
-  const bool hasFailed = !output;
-  PathSet listed(std::move(output).value_or(std::string()));
+std::optional<PathSet> GitInspection::list(const Run& run, const std::stop_token& stop) const {
+  if (!git_) return std::nullopt;
+  try {
+    std::optional<ChildProcess::Output> output =
+        ChildProcess::run(GitInspector::listingCommand(*git_, run.key, run.listing), limit_, stop);
+    if (!output || GitInspector::tellsOfFailure(output->errors)) return std::nullopt;
+    return PathSet(std::move(output->text));
+  } catch (const std::bad_alloc&) {
+    return std::nullopt;  // as good as a Git that does not answer
+  }
+}
+
+void GitInspection::finish(const Run& run, std::optional<PathSet> listed) {
+  const bool hasFailed = !listed;
   const std::scoped_lock lock(mutex_);
   Repository& repository = repositories_.at(run.key);
   GitSnapshot& snapshot = *repository.snapshot;
   (run.listing == GitInspector::Listing::tracked ? snapshot.trackedPaths : snapshot.ignoredPaths) =
-      std::move(listed);
+      std::move(listed).value_or(PathSet());
   repository.listingsFailed += hasFailed ? 1 : 0;
   repository.listingsLeft -= 1;
   if (repository.listingsLeft > 0) return;

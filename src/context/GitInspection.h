@@ -53,7 +53,8 @@ class GitInspection {
   };
 
   void work(const std::stop_token& stop);
-  void finish(const Run& run, std::optional<std::string> output);
+  std::optional<PathSet> list(const Run& run, const std::stop_token& stop) const;
+  void finish(const Run& run, std::optional<PathSet> listed);
 
   const std::optional<std::string> git_;
   const std::chrono::milliseconds limit_;

@@ -46,6 +46,17 @@ ChildProcess::Command listingCommand(const std::string& git, const std::string& 
   return command;
 }
 
+bool tellsOfFailure(std::string_view messages) {
+  for (std::size_t start = 0; start < messages.size();) {
+    const std::string_view line = messages.substr(start);
+    if (line.starts_with("error:") || line.starts_with("fatal:")) return true;
+    start = messages.find('\n', start);
+    if (start == std::string_view::npos) return false;
+    ++start;
+  }
+  return false;
+}
+
 std::map<std::string, GitSnapshot> inspect(const std::vector<std::string>& roots,
                                            std::stop_token stop, std::chrono::milliseconds limit) {
   GitInspection inspection(executable(), limit, std::move(stop));

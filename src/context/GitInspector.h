@@ -5,6 +5,7 @@
 #include <optional>
 #include <stop_token>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "context/GitSnapshot.h"
@@ -32,6 +33,10 @@ enum class Listing { tracked, ignored };
 /// The command that lists the paths of the repository at `root`, each ended by a zero byte.
 ChildProcess::Command listingCommand(const std::string& git, const std::string& root,
                                      Listing listing);
+
+/// Whether Git's messages tell that a listing is incomplete although Git ended well, as it does
+/// when it cannot read the folders that a sparse index stands for.
+bool tellsOfFailure(std::string_view messages);
 
 /// One snapshot for each repository root, by standardised root path. Blocks until Git has answered
 /// for all; a repository that Git cannot list within `limit`, or before `stop` is asked to stop,

@@ -4,6 +4,7 @@
 #include <array>
 #include <map>
 #include <set>
+#include <system_error>
 #include <utility>
 
 #include "core/Paths.h"
@@ -93,20 +94,21 @@ void sortDeepestFirst(std::vector<std::string>& paths) {
 class Discoverer {
  public:
   Discoverer(std::string root, FileManager& fileManager,
-             const ProjectDetector::RepositoryFunction& onRepository)
+             const ProjectDetector::RepositoryFunction& onRepository, std::stop_token stop)
       : root_(std::move(root)),
         onRepository_(onRepository),
-        entries_(fileManager, DirectoryEnumerator::Order::foldersAfter,
-                 [this](std::string_view relativePath, std::error_code error) {
-                   const std::string path =
-                       relativePath.empty() ? root_ : paths::appending(root_, relativePath);
-                   discovery_.issues.push_back(ScanIssue::about(path, error.message()));
-                 }) {}
+        entries_(
+            fileManager, DirectoryEnumerator::Order::foldersAfter,
+            [this](std::string_view relativePath, std::error_code error) {
+              addIssue(relativePath, error);
+            },
+            stop),
+        stop_(std::move(stop)) {}
 
-  ProjectDiscovery discover(FileDescriptor top, const std::stop_token& stop) {
+  ProjectDiscovery discover(FileDescriptor top) {
     entries_.begin(std::move(top));
     while (entries_.next()) {
-      if (stop.stop_requested()) throw CancellationError();
+      if (stop_.stop_requested()) throw CancellationError();
       ++discovery_.entriesInspected;
       visit();
     }
@@ -115,6 +117,18 @@ class Discoverer {
   }
 
  private:
+  // A folder that only a lack of resources keeps closed may hold a repository that the walk, a
+  // moment later, would not know of; so that ends the scan.
+  void addIssue(std::string_view relativePath, std::error_code error) {
+    if (error == std::errc::too_many_files_open ||
+        error == std::errc::too_many_files_open_in_system ||
+        error == std::errc::not_enough_memory) {
+      throw std::system_error(error);
+    }
+    const std::string path = relativePath.empty() ? root_ : paths::appending(root_, relativePath);
+    discovery_.issues.push_back(ScanIssue::about(path, error.message()));
+  }
+
   void visit() {
     const std::string_view name = entries_.name();
     const EntryType type = entries_.type();
@@ -172,6 +186,7 @@ class Discoverer {
   const std::string root_;
   const ProjectDetector::RepositoryFunction& onRepository_;
   DirectoryEnumerator entries_;
+  const std::stop_token stop_;
   std::map<std::string, Draft> drafts_;
   ProjectDiscovery discovery_;
 };
@@ -183,7 +198,7 @@ ProjectDiscovery ProjectDetector::discover(const std::string& root, FileManager&
                                            const RepositoryFunction& onRepository) {
   FileDescriptor top;
   if (fileManager.openFolder(workingDirectory, root.c_str(), LinkPolicy::follow, top)) return {};
-  return Discoverer(root, fileManager, onRepository).discover(std::move(top), stop);
+  return Discoverer(root, fileManager, onRepository, std::move(stop)).discover(std::move(top));
 }
 
 std::optional<ProjectKind> ProjectDetector::manifestKind(std::string_view name) {

@@ -30,8 +30,8 @@ using RepositoryFunction = std::function<void(const std::string& root)>;
 
 /// Finds every project by its manifests and every repository by its ".git" entry in one pass below
 /// `root`, a standardised absolute path; nothing is looked for inside artefacts. Throws
-/// CancellationError after `stop` was asked to stop. A root that cannot be opened gives an empty
-/// discovery.
+/// CancellationError after `stop` was asked to stop, and std::system_error when open files or
+/// memory run out. A root that cannot be opened gives an empty discovery.
 ProjectDiscovery discover(const std::string& root, FileManager& fileManager, std::stop_token stop,
                           const RepositoryFunction& onRepository);
 

@@ -5,13 +5,16 @@
 #include <signal.h>
 #include <spawn.h>
 #include <sys/eventfd.h>
+#include <sys/resource.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdint>
+#include <utility>
 
 #include "platform/FileDescriptor.h"
 
@@ -31,12 +34,12 @@ std::vector<char*> pointers(const std::vector<std::string>& texts) {
 // A child in a process group of its own. Ends and reaps it when it is still there on destruction.
 class Child {
  public:
-  Child(const Command& command, int output) {
+  Child(const Command& command, int output, int errors) {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
-    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_adddup2(&actions, errors, STDERR_FILENO);
 
     // The caller may have blocked or redirected signals for its own purposes.
     posix_spawnattr_t attributes;
@@ -58,10 +61,11 @@ class Child {
     }
     posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&actions);
+    if (process_ <= 0) return;
+    const rlimit memory{memoryLimit, memoryLimit};
+    ::prlimit(process_, RLIMIT_AS, &memory, nullptr);
     // The C library's own declaration of this call cannot be linked from C++ everywhere.
-    if (process_ > 0) {
-      ended_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, process_, 0)));
-    }
+    ended_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, process_, 0)));
   }
 
   ~Child() {
@@ -92,57 +96,95 @@ class Child {
   FileDescriptor ended_;
 };
 
-// Waits until `awaited` can be read. False when the time is up or `interrupt` can be read first.
-bool waitFor(int awaited, int interrupt, Clock::time_point deadline) {
-  std::array<pollfd, 2> descriptors{pollfd{awaited, POLLIN, 0}, pollfd{interrupt, POLLIN, 0}};
+// One end of a pipe that a child writes to.
+class Stream {
+ public:
+  // Keeps at most `most` bytes and reads on.
+  explicit Stream(std::size_t most) : most_(most) {
+    std::array<int, 2> ends{};
+    if (::pipe2(ends.data(), O_CLOEXEC) != 0) return;
+    readEnd_ = FileDescriptor(ends[0]);
+    writeEnd_ = FileDescriptor(ends[1]);
+  }
+
+  bool isOpen() const { return readEnd_.isOpen(); }
+  int readEnd() const { return readEnd_.get(); }
+  int writeEnd() const { return writeEnd_.get(); }
+  void closeWriteEnd() { writeEnd_.reset(); }
+
+  // Reads what is there; the stream is closed at its end. False when that fails.
+  bool read() {
+    constexpr std::size_t chunk = 64 * 1024;
+    if (text_.size() - length_ < chunk) text_.resize(text_.size() * 2 + chunk);
+    const ssize_t count = ::read(readEnd_.get(), text_.data() + length_, text_.size() - length_);
+    if (count < 0) return errno == EINTR;
+    if (count == 0) readEnd_.reset();
+    length_ = std::min(length_ + static_cast<std::size_t>(count), most_);
+    return true;
+  }
+
+  std::string take() {
+    text_.resize(length_);
+    text_.shrink_to_fit();
+    return std::move(text_);
+  }
+
+ private:
+  const std::size_t most_;
+  FileDescriptor readEnd_;
+  FileDescriptor writeEnd_;
+  std::string text_;
+  std::size_t length_ = 0;
+};
+
+// Waits until one of the descriptors can be read. Closed ones (-1) are left out. False when the
+// time is up or `interrupt` can be read first.
+bool waitFor(std::array<pollfd, 2>& awaited, int interrupt, Clock::time_point deadline) {
+  std::array<pollfd, 3> descriptors{awaited[0], awaited[1], pollfd{interrupt, POLLIN, 0}};
   for (;;) {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
     if (left <= 0) return false;
     const int ready = ::poll(descriptors.data(), descriptors.size(), static_cast<int>(left));
     if (ready < 0 && errno != EINTR) return false;
     if (ready <= 0) continue;
-    return descriptors[1].revents == 0;
+    awaited = {descriptors[0], descriptors[1]};
+    return descriptors[2].revents == 0;
   }
 }
 
 }  // namespace
 
-std::optional<std::string> run(const Command& command, std::chrono::milliseconds limit,
-                               std::stop_token stop) {
+std::optional<Output> run(const Command& command, std::chrono::milliseconds limit,
+                          std::stop_token stop) {
+  constexpr std::size_t mostOutput = memoryLimit;
+  constexpr std::size_t mostErrors = 16 * 1024;
   const FileDescriptor interrupt(::eventfd(0, EFD_CLOEXEC));
-  std::array<int, 2> ends{};
-  if (!interrupt.isOpen() || ::pipe2(ends.data(), O_CLOEXEC) != 0) return std::nullopt;
-  const FileDescriptor readEnd(ends[0]);
-  FileDescriptor writeEnd(ends[1]);
+  Stream output(mostOutput);
+  Stream errors(mostErrors);
+  if (!interrupt.isOpen() || !output.isOpen() || !errors.isOpen()) return std::nullopt;
   const std::stop_callback interruptOnStop(stop, [&interrupt] {
     const std::uint64_t one = 1;
     static_cast<void>(!::write(interrupt.get(), &one, sizeof one));
   });
 
   const auto deadline = Clock::now() + limit;
-  Child child(command, writeEnd.get());
-  writeEnd.reset();
+  Child child(command, output.writeEnd(), errors.writeEnd());
+  output.closeWriteEnd();
+  errors.closeWriteEnd();
   if (!child.isRunning()) return std::nullopt;
 
-  constexpr std::size_t chunk = 64 * 1024;
-  std::string output;
-  std::size_t length = 0;
-  for (;;) {
-    if (!waitFor(readEnd.get(), interrupt.get(), deadline)) return std::nullopt;
-    if (output.size() - length < chunk) output.resize(output.size() * 2 + chunk);
-    const ssize_t count = ::read(readEnd.get(), output.data() + length, output.size() - length);
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return std::nullopt;
-    if (count == 0) break;
-    length += static_cast<std::size_t>(count);
+  while (output.isOpen() || errors.isOpen()) {
+    std::array<pollfd, 2> streams{pollfd{output.readEnd(), POLLIN, 0},
+                                  pollfd{errors.readEnd(), POLLIN, 0}};
+    if (!waitFor(streams, interrupt.get(), deadline)) return std::nullopt;
+    if (streams[0].revents != 0 && !output.read()) return std::nullopt;
+    if (streams[1].revents != 0 && !errors.read()) return std::nullopt;
   }
-  output.resize(length);
-  output.shrink_to_fit();
-
-  if (!waitFor(child.ended(), interrupt.get(), deadline)) return std::nullopt;
+  std::array<pollfd, 2> end{pollfd{child.ended(), POLLIN, 0}, pollfd{-1, 0, 0}};
+  if (!waitFor(end, interrupt.get(), deadline)) return std::nullopt;
   const int status = child.reap();
   if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) return std::nullopt;
-  return output;
+  return Output{.text = output.take(), .errors = errors.take()};
 }
 
 }  // namespace broomtide::ChildProcess

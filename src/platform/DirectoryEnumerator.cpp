@@ -8,11 +8,14 @@
 #include <limits>
 #include <utility>
 
+#include "core/ScannerError.h"
+
 namespace broomtide {
 namespace {
 
 constexpr std::size_t bufferSize = 64 * 1024;
 constexpr std::size_t mostOpenFolders = 16;
+constexpr std::uint32_t comparisonsPerCheck = 4096;
 
 EntryType entryType(unsigned char kernelType) {
   switch (kernelType) {
@@ -48,10 +51,11 @@ bool isDotOrDotDot(const char* name) {
 }  // namespace
 
 DirectoryEnumerator::DirectoryEnumerator(FileManager& fileManager, Order order,
-                                         ErrorFunction onError)
+                                         ErrorFunction onError, std::stop_token stop)
     : fileManager_(fileManager),
       order_(order),
       onError_(std::move(onError)),
+      stop_(std::move(stop)),
       buffer_(std::make_unique_for_overwrite<std::byte[]>(bufferSize)) {}
 
 void DirectoryEnumerator::begin(FileDescriptor top) {
@@ -158,6 +162,7 @@ void DirectoryEnumerator::leave() {
 bool DirectoryEnumerator::readRecord() {
   for (;;) {
     if (bufferPosition_ == bufferFilled_) {
+      checkForStop();
       bufferPosition_ = bufferFilled_ = 0;
       const std::error_code error = fileManager_.readFolder(
           levels_.back().folder.get(), {buffer_.get(), bufferSize}, bufferFilled_);
@@ -213,10 +218,17 @@ void DirectoryEnumerator::addPending() {
 
 void DirectoryEnumerator::sortPending() {
   const auto first = pending_.begin() + static_cast<std::ptrdiff_t>(levels_.back().pendingStart);
-  std::sort(first, pending_.end(), [this](const PendingEntry& left, const PendingEntry& right) {
-    if (left.prefix != right.prefix) return left.prefix < right.prefix;
-    return std::strcmp(nameOf(left), nameOf(right)) < 0;
-  });
+  std::uint32_t comparisons = 0;
+  std::sort(first, pending_.end(),
+            [this, &comparisons](const PendingEntry& left, const PendingEntry& right) {
+              if (++comparisons % comparisonsPerCheck == 0) checkForStop();
+              if (left.prefix != right.prefix) return left.prefix < right.prefix;
+              return std::strcmp(nameOf(left), nameOf(right)) < 0;
+            });
+}
+
+void DirectoryEnumerator::checkForStop() const {
+  if (stop_.stop_requested()) throw CancellationError();
 }
 
 void DirectoryEnumerator::closeUppermost() {

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -43,7 +44,9 @@ class DirectoryEnumerator {
   /// on after it. A folder that has turned into something else meanwhile is passed over silently.
   using ErrorFunction = std::function<void(std::string_view relativePath, std::error_code error)>;
 
-  DirectoryEnumerator(FileManager& fileManager, Order order, ErrorFunction onError);
+  /// Once `stop` is asked to stop, reading a large folder ends with a CancellationError.
+  DirectoryEnumerator(FileManager& fileManager, Order order, ErrorFunction onError,
+                      std::stop_token stop = {});
 
   /// Starts over, with the open folder `top`.
   void begin(FileDescriptor top);
@@ -110,6 +113,7 @@ class DirectoryEnumerator {
   void makeCurrent(const char* name, std::size_t length, EntryType type);
   void addPending();
   void sortPending();
+  void checkForStop() const;
   const char* nameOf(const PendingEntry& entry) const { return names_.data() + entry.offset; }
   void closeUppermost();
   void reopenInnermost(const FileDescriptor& child);
@@ -119,6 +123,7 @@ class DirectoryEnumerator {
   FileManager& fileManager_;
   Order order_;
   ErrorFunction onError_;
+  const std::stop_token stop_;
 
   std::unique_ptr<std::byte[]> buffer_;
   std::size_t bufferFilled_ = 0;

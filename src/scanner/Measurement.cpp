@@ -34,6 +34,7 @@ Measurement::Result Measurement::await(const std::stop_token& stop,
     lock.lock();
   }
   lock.unlock();
+  if (failure_) std::rethrow_exception(failure_);
   onProgress(bytes_, entries_);
   return {.bytes = bytes_, .entries = entries_, .issues = issuesInOrder()};
 }
@@ -47,6 +48,14 @@ void Measurement::endPart() {
   const std::scoped_lock lock(mutex_);
   --partsUnderWay_;
   if (partsUnderWay_ == 0 && isAwaited_) changed_.notify_all();
+}
+
+void Measurement::failPart(std::exception_ptr failure) {
+  {
+    const std::scoped_lock lock(mutex_);
+    failure_ = std::move(failure);
+  }
+  endPart();
 }
 
 void Measurement::add(std::int64_t bytes, std::int64_t entries) {

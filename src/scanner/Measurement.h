@@ -4,6 +4,7 @@
 #include <condition_variable>
 #include <cstddef>
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <mutex>
 #include <stop_token>
@@ -38,7 +39,7 @@ class Measurement {
 
   /// Waits for the end and returns the result. Progress is called on the waiting thread, once for
   /// every full interval of entries and once at the end, also for what was counted before the wait
-  /// began. Throws CancellationError once `stop` is asked to stop.
+  /// began. Throws CancellationError once `stop` is asked to stop, and what made measuring fail.
   Result await(const std::stop_token& stop, const ProgressFunction& onProgress);
 
   /// Says that nobody will ask for the result, so that measuring may end early.
@@ -49,6 +50,8 @@ class Measurement {
   /// every part has.
   void beginPart();
   void endPart();
+  /// Ends a part that could not be measured because of the exception.
+  void failPart(std::exception_ptr failure);
   /// Adds what was counted: at most one interval of entries at a time.
   void add(std::int64_t bytes, std::int64_t entries);
   /// Records a problem with an entry, given by its path below the folder.
@@ -69,6 +72,7 @@ class Measurement {
   std::condition_variable_any changed_;
   bool isAwaited_ = false;
   int partsUnderWay_ = 1;
+  std::exception_ptr failure_;
   std::int64_t bytes_ = 0;
   std::int64_t entries_ = 0;
   std::vector<std::int64_t> bytesAtIntervals_;

@@ -1,5 +1,6 @@
 #include "scanner/MeasurementPool.h"
 
+#include <exception>
 #include <utility>
 
 #include "core/Paths.h"
@@ -26,13 +27,18 @@ class MeasurementPool::Worker {
   void run() {
     while (std::optional<Part> part = pool_.take(stop_)) {
       part_ = std::move(*part);
-      if (!measure()) return;
+      try {
+        if (!measure()) return;
+      } catch (...) {
+        part_.measurement->failPart(std::current_exception());
+      }
     }
   }
 
  private:
   // False when it was interrupted; the measurement then never ends.
   bool measure() {
+    bytesToAdd_ = entriesToAdd_ = 0;
     entries_.begin(std::move(part_.folder));
     while (entries_.next()) {
       if (stop_.stop_requested()) return false;

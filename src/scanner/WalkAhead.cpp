@@ -31,10 +31,12 @@ class WalkAhead::Walker {
       : setup_(std::move(setup)),
         batches_(batches),
         stop_(std::move(stop)),
-        entries_(setup_.fileManager, DirectoryEnumerator::Order::byName,
-                 [this](std::string_view relativePath, std::error_code error) {
-                   batch_.addIssue(WalkBatch::Kind::folderIssue, relativePath, {}, error.message());
-                 }),
+        entries_(
+            setup_.fileManager, DirectoryEnumerator::Order::byName,
+            [this](std::string_view relativePath, std::error_code error) {
+              batch_.addIssue(WalkBatch::Kind::folderIssue, relativePath, {}, error.message());
+            },
+            stop_),
         smallFolder_(setup_.fileManager) {}
 
   void run(FileDescriptor top) {

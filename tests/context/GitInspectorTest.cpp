@@ -131,6 +131,8 @@ TEST_F(HostileRepository, CannotFetchMissingObjects) {
       "repo");
   list("");
   EXPECT_FALSE(hasTrapRun());
+  // Git ends well although it could not list everything, which must not be taken for an answer.
+  EXPECT_FALSE(inspect(tree.path("repo")).isAvailable);
   list("GIT_ALLOW_PROTOCOL=");
   EXPECT_TRUE(hasTrapRun()) << "the attack did not work without the protection either";
 }

@@ -1,6 +1,7 @@
 #include "context/ProjectDetector.h"
 
 #include "core/ScannerError.h"
+#include "support/FaultyFileManager.h"
 #include "support/TemporaryTree.h"
 
 namespace broomtide {
@@ -80,6 +81,17 @@ TEST(ProjectDetector, KnowsManifestsByTheirWholeNamesOrSuffixes) {
   };
   for (const auto& [name, kind] : cases)
     EXPECT_EQ(ProjectDetector::manifestKind(name), kind) << name;
+}
+
+TEST(ProjectDetector, EndsWhenItRunsOutOfOpenFiles) {
+  TemporaryTree tree;
+  tree.folder("a");
+  test::FaultyFileManager files;
+  files.onOpen = [](const std::string& name) {
+    return std::make_error_code(name == "a" ? std::errc::too_many_files_open : std::errc());
+  };
+  EXPECT_THROW(ProjectDetector::discover(tree.root(), files, {}, [](const std::string&) {}),
+               std::system_error);
 }
 
 TEST(ProjectDetector, StopsWhenAskedTo) {

@@ -222,6 +222,21 @@ class Git(ScanJourney):
             self.assertEqual(candidate["evidence"][1], "Git status could not be verified.")
             self.assertFalse(candidate["isSelected"])
 
+    def test_closed_streams_and_ignored_children_change_nothing(self):
+        shutil.rmtree(self.path("app/.git"))
+        subprocess.run("git init -q && git add -f . && git -c user.name=t -c user.email=t@e.org commit -qm a",
+                       shell=True, cwd=self.path("app"), check=True)
+        self.assertEqual(self.paths(self.path("app")), [])  # all of it is tracked
+
+        def unusual():
+            signal.signal(signal.SIGCHLD, signal.SIG_IGN)
+            os.close(0)
+            os.close(2)
+
+        result = subprocess.run([CLI, "scan", "--json", self.path("app")], stdout=subprocess.PIPE,
+                                timeout=60, preexec_fn=unusual)
+        self.assertEqual(json.loads(result.stdout)["candidates"], [])
+
     def test_interrupting_an_endless_git_leaves_no_child_behind(self):
         alive = self.path("alive")
         os.mkfifo(alive)

@@ -16,7 +16,9 @@ using test::TemporaryTree;
 
 std::optional<std::string> shell(const std::string& script, std::chrono::milliseconds limit = 1min,
                                  std::stop_token stop = {}) {
-  return ChildProcess::run({"/bin/sh", {"-c", script}, {"ONLY=this"}}, limit, std::move(stop));
+  auto output =
+      ChildProcess::run({"/bin/sh", {"-c", script}, {"ONLY=this"}}, limit, std::move(stop));
+  return output ? std::optional(output->text) : std::nullopt;
 }
 
 TEST(ChildProcess, ReturnsTheOutputOfSuccessOnly) {
@@ -73,6 +75,16 @@ TEST_F(EndlessChild, IsKilledAtOnceOnRequest) {
   EXPECT_EQ(shell(script, 10min, stopping.get_token()), std::nullopt);
   EXPECT_LT(std::chrono::steady_clock::now() - start, 30s);
   waitUntilBothHaveEnded();
+}
+
+TEST(ChildProcess, KeepsTheFirstErrors) {
+  const auto output = ChildProcess::run(
+      {"/bin/sh", {"-c", "echo first >&2; head -c 1000000 /dev/zero >&2; echo done"}, {}}, 1min,
+      {});
+  ASSERT_TRUE(output);
+  EXPECT_EQ(output->text, "done\n");
+  EXPECT_TRUE(output->errors.starts_with("first\n"));
+  EXPECT_LT(output->errors.size(), 100'000U);
 }
 
 TEST(ChildProcess, EndsAChildThatClosesItsOutputAndGoesOn) {
