@@ -82,13 +82,13 @@ TEST(PathSet, AgreesWithAPlainSearch) {
 
 TEST(EnclosingFolders, FindsTheDeepestOne) {
   EnclosingFolders folders;
-  const std::vector<std::string> added{"/work", "/work/app", "/work/app/deep/er"};
+  const std::vector<std::string> added{"/src", "/src/app", "/src/app/deep/er"};
   for (std::size_t number = 0; number < added.size(); ++number) folders.add(added[number], number);
-  EXPECT_EQ(folders.nearest("/work/app/deep/er/x"), 2U);
-  EXPECT_EQ(folders.nearest("/work/app/deep"), 1U);
-  EXPECT_EQ(folders.nearest("/work/application"), 0U);
-  EXPECT_EQ(folders.nearest("/work"), 0U);
-  EXPECT_EQ(EnclosingFolders().nearest("/work"), std::nullopt);
+  EXPECT_EQ(folders.nearest("/src/app/deep/er/x"), 2U);
+  EXPECT_EQ(folders.nearest("/src/app/deep"), 1U);
+  EXPECT_EQ(folders.nearest("/src/application"), 0U);
+  EXPECT_EQ(folders.nearest("/src"), 0U);
+  EXPECT_EQ(EnclosingFolders().nearest("/src"), std::nullopt);
 }
 
 }  // namespace

@@ -26,10 +26,10 @@ TEST(Paths, AreStandardisedByTheirTextAlone) {
 }
 
 TEST(Paths, BelowMeansPastASlash) {
-  EXPECT_TRUE(paths::isBelow("/work/app/x", "/work/app"));
-  EXPECT_FALSE(paths::isBelow("/work/application", "/work/app"));
-  EXPECT_FALSE(paths::isBelow("/work/app", "/work/app"));
-  EXPECT_FALSE(paths::isBelow("/work", "/"));
+  EXPECT_TRUE(paths::isBelow("/src/app/x", "/src/app"));
+  EXPECT_FALSE(paths::isBelow("/src/application", "/src/app"));
+  EXPECT_FALSE(paths::isBelow("/src/app", "/src/app"));
+  EXPECT_FALSE(paths::isBelow("/src", "/"));
 }
 
 TEST(Paths, AreRelativeToTheRootOrElseALastComponent) {
