@@ -50,8 +50,10 @@ CLI::Validator oneOf(const std::map<std::string, Value>& table) {
 // The absolute, lexically normal form of a path. A ".." after a link leads to where the link's
 // target lies, as it does everywhere else.
 std::string absolutePath(const std::string& given, std::error_code& error) {
+  const std::filesystem::path absolute = std::filesystem::absolute(given, error);
+  if (error) return {};
   std::filesystem::path result;
-  for (const std::filesystem::path& part : std::filesystem::absolute(given, error)) {
+  for (const std::filesystem::path& part : absolute) {
     if (part == ".." && std::filesystem::is_symlink(result, error)) {
       result = std::filesystem::canonical(result, error);
       if (error) return {};

@@ -24,9 +24,11 @@ Measurement::Result Measurement::await(const std::stop_token& stop,
   isAwaited_ = true;
   std::size_t reported = 0;
   for (;;) {
-    changed_.wait(lock, stop,
-                  [&] { return reported < bytesAtIntervals_.size() || partsUnderWay_ == 0; });
+    changed_.wait(lock, stop, [&] {
+      return reported < bytesAtIntervals_.size() || partsUnderWay_ == 0 || failure_;
+    });
     if (stop.stop_requested()) throw CancellationError();
+    if (failure_) std::rethrow_exception(failure_);
     if (reported == bytesAtIntervals_.size()) break;
     const std::int64_t bytes = bytesAtIntervals_[reported++];
     lock.unlock();
@@ -34,7 +36,6 @@ Measurement::Result Measurement::await(const std::stop_token& stop,
     lock.lock();
   }
   lock.unlock();
-  if (failure_) std::rethrow_exception(failure_);
   onProgress(bytes_, entries_);
   return {.bytes = bytes_, .entries = entries_, .issues = issuesInOrder()};
 }
@@ -50,12 +51,10 @@ void Measurement::endPart() {
   if (partsUnderWay_ == 0 && isAwaited_) changed_.notify_all();
 }
 
-void Measurement::failPart(std::exception_ptr failure) {
-  {
-    const std::scoped_lock lock(mutex_);
-    failure_ = std::move(failure);
-  }
-  endPart();
+void Measurement::fail(std::exception_ptr failure) {
+  const std::scoped_lock lock(mutex_);
+  failure_ = std::move(failure);
+  changed_.notify_all();
 }
 
 void Measurement::add(std::int64_t bytes, std::int64_t entries) {

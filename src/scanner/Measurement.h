@@ -50,8 +50,8 @@ class Measurement {
   /// every part has.
   void beginPart();
   void endPart();
-  /// Ends a part that could not be measured because of the exception.
-  void failPart(std::exception_ptr failure);
+  /// Makes the whole measurement fail with the exception, whatever other parts are under way.
+  void fail(std::exception_ptr failure);
   /// Adds what was counted: at most one interval of entries at a time.
   void add(std::int64_t bytes, std::int64_t entries);
   /// Records a problem with an entry, given by its path below the folder.

@@ -30,7 +30,7 @@ class MeasurementPool::Worker {
       try {
         if (!measure()) return;
       } catch (...) {
-        part_.measurement->failPart(std::current_exception());
+        part_.measurement->fail(std::current_exception());
       }
     }
   }

@@ -1,4 +1,3 @@
-#include "core/CleanupResult.h"
 #include "core/Enumerations.h"
 #include "core/ProjectContext.h"
 #include "core/RecordJson.h"
@@ -42,15 +41,6 @@ TEST(Records, JsonHasEveryFieldAndOnlyText) {
   for (const char* absent : {"modificationDate", "projectRoot", "gitRoot", "regenerationCommand"}) {
     EXPECT_TRUE(json.at(absent).is_null()) << absent;
   }
-}
-
-TEST(Records, MovedBytesAreSummed) {
-  CleanupResult result;
-  EXPECT_EQ(result.movedBytes(), 0);
-  result.moved.resize(2);
-  result.moved[0].size = 5'000'000'000;
-  result.moved[1].size = 7;
-  EXPECT_EQ(result.movedBytes(), 5'000'000'007);
 }
 
 }  // namespace

@@ -97,6 +97,18 @@ class Folders(ScanJourney):
         linked = self.document(self.path("link"))
         self.assertEqual(linked["candidates"][0]["url"], "file://" + self.path("link/.next"))
 
+    def test_a_working_folder_that_is_gone_is_a_failure(self):
+        gone = self.path("gone")
+        os.mkdir(gone)
+
+        def lose_working_folder():
+            os.chdir(gone)
+            os.rmdir(gone)
+
+        result = self.scan("anything", preexec_fn=lose_working_folder)
+        self.assertEqual((result.returncode, result.stdout), (1, b""))
+        self.assertIn(b"No such file or directory", result.stderr)
+
     def test_unreadable_folders_are_told_and_passed_over(self):
         if os.getuid() == 0:
             nobody = pwd.getpwnam("nobody")

@@ -3,7 +3,6 @@
 #include <random>
 #include <set>
 
-#include "rules/CacheRules.h"
 #include "rules/RuleIndex.h"
 
 namespace broomtide {
@@ -118,18 +117,6 @@ TEST(ScanRules, LookUpAgreesWithTryingEveryRule) {
       }
     }
   }
-}
-
-TEST(ScanRules, TablesSelectOnlyWhatIsSafe) {
-  EXPECT_EQ(std::ranges::count(ScanRules::project, SafetyLevel::safe, &ScanRule::safety), 44);
-  for (const ScanRule& rule : ScanRules::project) {
-    EXPECT_EQ(rule.selection == SelectionPolicy::selected, rule.safety == SafetyLevel::safe);
-    EXPECT_FALSE(rule.minimumAge) << rule.id;
-  }
-  for (const ScanRule& rule : ScanRules::downloads) {
-    EXPECT_EQ(rule.selection, SelectionPolicy::unselected) << rule.id;
-  }
-  EXPECT_EQ(std::ranges::count(CacheRules::targets, SafetyLevel::safe, &CacheTarget::safety), 9);
 }
 
 TEST(ScanRules, ProtectWhatCannotBeRecreated) {
