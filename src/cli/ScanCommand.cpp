@@ -107,7 +107,7 @@ ExitStatus ScanCommand::run() const {
     const Date now = std::chrono::system_clock::now();
     report.result = services::makeScanner()->scan(
         root, report.mode, now,
-        [&](const ScanProgress& progress, std::span<const ScanCandidate>) {
+        [&](const ScanProgress& progress, std::span<const ScanCandidate>, std::size_t) {
           report.entriesScanned = progress.entriesScanned;
           line.show(progress);
         },

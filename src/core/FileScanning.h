@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <span>
@@ -32,11 +33,13 @@ struct ScanResult {
   std::vector<ProjectContext> projects;   ///< deepest first
 };
 
-/// Receives the progress of a scan and every candidate found so far. The scanner calls it from the
-/// thread that runs the scan and waits for it to return. The candidates stay valid only during the
-/// call; up to the last call, which carries them sorted, each list begins with the one before.
+/// Receives the progress of a scan and every candidate found so far, of which the first `unchanged`
+/// are those of the call before: all of them, until the last call carries them sorted. The scanner
+/// calls it from the thread that runs the scan and waits for it to return. The candidates stay
+/// valid only during the call.
 using UpdateFunction =
-    std::function<void(const ScanProgress& progress, std::span<const ScanCandidate> candidates)>;
+    std::function<void(const ScanProgress& progress, std::span<const ScanCandidate> candidates,
+                       std::size_t unchanged)>;
 
 /// Finds disposable items below a folder.
 class FileScanning {

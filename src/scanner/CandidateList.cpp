@@ -11,7 +11,8 @@ namespace broomtide {
 void CandidateList::report(std::int64_t entries, std::int64_t bytes, const std::string& label) {
   if (stop_.stop_requested()) throw CancellationError();
   onUpdate_({.entriesScanned = entries, .reclaimableBytes = bytes, .currentPath = label},
-            candidates_);
+            candidates_, unchanged_);
+  unchanged_ = candidates_.size();
 }
 
 void CandidateList::add(ScanCandidate candidate) {
@@ -32,6 +33,7 @@ void CandidateList::sort() {
   sorted.reserve(candidates_.size());
   for (const std::size_t position : order) sorted.push_back(std::move(candidates_[position]));
   candidates_ = std::move(sorted);
+  unchanged_ = 0;
 }
 
 }  // namespace broomtide

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <stop_token>
 #include <string>
@@ -37,6 +38,7 @@ class CandidateList {
   const UpdateFunction& onUpdate_;
   const std::stop_token stop_;
   std::vector<ScanCandidate> candidates_;
+  std::size_t unchanged_ = 0;  // how many the last report already carried, in the same order
   std::int64_t totalBytes_ = 0;
 };
 

@@ -37,7 +37,7 @@ class Cancellation : public testing::Test {
     try {
       scanner.scan(
           tree.root(), mode, std::chrono::system_clock::now(),
-          [&](const ScanProgress&, auto) {
+          [&](const auto&...) {
             EXPECT_FALSE(stopping.stop_requested()) << "an update after the request to stop";
             if (count++ == number) stopping.request_stop();
           },
@@ -80,16 +80,15 @@ TEST_F(Cancellation, ComesBeforeAnythingIsRead) {
     return std::error_code();
   };
   DefaultFileScanner scanner(files);
-  EXPECT_THROW(
-      scanner.scan(
-          tree.root(), ScanMode::caches, {}, [](const auto&, auto) {}, stopping.get_token()),
-      CancellationError);
+  EXPECT_THROW(scanner.scan(
+                   tree.root(), ScanMode::caches, {}, [](const auto&...) {}, stopping.get_token()),
+               CancellationError);
 }
 
 TEST_F(Cancellation, AnErrorOfTheReceiverEndsTheScanAsItIs) {
   DefaultFileScanner scanner(files);
   EXPECT_THROW(scanner.scan(tree.root(), ScanMode::project, {},
-                            [](const ScanProgress& progress, auto) {
+                            [](const ScanProgress& progress, const auto&...) {
                               if (progress.reclaimableBytes > 0)
                                 throw std::out_of_range("receiver");
                             },

@@ -1,5 +1,9 @@
 #include "support/ScanRecorder.h"
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
 #include "context/GitInspector.h"
 #include "core/Paths.h"
 #include "scanner/DefaultFileScanner.h"
@@ -10,14 +14,20 @@ ScanResult ScanRecorder::scan(const std::string& root, ScanMode mode, Date now) 
   DefaultFileScanner scanner(fileManager_, {.measuringThreads = 2,
                                             .git = GitInspector::executable(),
                                             .gitRunLimit = GitInspector::runLimit});
-  return scanner.scan(
-      root, mode, now,
-      [this](const ScanProgress& progress, std::span<const ScanCandidate> candidates) {
-        updates.push_back(std::to_string(progress.entriesScanned) + ' ' +
-                          std::to_string(progress.reclaimableBytes) + ' ' + progress.currentPath +
-                          " (" + std::to_string(candidates.size()) + ")");
-      },
-      {});
+  std::vector<ScanCandidate> before;
+  return scanner.scan(root, mode, now,
+                      [&](const ScanProgress& progress, std::span<const ScanCandidate> candidates,
+                          std::size_t unchanged) {
+                        ASSERT_LE(unchanged, before.size());
+                        EXPECT_TRUE(std::ranges::equal(candidates.first(unchanged),
+                                                       std::span(before).first(unchanged)));
+                        before.assign(candidates.begin(), candidates.end());
+                        updates.push_back(std::to_string(progress.entriesScanned) + ' ' +
+                                          std::to_string(progress.reclaimableBytes) + ' ' +
+                                          progress.currentPath + " (" +
+                                          std::to_string(candidates.size()) + ")");
+                      },
+                      {});
 }
 
 std::vector<std::string> pathsOf(const ScanResult& result) {
