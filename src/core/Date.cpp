@@ -4,6 +4,13 @@
 #include <cstdio>
 
 namespace broomtide {
+namespace {
+
+// Only the years between these two can be held whole.
+constexpr std::chrono::year floorYear{1677};
+constexpr std::chrono::year ceilingYear{2262};
+
+}  // namespace
 
 std::string iso8601(Date date) {
   using namespace std::chrono;
@@ -25,6 +32,27 @@ std::string iso8601(Date date) {
     result += text.data();
   }
   return result + 'Z';
+}
+
+std::optional<Date> dateFromIso8601(std::string_view text) {
+  using namespace std::chrono;
+  constexpr std::string_view form = "0000-00-00T00:00:00Z";
+  if (text.size() != form.size()) return std::nullopt;
+  for (std::size_t index = 0; index < form.size(); ++index) {
+    const bool isDigit = text[index] >= '0' && text[index] <= '9';
+    if (form[index] == '0' ? !isDigit : text[index] != form[index]) return std::nullopt;
+  }
+  const auto number = [text](std::size_t start, std::size_t length) {
+    int value = 0;
+    for (const char digit : text.substr(start, length)) value = value * 10 + (digit - '0');
+    return value;
+  };
+  const year_month_day calendar{year(number(0, 4)), month(static_cast<unsigned>(number(5, 2))),
+                                day(static_cast<unsigned>(number(8, 2)))};
+  const int hour = number(11, 2), minute = number(14, 2), second = number(17, 2);
+  const bool isHeld = calendar.year() > floorYear && calendar.year() < ceilingYear;
+  if (!calendar.ok() || !isHeld || hour > 23 || minute > 59 || second > 59) return std::nullopt;
+  return Date(sys_days(calendar) + hours(hour) + minutes(minute) + seconds(second));
 }
 
 }  // namespace broomtide

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <chrono>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace broomtide {
 
@@ -11,5 +13,9 @@ using Date = std::chrono::sys_time<std::chrono::nanoseconds>;
 /// The date as ISO 8601 in UTC, `2025-03-01T09:30:00Z`; nine decimals of a second are added when
 /// the date does not fall on a whole second.
 std::string iso8601(Date date);
+
+/// The date of a text such as `2025-03-01T09:30:00Z`: UTC in whole seconds. Nothing for a text of
+/// any other form and for a date that does not exist or that `Date` cannot hold.
+std::optional<Date> dateFromIso8601(std::string_view text);
 
 }  // namespace broomtide

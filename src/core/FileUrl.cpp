@@ -10,19 +10,21 @@ bool isUnreserved(char byte) {
 
 }  // namespace
 
-std::string fileUrl(std::string_view path) {
+std::string percentEncoded(std::string_view path) {
   constexpr std::string_view digits = "0123456789ABCDEF";
-  std::string url = "file://";
-  url.reserve(url.size() + path.size());
+  std::string encoded;
+  encoded.reserve(path.size());
   for (const char byte : path) {
     if (isUnreserved(byte) || byte == '/') {
-      url += byte;
+      encoded += byte;
     } else {
       const auto value = static_cast<unsigned char>(byte);
-      url += {'%', digits[value >> 4U], digits[value & 0xFU]};
+      encoded += {'%', digits[value >> 4U], digits[value & 0xFU]};
     }
   }
-  return url;
+  return encoded;
 }
+
+std::string fileUrl(std::string_view path) { return "file://" + percentEncoded(path); }
 
 }  // namespace broomtide

@@ -5,9 +5,12 @@
 
 namespace broomtide {
 
-/// An absolute path as a `file://` URL: every byte outside the unreserved set (letters, digits,
-/// "-", ".", "_", "~") is percent-encoded, slashes stay, and there is no trailing slash except for
-/// the root folder.
+/// A path with every byte outside the unreserved set (letters, digits, "-", ".", "_", "~")
+/// percent-encoded; slashes stay.
+std::string percentEncoded(std::string_view path);
+
+/// An absolute path as a `file://` URL, percent-encoded. There is no trailing slash except for the
+/// root folder.
 std::string fileUrl(std::string_view path);
 
 }  // namespace broomtide

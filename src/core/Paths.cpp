@@ -43,6 +43,10 @@ std::string_view lastComponent(std::string_view path) {
   return path.substr(slash + 1);
 }
 
+std::string_view enclosingFolder(std::string_view path) {
+  return path.substr(0, std::max<std::size_t>(path.rfind('/'), 1));
+}
+
 std::string appending(std::string_view folder, std::string_view name) {
   std::string result;
   result.reserve(folder.size() + 1 + name.size());

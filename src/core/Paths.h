@@ -16,6 +16,10 @@ std::string standardized(std::string_view path);
 /// The part after the last slash; "/" for the root folder.
 std::string_view lastComponent(std::string_view path);
 
+/// The folder that holds the last component of a standardised absolute path; "/" for the root
+/// folder.
+std::string_view enclosingFolder(std::string_view path);
+
 /// `name` (one component or a relative path) below the standardised folder `folder`.
 std::string appending(std::string_view folder, std::string_view name);
 

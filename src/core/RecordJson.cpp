@@ -72,4 +72,21 @@ Json toJson(const ProjectContext& project) {
           {"gitRoot", location(project.gitRoot)}};
 }
 
+Json toJson(const CleanupFailure& failure) {
+  return {{"id", failure.id},
+          {"path", utf8::printable(failure.path)},
+          {"message", utf8::printable(failure.message)}};
+}
+
+Json toJson(const CleanupHistoryEntry& entry) {
+  Json failures = Json::array();
+  for (const CleanupFailure& failure : entry.failures) failures.push_back(toJson(failure));
+  return {{"id", entry.id},
+          {"date", iso8601(entry.date)},
+          {"rootPath", utf8::printable(entry.rootPath)},
+          {"movedCount", entry.movedCount},
+          {"movedBytes", entry.movedBytes},
+          {"failures", std::move(failures)}};
+}
+
 }  // namespace broomtide

@@ -1,12 +1,14 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <linux/openat2.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <limits>
 
 #include "platform/FileManager.h"
@@ -18,6 +20,14 @@ constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
 constexpr std::int64_t blockSize = 512;
 
 std::error_code lastError() { return {errno, std::generic_category()}; }
+
+std::error_code outcome(int result) { return result < 0 ? lastError() : std::error_code(); }
+
+std::error_code keep(int descriptor, FileDescriptor& opened) {
+  if (descriptor < 0) return lastError();
+  opened = FileDescriptor(descriptor);
+  return {};
+}
 
 // Dates beyond what nanoseconds in 64 bits can hold become the nearest one that fits.
 Date toDate(const statx_timestamp& time) {
@@ -43,9 +53,7 @@ class SystemFileManager final : public FileManager {
       const int follow = links == LinkPolicy::follow ? 0 : O_NOFOLLOW;
       descriptor = ::openat(folder, name, flags | follow);
     }
-    if (descriptor < 0) return lastError();
-    opened = FileDescriptor(descriptor);
-    return {};
+    return keep(descriptor, opened);
   }
 
   std::error_code readFolder(int folder, std::span<std::byte> buffer,
@@ -57,21 +65,25 @@ class SystemFileManager final : public FileManager {
   }
 
   std::error_code rewindFolder(int folder) override {
-    return ::lseek(folder, 0, SEEK_SET) < 0 ? lastError() : std::error_code();
+    return outcome(::lseek(folder, 0, SEEK_SET) < 0 ? -1 : 0);
   }
 
   std::error_code readAttributes(int folder, const char* name, LinkPolicy links,
                                  FileAttributes& attributes) override {
     const int follow = links == LinkPolicy::follow ? 0 : AT_SYMLINK_NOFOLLOW;
     const int empty = name[0] == '\0' ? AT_EMPTY_PATH : 0;
-    constexpr unsigned wanted = STATX_TYPE | STATX_INO | STATX_MTIME | STATX_BLOCKS | STATX_SIZE;
+    constexpr unsigned wanted = STATX_TYPE | STATX_MODE | STATX_UID | STATX_INO | STATX_MTIME |
+                                STATX_BLOCKS | STATX_SIZE | STATX_MNT_ID;
     struct statx status;
     if (::statx(folder, name, follow | empty | AT_NO_AUTOMOUNT, wanted, &status) != 0) {
       return lastError();
     }
     attributes.device = makedev(status.stx_dev_major, status.stx_dev_minor);
     attributes.inode = status.stx_ino;
+    attributes.mount = (status.stx_mask & STATX_MNT_ID) != 0 ? status.stx_mnt_id : 0;
     attributes.typeBits = status.stx_mode & S_IFMT;
+    attributes.permissions = status.stx_mode & ~static_cast<std::uint32_t>(S_IFMT);
+    attributes.owner = status.stx_uid;
     attributes.allocatedBytes = (status.stx_mask & STATX_BLOCKS) != 0
                                     ? static_cast<std::int64_t>(status.stx_blocks) * blockSize
                                     : static_cast<std::int64_t>(status.stx_size);
@@ -89,6 +101,52 @@ class SystemFileManager final : public FileManager {
     FileAttributes attributes;
     return !readAttributes(AT_FDCWD, path.c_str(), LinkPolicy::follow, attributes) &&
            attributes.isRegularFile() && ::faccessat(AT_FDCWD, path.c_str(), X_OK, AT_EACCESS) == 0;
+  }
+
+  std::error_code openFile(int folder, const char* name, LinkPolicy links,
+                           FileDescriptor& opened) override {
+    const int follow = links == LinkPolicy::follow ? 0 : O_NOFOLLOW;
+    return keep(::openat(folder, name, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | follow),
+                opened);
+  }
+
+  std::error_code readFile(int file, std::span<char> buffer, std::size_t& filled) override {
+    const ssize_t count = ::read(file, buffer.data(), buffer.size());
+    if (count < 0) return lastError();
+    filled = static_cast<std::size_t>(count);
+    return {};
+  }
+
+  std::error_code createFile(int folder, const char* name, FileDescriptor& opened) override {
+    const int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+    return keep(::openat(folder, name, flags, S_IRUSR | S_IWUSR), opened);
+  }
+
+  std::error_code writeFile(int file, std::string_view bytes, std::size_t& written) override {
+    const ssize_t count = ::write(file, bytes.data(), bytes.size());
+    if (count < 0) return lastError();
+    written = static_cast<std::size_t>(count);
+    return {};
+  }
+
+  std::error_code synchronize(int descriptor) override { return outcome(::fsync(descriptor)); }
+
+  std::error_code removeFile(int folder, const char* name) override {
+    return outcome(::unlinkat(folder, name, 0));
+  }
+
+  std::error_code createFolder(int folder, const char* name) override {
+    return outcome(::mkdirat(folder, name, S_IRWXU));
+  }
+
+  std::error_code rename(int folder, const char* name, int newFolder, const char* newName,
+                         NameTaken nameTaken) override {
+    const unsigned flags = nameTaken == NameTaken::fails ? RENAME_NOREPLACE : 0;
+    return outcome(::renameat2(folder, name, newFolder, newName, flags));
+  }
+
+  std::error_code tryLock(int folder) override {
+    return outcome(::flock(folder, LOCK_EX | LOCK_NB));
   }
 };
 

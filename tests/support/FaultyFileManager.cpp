@@ -43,4 +43,54 @@ bool FaultyFileManager::isExecutableFile(const std::string& path) {
   return systemFileManager().isExecutableFile(path);
 }
 
+std::error_code FaultyFileManager::openFile(int folder, const char* name, LinkPolicy links,
+                                            FileDescriptor& opened) {
+  if (const std::error_code error = onChange(std::string("openFile ") + name)) return error;
+  return systemFileManager().openFile(folder, name, links, opened);
+}
+
+std::error_code FaultyFileManager::readFile(int file, std::span<char> buffer, std::size_t& filled) {
+  if (const std::error_code error = onChange("readFile")) return error;
+  return systemFileManager().readFile(file, buffer, filled);
+}
+
+std::error_code FaultyFileManager::createFile(int folder, const char* name,
+                                              FileDescriptor& opened) {
+  if (const std::error_code error = onChange(std::string("createFile ") + name)) return error;
+  return systemFileManager().createFile(folder, name, opened);
+}
+
+std::error_code FaultyFileManager::writeFile(int file, std::string_view bytes,
+                                             std::size_t& written) {
+  if (const std::error_code error = onChange("writeFile")) return error;
+  return systemFileManager().writeFile(file, bytes, written);
+}
+
+std::error_code FaultyFileManager::synchronize(int descriptor) {
+  if (const std::error_code error = onChange("synchronize")) return error;
+  return systemFileManager().synchronize(descriptor);
+}
+
+std::error_code FaultyFileManager::removeFile(int folder, const char* name) {
+  if (const std::error_code error = onChange(std::string("removeFile ") + name)) return error;
+  return systemFileManager().removeFile(folder, name);
+}
+
+std::error_code FaultyFileManager::createFolder(int folder, const char* name) {
+  if (const std::error_code error = onChange(std::string("createFolder ") + name)) return error;
+  return systemFileManager().createFolder(folder, name);
+}
+
+std::error_code FaultyFileManager::rename(int folder, const char* name, int newFolder,
+                                          const char* newName, NameTaken nameTaken) {
+  if (const std::error_code error = onChange(std::string("rename ") + name + " " + newName))
+    return error;
+  return systemFileManager().rename(folder, name, newFolder, newName, nameTaken);
+}
+
+std::error_code FaultyFileManager::tryLock(int folder) {
+  if (const std::error_code error = onChange("tryLock")) return error;
+  return systemFileManager().tryLock(folder);
+}
+
 }  // namespace broomtide::test

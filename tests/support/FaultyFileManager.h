@@ -17,6 +17,9 @@ class FaultyFileManager final : public FileManager {
   Interception onOpen = [](const std::string&) { return std::error_code(); };
   Interception onAttributes = [](const std::string&) { return std::error_code(); };
   std::function<std::error_code()> onRead = [] { return std::error_code(); };
+  /// Called before an operation on files, and before one that changes something, with its name and
+  /// the name it works on, such as "createFile notes.txt".
+  Interception onChange = [](const std::string&) { return std::error_code(); };
   bool hidesTypes = false;  ///< folders do not tell the types of their entries
 
   std::error_code openFolder(int folder, const char* name, LinkPolicy links,
@@ -27,6 +30,17 @@ class FaultyFileManager final : public FileManager {
                                  FileAttributes& attributes) override;
   bool isReadable(const std::string& path) override;
   bool isExecutableFile(const std::string& path) override;
+  std::error_code openFile(int folder, const char* name, LinkPolicy links,
+                           FileDescriptor& opened) override;
+  std::error_code readFile(int file, std::span<char> buffer, std::size_t& filled) override;
+  std::error_code createFile(int folder, const char* name, FileDescriptor& opened) override;
+  std::error_code writeFile(int file, std::string_view bytes, std::size_t& written) override;
+  std::error_code synchronize(int descriptor) override;
+  std::error_code removeFile(int folder, const char* name) override;
+  std::error_code createFolder(int folder, const char* name) override;
+  std::error_code rename(int folder, const char* name, int newFolder, const char* newName,
+                         NameTaken nameTaken) override;
+  std::error_code tryLock(int folder) override;
 };
 
 }  // namespace broomtide::test

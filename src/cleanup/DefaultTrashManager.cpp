@@ -1,0 +1,80 @@
+#include "cleanup/DefaultTrashManager.h"
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+#include "cleanup/Revalidation.h"
+#include "core/Paths.h"
+#include "core/Uuid.h"
+#include "platform/PathSafety.h"
+#include "platform/Trash.h"
+
+namespace broomtide {
+namespace {
+
+// Checks a candidate and moves it. What is wrong, or nothing when it is in the Trash.
+Revalidation::Problem clean(const ScanCandidate& candidate, const std::string& root,
+                            const Revalidation& revalidation, Trash& trash) {
+  if (const Revalidation::Problem problem = revalidation.problemOf(candidate)) return problem;
+
+  // The place is resolved once more and then opened without following any link, so that nothing
+  // outside the folder can be reached whatever is replaced by a link meanwhile.
+  const std::string place = paths::standardized(candidate.url);
+  const TrashItem item{.folder = PathSafety::resolved(paths::enclosingFolder(place)),
+                       .name = std::string(paths::lastComponent(place)),
+                       .identity = candidate.fileIdentity,
+                       .size = candidate.size,
+                       .isFolder = candidate.kind == CandidateKind::directory};
+  if (!paths::isBelow(paths::appending(item.folder, item.name), PathSafety::resolved(root))) {
+    return CleanupMessages::outside;
+  }
+  if (trash.move(item)) return CleanupMessages::notMoved;
+  return std::nullopt;
+}
+
+}  // namespace
+
+DefaultTrashManager::DefaultTrashManager(FileManager& fileManager, GitFunction inspectGit,
+                                         std::optional<std::string> homeTrash)
+    : fileManager_(fileManager),
+      inspectGit_(std::move(inspectGit)),
+      homeTrash_(std::move(homeTrash)) {}
+
+CleanupResult DefaultTrashManager::moveToTrash(const std::vector<ScanCandidate>& candidates,
+                                               const std::string& root,
+                                               std::stop_token stop) noexcept {
+  const std::lock_guard lock(oneAtATime_);
+  const std::map<std::string, GitSnapshot> snapshots = askGit(candidates, stop);
+  const Revalidation revalidation(fileManager_, root, snapshots, stop);
+  Trash trash(fileManager_, homeTrash_);
+  CleanupResult result;
+  for (const ScanCandidate& candidate : candidates) {
+    if (const auto problem = clean(candidate, root, revalidation, trash)) {
+      result.failures.push_back(
+          {.id = newUuid(), .path = candidate.relativePath, .message = std::string(*problem)});
+    } else {
+      result.moved.push_back(candidate);
+    }
+  }
+  trash.recordSizes();
+  return result;
+}
+
+// Without an answer from Git, only candidates outside any repository can pass.
+std::map<std::string, GitSnapshot> DefaultTrashManager::askGit(
+    const std::vector<ScanCandidate>& candidates, const std::stop_token& stop) const {
+  std::vector<std::string> roots;
+  for (const ScanCandidate& candidate : candidates) {
+    if (candidate.gitRoot) roots.push_back(*candidate.gitRoot);
+  }
+  std::ranges::sort(roots);
+  roots.erase(std::ranges::unique(roots).begin(), roots.end());
+  try {
+    return inspectGit_(roots, stop);
+  } catch (const std::exception&) {
+    return {};
+  }
+}
+
+}  // namespace broomtide

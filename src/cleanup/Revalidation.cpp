@@ -1,0 +1,67 @@
+#include "cleanup/Revalidation.h"
+
+#include <chrono>
+#include <cstdint>
+
+#include "core/Paths.h"
+#include "platform/FileIdentity.h"
+#include "platform/PathSafety.h"
+
+namespace broomtide {
+namespace {
+
+// File systems and archives round dates, so that a date may differ by this much.
+constexpr std::chrono::nanoseconds dateTolerance = std::chrono::milliseconds(1);
+
+bool isModified(Date recorded, Date current) {
+  const auto nanoseconds = [](Date date) {
+    return static_cast<std::uint64_t>(date.time_since_epoch().count());
+  };
+  // Unsigned, because the dates may lie further apart than a signed number tells.
+  const std::uint64_t difference = recorded < current
+                                       ? nanoseconds(current) - nanoseconds(recorded)
+                                       : nanoseconds(recorded) - nanoseconds(current);
+  return difference > static_cast<std::uint64_t>(dateTolerance.count());
+}
+
+}  // namespace
+
+Revalidation::Problem Revalidation::problemOf(const ScanCandidate& candidate) const {
+  if (stop_.stop_requested()) return CleanupMessages::cancelled;
+  if (const Problem problem = problemOnDisk(candidate)) return problem;
+  return problemInGit(candidate);
+}
+
+Revalidation::Problem Revalidation::problemOnDisk(const ScanCandidate& candidate) const {
+  if (!PathSafety::contains(candidate.url, root_)) return CleanupMessages::outside;
+  if (FileIdentity::isSymbolicLink(fileManager_, candidate.url)) return CleanupMessages::link;
+
+  const std::optional<std::string> identity = FileIdentity::read(fileManager_, candidate.url);
+  if (!identity) return CleanupMessages::gone;
+  if (*identity != candidate.fileIdentity) return CleanupMessages::replaced;
+
+  FileAttributes attributes;
+  const bool hasDates = candidate.modificationDate &&
+                        !fileManager_.readAttributes(workingDirectory, candidate.url.c_str(),
+                                                     LinkPolicy::doNotFollow, attributes) &&
+                        attributes.modificationDate;
+  if (hasDates && isModified(*candidate.modificationDate, *attributes.modificationDate)) {
+    return CleanupMessages::modified;
+  }
+  return std::nullopt;
+}
+
+Revalidation::Problem Revalidation::problemInGit(const ScanCandidate& candidate) const {
+  if (!candidate.gitRoot) return std::nullopt;
+  const auto found = snapshots_.find(paths::standardized(*candidate.gitRoot));
+  if (found == snapshots_.end() || !found->second.isAvailable) return CleanupMessages::gitUnknown;
+
+  const GitItemStatus status =
+      found->second.status(candidate.url, candidate.kind == CandidateKind::directory);
+  if (status == GitItemStatus::tracked) return CleanupMessages::tracked;
+  const bool wasIgnored = candidate.gitStatus == GitItemStatus::ignored;
+  if (wasIgnored && status != GitItemStatus::ignored) return CleanupMessages::notIgnored;
+  return std::nullopt;
+}
+
+}  // namespace broomtide

@@ -1,0 +1,113 @@
+#include "platform/TrashFolder.h"
+
+#include <limits>
+
+#include "core/FileUrl.h"
+#include "core/Uuid.h"
+#include "platform/FileIdentity.h"
+#include "platform/TrashName.h"
+#include "platform/WholeFile.h"
+
+namespace broomtide {
+namespace {
+
+const std::string sizesName = "directorysizes";
+
+std::string infoName(const std::string& name) { return name + std::string(trashInfoSuffix); }
+
+// Numbers in a row as long as few are taken, then ever larger steps past the many.
+std::uint64_t numberAfter(std::uint64_t number) {
+  constexpr std::uint64_t fewNumbers = 16;
+  return number < fewNumbers ? number + 1 : number * 2;
+}
+
+constexpr std::uint64_t largestNumber = std::numeric_limits<std::uint32_t>::max();
+
+}  // namespace
+
+std::error_code TrashFolder::open(FileDescriptor folder) {
+  folder_ = std::move(folder);
+  const auto openPart = [this](const char* name, FileDescriptor& part) {
+    const std::error_code error = fileManager_.createFolder(folder_.get(), name);
+    if (error && error != std::errc::file_exists) return error;
+    return fileManager_.openFolder(folder_.get(), name, LinkPolicy::doNotFollow, part);
+  };
+  if (const std::error_code error = openPart("info", info_)) return error;
+  return openPart("files", files_);
+}
+
+std::error_code TrashFolder::take(int folder, const TrashItem& item, std::string_view path) {
+  const std::string information = trashInfo(path, std::chrono::system_clock::now());
+  std::uint64_t& number = nextNumbers_.try_emplace(item.name, 1).first->second;
+  for (; number <= largestNumber; number = numberAfter(number)) {
+    const std::string name = trashName(item.name, number);
+    // Creating the information reserves the name, and an item never arrives before it.
+    std::error_code error = WholeFile::create(fileManager_, info_.get(), infoName(name),
+                                              information, WholeFile::Durability::whenConvenient);
+    if (error == std::errc::file_exists) continue;
+    if (error) return error;
+    error = moveIn(folder, item, name);
+    if (error == std::errc::file_exists) continue;
+    if (error) return error;
+    ++number;
+    if (item.isFolder) movedFolders_.push_back({.name = name, .size = item.size});
+    return {};
+  }
+  return std::make_error_code(std::errc::file_exists);
+}
+
+// The information for `name` must exist; it goes again when the item does not come.
+std::error_code TrashFolder::moveIn(int folder, const TrashItem& item, const std::string& name) {
+  std::error_code error =
+      fileManager_.rename(folder, item.name.c_str(), files_.get(), name.c_str(), NameTaken::fails);
+  if (!error) {
+    FileAttributes arrived;
+    error =
+        fileManager_.readAttributes(files_.get(), name.c_str(), LinkPolicy::doNotFollow, arrived);
+    if (!error && FileIdentity::token(arrived) == item.identity) return {};
+    if (!error) error = std::make_error_code(std::errc::operation_canceled);
+    const bool isBack = !fileManager_.rename(files_.get(), name.c_str(), folder, item.name.c_str(),
+                                             NameTaken::fails);
+    if (!isBack) return error;
+  }
+  fileManager_.removeFile(info_.get(), infoName(name).c_str());
+  return error;
+}
+
+std::string TrashFolder::sizeLines() {
+  std::string lines;
+  for (const MovedFolder& moved : movedFolders_) {
+    FileAttributes attributes;
+    const bool isKnown = !fileManager_.readAttributes(info_.get(), infoName(moved.name).c_str(),
+                                                      LinkPolicy::doNotFollow, attributes) &&
+                         attributes.modificationDate;
+    if (!isKnown) continue;
+    const auto second = std::chrono::floor<std::chrono::seconds>(*attributes.modificationDate);
+    lines += std::to_string(moved.size) + ' ' + std::to_string(second.time_since_epoch().count()) +
+             ' ' + percentEncoded(moved.name) + '\n';
+  }
+  return lines;
+}
+
+void TrashFolder::recordSizes() {
+  if (movedFolders_.empty()) return;
+  std::string lines;
+  const std::error_code error =
+      WholeFile::read(fileManager_, folder_.get(), sizesName, LinkPolicy::doNotFollow, lines);
+  if (error && error != std::errc::no_such_file_or_directory) return;
+  if (!lines.empty() && lines.back() != '\n') lines += '\n';
+  lines += sizeLines();
+  movedFolders_.clear();
+
+  const std::string newName = sizesName + '.' + newUuid();
+  if (WholeFile::create(fileManager_, folder_.get(), newName, lines,
+                        WholeFile::Durability::whenConvenient)) {
+    return;
+  }
+  if (fileManager_.rename(folder_.get(), newName.c_str(), folder_.get(), sizesName.c_str(),
+                          NameTaken::replaces)) {
+    fileManager_.removeFile(folder_.get(), newName.c_str());
+  }
+}
+
+}  // namespace broomtide

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/FileManager.h"
+
+namespace broomtide {
+
+/// An item that is to be moved to the Trash, as it was when it was last looked at.
+struct TrashItem {
+  std::string folder;     ///< the folder that holds it, an absolute path without any link
+  std::string name;       ///< its name there
+  std::string identity;   ///< its token; anything else that has the name is left alone
+  std::int64_t size = 0;  ///< in bytes; what file managers show for a folder in the Trash
+  bool isFolder = false;
+};
+
+/// One Trash: a folder that holds items and, for each, the information where it came from.
+class TrashFolder {
+ public:
+  /// The file manager must outlive the Trash.
+  explicit TrashFolder(FileManager& fileManager) : fileManager_(fileManager) {}
+
+  /// Opens the Trash in an open folder, and creates what is missing of it. Must succeed before
+  /// anything else is done.
+  std::error_code open(FileDescriptor folder);
+
+  /// Moves an item out of the open folder that holds it. `path` is what is written down as the
+  /// place it came from. After a failure the item is where it was; only when it turned out to be
+  /// another one and could not be moved back, it stays in the Trash with its information.
+  std::error_code take(int folder, const TrashItem& item, std::string_view path);
+
+  /// Adds the sizes of the folders that were moved to the list from which file managers read them.
+  /// When that fails, they measure the folders themselves.
+  void recordSizes();
+
+ private:
+  struct MovedFolder {
+    std::string name;
+    std::int64_t size;
+  };
+
+  std::error_code moveIn(int folder, const TrashItem& item, const std::string& name);
+  std::string sizeLines();
+
+  FileManager& fileManager_;
+  FileDescriptor folder_, info_, files_;
+  std::unordered_map<std::string, std::uint64_t> nextNumbers_;  // by the name of the item
+  std::vector<MovedFolder> movedFolders_;
+};
+
+}  // namespace broomtide

@@ -1,0 +1,51 @@
+#include "platform/TrashName.h"
+
+#include <array>
+#include <ctime>
+
+#include "core/FileUrl.h"
+#include "core/Paths.h"
+#include "core/Utf8.h"
+
+namespace broomtide {
+namespace {
+
+constexpr std::size_t longestFileName = 255;
+constexpr std::size_t longestTrashName = longestFileName - trashInfoSuffix.size();
+constexpr std::size_t longestExtension = 64;  // a longer one says nothing of the kind of a file
+
+// At most `most` bytes, whole characters.
+std::string_view shortened(std::string_view text, std::size_t most) {
+  std::size_t length = 0;
+  while (length < text.size()) {
+    const std::size_t next = length + utf8::decode(text.substr(length)).length;
+    if (next > most) break;
+    length = next;
+  }
+  return text.substr(0, length);
+}
+
+}  // namespace
+
+std::string trashName(std::string_view name, std::uint64_t number) {
+  std::string_view extension = paths::pathExtension(name);
+  if (extension.size() > longestExtension) extension = {};
+  std::string ending = number == 1 ? std::string() : '.' + std::to_string(number);
+  if (!extension.empty()) {
+    ending.append(".").append(extension);
+    name.remove_suffix(extension.size() + 1);
+  }
+  return std::string(shortened(name, longestTrashName - ending.size())) + ending;
+}
+
+std::string trashInfo(std::string_view path, Date movedAt) {
+  const std::time_t second = std::chrono::system_clock::to_time_t(
+      std::chrono::time_point_cast<std::chrono::system_clock::duration>(movedAt));
+  std::tm local{};
+  ::localtime_r(&second, &local);
+  std::array<char, 32> date{};
+  std::strftime(date.data(), date.size(), "%Y-%m-%dT%H:%M:%S", &local);
+  return "[Trash Info]\nPath=" + percentEncoded(path) + "\nDeletionDate=" + date.data() + '\n';
+}
+
+}  // namespace broomtide

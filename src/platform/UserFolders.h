@@ -1,0 +1,17 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+/// The folders that the system keeps for the user. All are absolute paths, which need not exist.
+namespace broomtide::UserFolders {
+
+/// The home folder that the user database gives for the real user, whatever the environment says;
+/// nothing when it gives none.
+std::optional<std::string> realHome();
+
+/// Where applications keep the user's data: `$XDG_DATA_HOME`, else `.local/share` in the home
+/// folder of the environment, else in the real one; nothing when none of them is known.
+std::optional<std::string> applicationData();
+
+}  // namespace broomtide::UserFolders

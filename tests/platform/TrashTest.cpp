@@ -1,0 +1,195 @@
+#include "platform/Trash.h"
+
+#include <filesystem>
+
+#include "core/Paths.h"
+#include "platform/FileIdentity.h"
+#include "platform/TrashName.h"
+#include "support/FaultyFileManager.h"
+#include "support/TemporaryTree.h"
+#include "support/TreeSnapshot.h"
+
+namespace broomtide {
+namespace {
+
+namespace fs = std::filesystem;
+using test::FaultyFileManager;
+using test::snapshotOf;
+
+std::error_code error(std::errc code) { return std::make_error_code(code); }
+
+// What a file manager does when the named operation on the item comes: something else happens
+// first, and perhaps it fails.
+FaultyFileManager::Interception when(
+    const std::string& operation, std::error_code failure, std::function<void()> first = [] {}) {
+  return [=](const std::string& called) {
+    if (!called.starts_with(operation)) return std::error_code();
+    first();
+    return failure;
+  };
+}
+
+class TrashMove : public testing::Test {
+ protected:
+  TrashMove() {
+    tree.file("work/build/object", "object");
+    tree.file("work/sibling", "sibling");
+    tree.folder("Trash/files");
+    tree.folder("Trash/info");
+  }
+
+  std::error_code move() {
+    Trash trash(files, tree.path("Trash"));
+    const std::error_code result = trash.move(
+        {.folder = tree.path("work"),
+         .name = "build",
+         .identity = FileIdentity::read(systemFileManager(), tree.path("work/build")).value_or(""),
+         .size = 4096,
+         .isFolder = true});
+    trash.recordSizes();
+    return result;
+  }
+
+  void swap() const { tree.run("mv build moved; mkdir build; echo new > build/new", "work"); }
+
+  test::TemporaryTree tree;
+  FaultyFileManager files;
+};
+
+TEST_F(TrashMove, EveryFailingStepLeavesTheItemWhereItWas) {
+  struct Row {
+    const char* name;
+    std::string step;
+    std::errc failure;
+  };
+  const std::vector<Row> rows{
+      {"the Trash cannot be created", "createFolder info", std::errc::read_only_file_system},
+      {"the information folder is read-only", "createFile build", std::errc::permission_denied},
+      {"the disk is full when the information is written", "writeFile",
+       std::errc::no_space_on_device},
+      {"renaming is refused", "rename build", std::errc::permission_denied},
+      {"the item is busy", "rename build", std::errc::device_or_resource_busy},
+      {"the Trash is on another file system", "rename build", std::errc::cross_device_link},
+      {"the file system cannot rename without replacing", "rename build",
+       std::errc::invalid_argument},
+  };
+  const auto before = snapshotOf(tree.path("work"));
+  for (const Row& row : rows) {
+    files.onChange = when(row.step, error(row.failure));
+    EXPECT_EQ(move(), row.failure) << row.name;
+    EXPECT_EQ(snapshotOf(tree.path("work")), before) << row.name;
+    EXPECT_TRUE(fs::is_empty(tree.path("Trash/info"))) << row.name;
+    EXPECT_TRUE(fs::is_empty(tree.path("Trash/files"))) << row.name;
+  }
+  // The information that cannot be taken back tells of an item that never came; no harm is done.
+  files.onChange = [](const std::string& called) {
+    return called.starts_with("rename") || called.starts_with("removeFile")
+               ? error(std::errc::io_error)
+               : std::error_code();
+  };
+  EXPECT_EQ(move(), std::errc::io_error);
+  EXPECT_EQ(snapshotOf(tree.path("work")), before);
+}
+
+TEST_F(TrashMove, ATakenNameGivesTheNextOne) {
+  tree.folder("Trash/files/build");
+  tree.file("Trash/info/build.2.trashinfo", "someone else's");
+  EXPECT_FALSE(move());
+  EXPECT_EQ(snapshotOf(tree.path("Trash/files/build.3")).size(), 1U);
+  EXPECT_TRUE(fs::is_empty(tree.path("Trash/files/build")));
+  EXPECT_FALSE(fs::exists(tree.path("Trash/info/build.trashinfo")));
+  EXPECT_TRUE(fs::exists(tree.path("Trash/info/build.3.trashinfo")));
+}
+
+TEST_F(TrashMove, AnItemThatIsSwappedAtTheLastMomentIsMovedBack) {
+  files.onChange = when("rename build", {}, [this, first = true]() mutable {
+    if (std::exchange(first, false)) swap();
+  });
+  EXPECT_TRUE(move());
+  EXPECT_TRUE(fs::exists(tree.path("work/build/new")));
+  EXPECT_TRUE(fs::exists(tree.path("work/moved/object")));
+  EXPECT_TRUE(fs::is_empty(tree.path("Trash/files")));
+  EXPECT_TRUE(fs::is_empty(tree.path("Trash/info")));
+}
+
+TEST_F(TrashMove, AnItemThatCannotBeMovedBackStaysInTheTrashWhole) {
+  // The first renaming moves the wrong item, the second one finds its old place taken.
+  files.onChange = when("rename build", {}, [this, renames = 0]() mutable {
+    if (renames++ == 0) {
+      swap();
+    } else {
+      tree.file("work/build", "third");
+    }
+  });
+  EXPECT_TRUE(move());
+  EXPECT_TRUE(fs::exists(tree.path("Trash/files/build/new")));
+  EXPECT_TRUE(fs::exists(tree.path("Trash/info/build.trashinfo")));
+  EXPECT_TRUE(fs::is_regular_file(tree.path("work/build")));
+  EXPECT_TRUE(fs::exists(tree.path("work/moved/object")));
+}
+
+TEST_F(TrashMove, AnItemThatCannotBeLookedAtAfterwardsIsMovedBack) {
+  bool isMoved = false;
+  files.onChange = when("rename", {}, [&] { isMoved = true; });
+  files.onAttributes = [&](const std::string& name) {
+    return isMoved && name == "build" ? error(std::errc::io_error) : std::error_code();
+  };
+  const auto before = snapshotOf(tree.path("work/build"));
+  EXPECT_EQ(move(), std::errc::io_error);
+  EXPECT_EQ(snapshotOf(tree.path("work/build")), before);
+  EXPECT_TRUE(fs::is_empty(tree.path("Trash/info")));
+}
+
+TEST_F(TrashMove, AFolderThatIsReplacedByALinkIsNotEntered) {
+  tree.file("outside/build/precious");
+  tree.run("mv work away; ln -s outside work");
+  const auto before = snapshotOf(tree.root());
+  EXPECT_TRUE(move());
+  EXPECT_EQ(snapshotOf(tree.root()), before);
+}
+
+TEST_F(TrashMove, FailingToRecordSizesIsNoFailure) {
+  for (const char* step :
+       {"openFile directorysizes", "createFile directorysizes", "rename directorysizes"}) {
+    tree.file("work/build/object", "object");
+    files.onChange = when(step, error(std::errc::io_error));
+    EXPECT_FALSE(move()) << step;
+    EXPECT_EQ(std::distance(fs::directory_iterator(tree.path("Trash")), {}), 2) << step;
+  }
+  tree.file("Trash/directorysizes", "1 2 kept");
+  files.onChange = [](const auto&) { return std::error_code(); };
+  tree.file("work/build/object", "object");
+  EXPECT_FALSE(move());
+  EXPECT_THAT(snapshotOf(tree.path("Trash")),
+              testing::Contains(testing::HasSubstr(" 1 2 kept\n4096 ")));
+}
+
+TEST(TrashName, FitsAndKeepsTheExtension) {
+  const std::string umlauts = [] {
+    std::string text;
+    for (int count = 0; count < 125; ++count) text += "ü";
+    return text;
+  }();
+  struct Row {
+    std::string name;
+    std::uint64_t number;
+    std::string expected;
+  };
+  for (const Row& row : std::vector<Row>{
+           {"build", 1, "build"},
+           {"build", 2, "build.2"},
+           {".next", 2, ".next.2"},
+           {"a.tar.gz", 12, "a.tar.12.gz"},
+           {std::string(255, 'n'), 1, std::string(245, 'n')},
+           {std::string(251, 'n') + ".log", 1, std::string(241, 'n') + ".log"},
+           {std::string(251, 'n') + ".log", 10, std::string(238, 'n') + ".10.log"},
+           {umlauts + ".zip", 1, umlauts.substr(0, 240) + ".zip"},
+           {"a." + std::string(250, 'x'), 1, "a." + std::string(243, 'x')},
+           {std::string(255, '\xff'), 1, std::string(245, '\xff')},
+       }) {
+    EXPECT_EQ(trashName(row.name, row.number), row.expected);
+  }
+}
+
+}  // namespace
+}  // namespace broomtide

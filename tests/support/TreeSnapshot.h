@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace broomtide::test {
+
+/// Everything below a folder: a line for each entry with its path, type, permissions, modification
+/// date and what it holds, by path. Nothing is left out but what looking at it changes.
+std::vector<std::string> snapshotOf(const std::string& root);
+
+}  // namespace broomtide::test
