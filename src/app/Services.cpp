@@ -19,12 +19,6 @@ std::optional<std::string> homeTrash() {
   return paths::appending(*data, "Trash");
 }
 
-}  // namespace
-
-std::unique_ptr<FileScanning> makeScanner() {
-  return std::make_unique<DefaultFileScanner>(systemFileManager());
-}
-
 std::unique_ptr<TrashManaging> makeTrashManager() {
   return std::make_unique<DefaultTrashManager>(
       systemFileManager(),
@@ -34,8 +28,19 @@ std::unique_ptr<TrashManaging> makeTrashManager() {
       homeTrash());
 }
 
-std::unique_ptr<HistoryStoring> makeHistoryStore() {
-  return std::make_unique<JSONHistoryStore>(std::nullopt, systemFileManager());
+}  // namespace
+
+std::unique_ptr<AppModel> makeModel(MainThread& mainThread, FolderPicking& folderPicker,
+                                    AccessGranting& access) {
+  return std::make_unique<AppModel>(
+      AppModel::Services{
+          .scanner = std::make_unique<DefaultFileScanner>(systemFileManager()),
+          .trashManager = makeTrashManager(),
+          .historyStore = std::make_unique<JSONHistoryStore>(std::nullopt, systemFileManager())},
+      AppModel::Surroundings{.mainThread = mainThread,
+                             .folderPicker = folderPicker,
+                             .access = access,
+                             .homeFolder = UserFolders::realHome()});
 }
 
 }  // namespace broomtide::services

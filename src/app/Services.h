@@ -2,20 +2,14 @@
 
 #include <memory>
 
-#include "core/FileScanning.h"
-#include "core/HistoryStoring.h"
-#include "core/TrashManaging.h"
+#include "app/AppModel.h"
 
 /// The one place that puts the real services together.
 namespace broomtide::services {
 
-/// A scanner of this machine's file system.
-std::unique_ptr<FileScanning> makeScanner();
-
-/// What moves items to the Trash of this machine's desktop.
-std::unique_ptr<TrashManaging> makeTrashManager();
-
-/// The history of the user.
-std::unique_ptr<HistoryStoring> makeHistoryStore();
+/// An app model that works on this machine's file system, with the Trash of its desktop and the
+/// user's own history. What it is given must outlive it.
+std::unique_ptr<AppModel> makeModel(MainThread& mainThread, FolderPicking& folderPicker,
+                                    AccessGranting& access);
 
 }  // namespace broomtide::services

@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/ExitStatus.h"
+#include "cli/FolderArguments.h"
 
 namespace broomtide::cli {
 
@@ -23,11 +24,10 @@ class ScanCommand {
 
  private:
   CLI::App* subcommand_;
-  std::string mode_ = "project";
+  FolderArguments folder_;
   std::string sort_ = "size";
   bool isJson_ = false;
   bool hasDetails_ = false;
-  std::string folder_;
 };
 
 }  // namespace broomtide::cli

@@ -1,51 +1,47 @@
 #include "cli/SortOrder.h"
 
 #include <algorithm>
-#include <cstddef>
-#include <numeric>
 #include <string>
-#include <utility>
 
 #include "cli/NameOrder.h"
 
 namespace broomtide::cli {
 namespace {
 
-// The place that the wanted order gives to each candidate, whatever its safety.
-std::vector<std::size_t> places(const std::vector<ScanCandidate>& candidates, SortOrder order) {
-  std::vector<std::size_t> sequence(candidates.size());
-  std::iota(sequence.begin(), sequence.end(), std::size_t{0});
-  if (order == SortOrder::size) {
-    std::ranges::stable_sort(sequence, std::ranges::greater{},
-                             [&](std::size_t index) { return candidates[index].size; });
-  } else if (order == SortOrder::date) {
-    std::ranges::stable_sort(sequence, {}, [&](std::size_t index) {
-      return candidates[index].modificationDate.value_or(Date::max());
-    });
-  } else {
-    std::vector<std::string> names;
-    names.reserve(candidates.size());
-    for (const ScanCandidate& candidate : candidates) names.push_back(candidate.relativePath);
-    sequence = naturalOrder(names);
-  }
-  std::vector<std::size_t> result(candidates.size());
-  for (std::size_t place = 0; place < sequence.size(); ++place) result[sequence[place]] = place;
-  return result;
+void sortByName(CandidateRows& rows) {
+  std::vector<std::string> names;
+  names.reserve(rows.size());
+  for (const ScanCandidate* candidate : rows) names.push_back(candidate->relativePath);
+  CandidateRows sorted;
+  sorted.reserve(rows.size());
+  for (const std::size_t index : naturalOrder(names)) sorted.push_back(rows[index]);
+  rows = std::move(sorted);
 }
 
 }  // namespace
 
-void sortCandidates(std::vector<ScanCandidate>& candidates, SortOrder order) {
-  const std::vector<std::size_t> place = places(candidates, order);
-  std::vector<std::size_t> sequence(candidates.size());
-  std::iota(sequence.begin(), sequence.end(), std::size_t{0});
-  std::ranges::sort(sequence, {}, [&](std::size_t index) {
-    return std::pair(candidates[index].safety, place[index]);
-  });
-  std::vector<ScanCandidate> sorted;
-  sorted.reserve(candidates.size());
-  for (const std::size_t index : sequence) sorted.push_back(std::move(candidates[index]));
-  candidates = std::move(sorted);
+CandidateRows rowsOf(const std::vector<ScanCandidate>& candidates) {
+  CandidateRows rows;
+  rows.reserve(candidates.size());
+  for (const ScanCandidate& candidate : candidates) rows.push_back(&candidate);
+  return rows;
+}
+
+void sortRows(CandidateRows& rows, SortOrder order) {
+  switch (order) {
+    case SortOrder::size:
+      std::ranges::stable_sort(rows, std::ranges::greater(), &ScanCandidate::size);
+      break;
+    case SortOrder::name:
+      sortByName(rows);
+      break;
+    case SortOrder::date:
+      std::ranges::stable_sort(rows, {}, [](const ScanCandidate* candidate) {
+        return candidate->modificationDate.value_or(Date::max());
+      });
+      break;
+  }
+  std::ranges::stable_sort(rows, {}, &ScanCandidate::safety);
 }
 
 }  // namespace broomtide::cli

@@ -6,11 +6,17 @@
 
 namespace broomtide::cli {
 
+/// Candidates as they are printed, one after the other; they belong to somebody else.
+using CandidateRows = std::vector<const ScanCandidate*>;
+
+/// All of these candidates, in their order. They must outlive the rows.
+CandidateRows rowsOf(const std::vector<ScanCandidate>& candidates);
+
 /// How candidates of equal safety are ordered.
 enum class SortOrder { size, name, date };
 
 /// Sorts candidates within each safety level: the largest first, by relative path as file managers
 /// do, or the oldest first with undated ones last. Equal ones keep their order.
-void sortCandidates(std::vector<ScanCandidate>& candidates, SortOrder order);
+void sortRows(CandidateRows& rows, SortOrder order);
 
 }  // namespace broomtide::cli

@@ -9,7 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "cli/CleanCommand.h"
 #include "cli/ExitStatus.h"
+#include "cli/HistoryCommand.h"
 #include "cli/ScanCommand.h"
 #include "cli/TerminalText.h"
 
@@ -47,6 +49,8 @@ ExitStatus run(int argumentCount, char** arguments) {
   application.set_version_flag("--version", "broomtide-cli " BROOMTIDE_VERSION);
   application.require_subcommand(1);
   ScanCommand scan(application);
+  CleanCommand clean(application);
+  HistoryCommand history(application);
   try {
     application.parse(argumentCount, arguments);
   } catch (const CLI::ParseError& stop) {
@@ -54,7 +58,9 @@ ExitStatus run(int argumentCount, char** arguments) {
     if (isAnswer) application.exit(stop);
     return isAnswer ? ExitStatus::done : reject(application, stop);
   }
-  return scan.run();
+  if (scan.isChosen()) return scan.run();
+  if (clean.isChosen()) return clean.run();
+  return history.run();
 }
 
 }  // namespace

@@ -1,0 +1,187 @@
+#include "app/AppModel.h"
+
+#include <chrono>
+#include <exception>
+#include <utility>
+
+#include "app/ErrorText.h"
+#include "app/FolderChoice.h"
+#include "core/Paths.h"
+#include "core/ScannerError.h"
+#include "core/Uuid.h"
+
+namespace broomtide {
+namespace {
+
+ScanProgress progressAt(std::string label) {
+  return {.entriesScanned = 0, .reclaimableBytes = 0, .currentPath = std::move(label)};
+}
+
+ScanProgress idleProgress() { return progressAt("Preparing scan…"); }
+
+std::string scanErrorText(const std::exception& error) {
+  const bool isCancelled = dynamic_cast<const CancellationError*>(&error) != nullptr;
+  return isCancelled ? "Scan cancelled. No files were changed." : errorText(error);
+}
+
+}  // namespace
+
+AppModel::AppModel(Services services, Surroundings surroundings)
+    : services_(std::move(services)),
+      surroundings_(std::move(surroundings)),
+      progress_(idleProgress()),
+      life_(this, [](AppModel*) {}) {}
+
+AppModel::~AppModel() = default;
+
+std::shared_ptr<void> AppModel::observe(Observer observer) {
+  return observers_.add(std::move(observer));
+}
+
+void AppModel::presentFolderPicker(std::optional<std::string> startingAt, ScanMode mode) {
+  const FolderRequest request = FolderChoice::request(mode, std::move(startingAt));
+  const std::optional<std::string> folder = surroundings_.folderPicker.pickFolder(request);
+  if (!folder) return;
+  if (mode == ScanMode::caches && !FolderChoice::containsKnownCacheLocation(*folder)) {
+    setErrorMessage(FolderChoice::refusal(*folder, surroundings_.homeFolder));
+    return;
+  }
+  giveAccessBack();
+  beginScan(*folder, mode, true);
+}
+
+void AppModel::chooseDownloadsFolder() {
+  std::optional<std::string> downloads;
+  if (surroundings_.homeFolder) {
+    downloads = paths::appending(*surroundings_.homeFolder, "Downloads");
+    if (!FolderChoice::exists(*downloads)) downloads.reset();
+  }
+  presentFolderPicker(std::move(downloads), ScanMode::downloads);
+}
+
+void AppModel::beginScan(std::string root, ScanMode mode, bool renewAccess) {
+  if (scanTask_) scanTask_->request_stop();
+  activeScanID_ = newUuid();
+  if (renewAccess) hasSecurityScopedAccess_ = surroundings_.access.startAccess(root);
+  rootURL_ = std::move(root);
+  scanMode_ = mode;
+  clearResults(progressAt(std::string(paths::lastComponent(*rootURL_))));
+  route_ = Route::scanning;
+  change(Field::route);
+  startScan(*activeScanID_);
+  tellChanges();
+}
+
+void AppModel::startScan(const std::string& identifier) {
+  const ModelLink link(surroundings_.mainThread, life_);
+  const auto work = [link, identifier, root = *rootURL_, mode = scanMode_,
+                     &scanner = *services_.scanner](const std::stop_token& stop) {
+    try {
+      ScanResult result = scanner.scan(
+          root, mode, std::chrono::system_clock::now(),
+          [&](const ScanProgress& progress, std::span<const ScanCandidate> candidates,
+              std::size_t unchanged) {
+            link.postAndWait(
+                [&](AppModel& model) {
+                  if (model.isCurrent(identifier))
+                    model.takeUpdate(progress, candidates, unchanged);
+                },
+                stop);
+          },
+          stop);
+      link.post([identifier, result = std::move(result)](AppModel& model) mutable {
+        if (model.isCurrent(identifier)) model.finishScan(std::move(result));
+      });
+    } catch (const std::exception& error) {
+      link.post([identifier, reason = scanErrorText(error)](AppModel& model) {
+        if (model.isCurrent(identifier)) model.failScan(reason);
+      });
+    }
+  };
+  try {
+    scanTask_ = tasks_.start(work);
+  } catch (const std::exception& error) {
+    failScan(errorText(error));
+  }
+}
+
+void AppModel::takeUpdate(const ScanProgress& progress, std::span<const ScanCandidate> candidates,
+                          std::size_t unchanged) {
+  progress_ = progress;
+  change(Field::progress);
+  candidates_.resize(unchanged);
+  const std::span<const ScanCandidate> others = candidates.subspan(unchanged);
+  candidates_.insert(candidates_.end(), others.begin(), others.end());
+  change(Field::candidates);
+  tellChanges();
+}
+
+void AppModel::finishScan(ScanResult result) {
+  activeScanID_.reset();
+  scanTask_.reset();
+  candidates_ = std::move(result.candidates);
+  change(Field::candidates);
+  scanIssues_ = std::move(result.issues);
+  change(Field::scanIssues);
+  projectContexts_ = std::move(result.projects);
+  change(Field::projectContexts);
+  setRoute(Route::results);
+}
+
+void AppModel::failScan(std::string reason) {
+  activeScanID_.reset();
+  scanTask_.reset();
+  giveAccessBack();
+  route_ = Route::welcome;
+  change(Field::route);
+  setErrorMessage(std::move(reason));
+}
+
+void AppModel::returnHome() {
+  activeScanID_.reset();
+  if (scanTask_) scanTask_->request_stop();
+  scanTask_.reset();
+  giveAccessBack();
+  rootURL_.reset();
+  clearResults(idleProgress());
+  setRoute(Route::welcome);
+}
+
+void AppModel::requestStop() {
+  if (scanTask_) scanTask_->request_stop();
+  if (cleanupTask_) cleanupTask_->request_stop();
+}
+
+void AppModel::setRoute(Route route) {
+  route_ = route;
+  change(Field::route);
+  tellChanges();
+}
+
+void AppModel::clearErrorMessage() { setErrorMessage(std::nullopt); }
+
+void AppModel::setErrorMessage(std::optional<std::string> message) {
+  errorMessage_ = std::move(message);
+  change(Field::errorMessage);
+  tellChanges();
+}
+
+void AppModel::clearResults(ScanProgress progress) {
+  candidates_.clear();
+  change(Field::candidates);
+  scanIssues_.clear();
+  change(Field::scanIssues);
+  projectContexts_.clear();
+  change(Field::projectContexts);
+  cleanupResult_.reset();
+  change(Field::cleanupResult);
+  progress_ = std::move(progress);
+  change(Field::progress);
+}
+
+void AppModel::giveAccessBack() {
+  if (hasSecurityScopedAccess_ && rootURL_) surroundings_.access.stopAccess(*rootURL_);
+  hasSecurityScopedAccess_ = false;
+}
+
+}  // namespace broomtide

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "app/FolderPicking.h"
+
+/// What people are told when they choose a folder, and which choices are turned down.
+namespace broomtide::FolderChoice {
+
+/// How the picker presents itself for a mode.
+FolderRequest request(ScanMode mode, std::optional<std::string> startingAt);
+
+/// Whether anything exists at `path`, through links; what cannot be looked at does not.
+bool exists(const std::string& path);
+
+/// Whether any of the known cache locations exists below `folder`.
+bool containsKnownCacheLocation(const std::string& folder);
+
+/// Why `folder` was turned down for a scan of caches. `home` is the home folder that is suggested
+/// instead, if it is known.
+std::string refusal(const std::string& folder, const std::optional<std::string>& home);
+
+}  // namespace broomtide::FolderChoice

@@ -1,0 +1,23 @@
+#include "cli/Failure.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <iostream>
+#include <system_error>
+
+#include "cli/TerminalText.h"
+
+namespace broomtide::cli {
+
+ExitStatus fail(const std::string& subject, std::string_view reason) {
+  std::fprintf(stderr, "broomtide-cli: %s: %s\n", visible(subject).c_str(),
+               visible(reason).c_str());
+  return ExitStatus::failed;
+}
+
+ExitStatus finishOutput() {
+  if (std::cout.flush()) return ExitStatus::done;
+  return fail("standard output", std::generic_category().message(errno));
+}
+
+}  // namespace broomtide::cli

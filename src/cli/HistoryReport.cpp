@@ -1,0 +1,45 @@
+#include "cli/HistoryReport.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "cli/DateText.h"
+#include "core/ByteCount.h"
+
+namespace broomtide::cli {
+namespace {
+
+std::string padding(std::size_t used, std::size_t width) {
+  return std::string(width > used ? width - used : 0, ' ');
+}
+
+}  // namespace
+
+void writeText(std::ostream& out, const std::vector<CleanupHistoryEntry>& entries,
+               const Style& style) {
+  using Role = Style::Role;
+  if (entries.empty()) {
+    out << style(Role::heading, "No cleanup history") << "\nCompleted cleanups will appear here.\n";
+    return;
+  }
+  // Date, count and size of each entry, and how wide each of these columns is.
+  std::vector<std::array<std::string, 3>> cells;
+  std::array<std::size_t, 3> widths{};
+  const DateText dateText;
+  for (const CleanupHistoryEntry& entry : entries) {
+    cells.push_back({dateText(entry.date), std::to_string(entry.movedCount) + " item(s)",
+                     formatByteCount(entry.movedBytes)});
+    for (std::size_t index = 0; index < widths.size(); ++index) {
+      widths[index] = std::max(widths[index], columns(cells.back()[index]));
+    }
+  }
+  for (std::size_t row = 0; row < entries.size(); ++row) {
+    const auto& [date, count, size] = cells[row];
+    out << style(Role::quiet, date) << padding(columns(date), widths[0]) << "  "
+        << padding(columns(count), widths[1]) << count << "  " << padding(columns(size), widths[2])
+        << size << "  " << visible(entries[row].rootPath) << '\n';
+  }
+}
+
+}  // namespace broomtide::cli

@@ -1,0 +1,90 @@
+#include "cli/Session.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <set>
+#include <stop_token>
+
+#include "app/Services.h"
+#include "cli/Failure.h"
+#include "cli/Interruption.h"
+#include "cli/ProgressLine.h"
+
+namespace broomtide::cli {
+
+Session::Session() : model_(services::makeModel(loop_, *this, access_)) {}
+
+ExitStatus Session::scan(const std::string& root, ScanMode mode) {
+  const Interruption interruption;
+  const std::stop_callback forward(interruption.token(),
+                                   [this] { loop_.post([this] { model_->requestStop(); }); });
+  {
+    ProgressLine line;
+    const auto observation = model_->observe([&](AppModel::Field field) {
+      if (field == AppModel::Field::progress) line.show(model_->progress());
+    });
+    begin(root, mode);
+    loop_.runUntil([this] { return model_->route() != Route::scanning; });
+  }
+  if (model_->route() == Route::results) return ExitStatus::done;
+  const std::string reason = model_->errorMessage().value_or("");
+  if (!interruption.token().stop_requested()) return fail(root, reason);
+  std::fprintf(stderr, "%s\n", reason.c_str());
+  return ExitStatus::interrupted;
+}
+
+// Nobody can pick what is no folder, or one that nobody may look into; scanning it tells why.
+void Session::begin(const std::string& root, ScanMode mode) {
+  std::error_code error;
+  const bool canBePicked =
+      std::filesystem::is_directory(root, error) && ::access(root.c_str(), R_OK) == 0;
+  choice_ = root;
+  if (canBePicked) {
+    model_->presentFolderPicker(std::nullopt, mode);
+  } else {
+    model_->beginScan(root, mode, true);
+  }
+}
+
+std::optional<std::string> Session::pickFolder(const FolderRequest&) { return choice_; }
+
+std::optional<std::string> Session::select(const std::vector<std::string>& identifiers) {
+  std::set<std::string_view> known;
+  for (const ScanCandidate& candidate : model_->candidates()) known.insert(candidate.id());
+  const std::set<std::string> wanted(identifiers.begin(), identifiers.end());
+  const auto unknown = std::ranges::find_if_not(
+      wanted, [&known](const std::string& identifier) { return known.contains(identifier); });
+  if (unknown != wanted.end()) return *unknown;
+  model_->unselectAll();
+  for (const std::string& identifier : wanted) model_->toggleCandidate(identifier);
+  return std::nullopt;
+}
+
+ExitStatus Session::clean() {
+  const Interruption interruption;
+  const std::stop_callback forward(interruption.token(),
+                                   [this] { loop_.post([this] { model_->requestStop(); }); });
+  isRecorded_ = false;
+  const auto observation = model_->observe([this](AppModel::Field field) {
+    if (field == AppModel::Field::history) isRecorded_ = true;
+  });
+  model_->showConfirmation();
+  model_->cleanSelectedItems();
+  loop_.runUntil([this] { return isRecorded_ || model_->errorMessage(); });
+
+  if (!isRecorded_) std::fprintf(stderr, "broomtide-cli: %s\n", model_->errorMessage()->c_str());
+  if (interruption.token().stop_requested()) return ExitStatus::interrupted;
+  const std::optional<CleanupResult>& result = model_->cleanupResult();
+  if (result && !result->failures.empty()) return ExitStatus::someLeftAlone;
+  return isRecorded_ ? ExitStatus::done : ExitStatus::failed;
+}
+
+void Session::loadHistory() {
+  model_->showHistory();
+  loop_.runUntil([this] { return model_->route() == Route::history; });
+}
+
+}  // namespace broomtide::cli

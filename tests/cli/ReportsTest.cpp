@@ -1,0 +1,102 @@
+#include "cli/ScanReport.h"
+
+#include <cstdlib>
+
+#include <sstream>
+
+#include "cli/HistoryReport.h"
+#include "cli/SortOrder.h"
+
+namespace broomtide::cli {
+namespace {
+
+std::string textOf(const ScanReport& report, const Style& style, Detail detail) {
+  std::ostringstream text;
+  writeText(text, report, style, detail);
+  return text.str();
+}
+
+ScanCandidate candidate(const std::string& path, SafetyLevel safety, std::int64_t size,
+                        std::optional<int> day = std::nullopt) {
+  ScanCandidate result;
+  result.relativePath = path;
+  result.safety = safety;
+  result.size = size;
+  result.category = "Cache";
+  result.isSelected = safety == SafetyLevel::safe;
+  if (day) result.modificationDate = Date(std::chrono::hours(24) * *day);
+  return result;
+}
+
+TEST(ScanReport, ReadsAsAPersonWouldExpect) {
+  const std::vector<ScanCandidate> candidates{
+      candidate("a/.next", SafetyLevel::safe, 1'200'000'000),
+      candidate("evil\n\x1b[31m", SafetyLevel::usuallySafe, 4096)};
+  const std::vector<ScanIssue> issues{ScanIssue::about("/r/locked", "Permission denied")};
+  const std::vector<ProjectContext> projects{
+      {.root = "/r", .kinds = {}, .manifests = {}, .gitRoot = std::nullopt}};
+  const ScanReport report{.mode = ScanMode::project,
+                          .root = "/r",
+                          .entriesScanned = 12,
+                          .candidates = rowsOf(candidates),
+                          .issues = issues,
+                          .projects = projects};
+  EXPECT_EQ(textOf(report, Style(false), Detail::facts),
+            "Safe to Clean · 1 item · 1.2 GB\n"
+            "  ✓    1.2 GB  a/.next  Cache · Low confidence · Git status unavailable\n"
+            "\n"
+            "Usually Safe · 1 item · 4 KB\n"
+            "         4 KB  evil\\n\\x1b[31m  Cache · Low confidence · Git status unavailable\n"
+            "\n"
+            "1 item(s) could not be read and were skipped.\n"
+            "    /r/locked: Permission denied\n"
+            "\n"
+            "2 items · 1.2 GB · 1 project · 12 entries scanned\n"
+            "✓ marks what is safe enough to be selected from the start: 1 item · 1.2 GB\n");
+  EXPECT_THAT(textOf(report, Style(true), Detail::reasons),
+              testing::HasSubstr("\x1b[1;32mSafe to Clean"));
+}
+
+TEST(HistoryReport, AlignsItsColumnsAndHidesNothing) {
+  const auto textOf = [](const std::vector<CleanupHistoryEntry>& entries) {
+    std::ostringstream text;
+    writeText(text, entries, Style(false));
+    return text.str();
+  };
+  EXPECT_EQ(textOf({}), "No cleanup history\nCompleted cleanups will appear here.\n");
+
+  ::setenv("TZ", "UTC", 1);
+  ::setenv("LC_ALL", "en_US.UTF-8", 1);
+  const CleanupHistoryEntry entry{.id = {},
+                                  .date = dateFromIso8601("2025-03-01T09:30:00Z").value(),
+                                  .rootPath = "/r\x1b[31m",
+                                  .movedCount = 12,
+                                  .movedBytes = 1'200'000'000,
+                                  .failures = {}};
+  CleanupHistoryEntry other = entry;
+  other.date += std::chrono::hours(24 * 10 + 12);
+  other.movedCount = other.movedBytes = 0;
+  EXPECT_EQ(textOf({other, entry}),
+            "Mar 11, 2025 at 9:30 PM   0 item(s)  Zero KB  /r\\x1b[31m\n"
+            "Mar 1, 2025 at 9:30 AM   12 item(s)   1.2 GB  /r\\x1b[31m\n");
+}
+
+TEST(ScanReport, SortsWithinEachSafetyLevel) {
+  using enum SafetyLevel;
+  const std::vector<ScanCandidate> candidates{
+      candidate("x/b10", safe, 1, 5), candidate("x/B9", safe, 9), candidate("x/a", safe, 5, 9),
+      candidate("0", usuallySafe, 100, 1)};
+  const auto order = [&](SortOrder wanted) {
+    CandidateRows rows = rowsOf(candidates);
+    sortRows(rows, wanted);
+    std::string paths;
+    for (const ScanCandidate* item : rows) paths += item->relativePath + ' ';
+    return paths;
+  };
+  EXPECT_EQ(order(SortOrder::name), "x/a x/B9 x/b10 0 ");
+  EXPECT_EQ(order(SortOrder::date), "x/b10 x/a x/B9 0 ");
+  EXPECT_EQ(order(SortOrder::size), "x/B9 x/a x/b10 0 ");
+}
+
+}  // namespace
+}  // namespace broomtide::cli
