@@ -34,7 +34,12 @@ class Observers {
       untold_.pop_front();
       const std::vector<std::weak_ptr<const Observer>> all = observers_;
       for (const std::weak_ptr<const Observer>& known : all) {
-        if (const std::shared_ptr<const Observer> observer = known.lock()) (*observer)(change);
+        // A copy, so that the handle alone decides whether somebody still wants to hear.
+        std::shared_ptr<const Observer> handle = known.lock();
+        if (handle == nullptr) continue;
+        const Observer observer = *handle;
+        handle.reset();
+        observer(change);
       }
     }
   }

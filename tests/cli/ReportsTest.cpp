@@ -1,7 +1,6 @@
 #include "cli/ScanReport.h"
 
 #include <cstdlib>
-
 #include <sstream>
 
 #include "cli/HistoryReport.h"
