@@ -12,10 +12,10 @@ import select
 import shutil
 import signal
 import subprocess
-import tempfile
 import unittest
 
-CLI = os.environ["BROOMTIDE_CLI"]
+from journey import CLI, Journey, environment
+
 INVALID_ROOT = "The selected folder no longer exists or is not a directory."
 PERMISSION_DENIED = (
     "Broomtide does not have permission to access this folder. "
@@ -23,47 +23,7 @@ PERMISSION_DENIED = (
 )
 
 
-def environment(**changes):
-    kept = {name: value for name, value in os.environ.items() if name != "NO_COLOR"}
-    return {**kept, "TERM": "xterm", **changes}
-
-
-class ScanJourney(unittest.TestCase):
-    def setUp(self):
-        self.root = tempfile.mkdtemp(prefix="broomtide-journey-")
-        self.addCleanup(subprocess.run, ["rm", "-rf", self.root], check=True)
-
-    def path(self, *parts):
-        return os.path.join(self.root, *parts)
-
-    def write(self, path, text=""):
-        path = self.path(path)
-        os.makedirs(os.path.dirname(path), exist_ok=True)
-        with open(path, "w") as file:
-            file.write(text)
-        return path
-
-    def scan(self, *arguments, **options):
-        return subprocess.run(
-            [CLI, "scan", *arguments], capture_output=True, timeout=120, env=environment(), **options
-        )
-
-    def document(self, *arguments, **options):
-        result = self.scan("--json", *arguments, **options)
-        self.assertEqual((result.returncode, result.stderr), (0, b""))
-        return json.loads(result.stdout)
-
-    def paths(self, *arguments, **options):
-        return [candidate["relativePath"] for candidate in self.document(*arguments, **options)["candidates"]]
-
-    def stubbed_git(self, script):
-        """The environment in which this script is the Git tool."""
-        stub = self.write("stub/usr/bin/git", "#!/bin/sh\n" + script)
-        os.chmod(stub, 0o755)
-        return environment(DEVELOPER_DIR=self.path("stub"))
-
-
-class Folders(ScanJourney):
+class Folders(Journey):
     def test_refusals_name_the_folder_and_the_reason(self):
         self.write("file")
         os.symlink("nowhere", self.path("dangling"))
@@ -146,7 +106,7 @@ class Folders(ScanJourney):
         self.assertIn(PERMISSION_DENIED, result.stderr.decode())
 
 
-class Names(ScanJourney):
+class Names(Journey):
     def test_no_name_can_forge_output(self):
         names = [
             b"a\nSafe to Clean \xc2\xb7 9 items.log",
@@ -182,7 +142,7 @@ class Names(ScanJourney):
         self.assertEqual(document["entriesScanned"], 2 + 2 + 41)
 
 
-class Sizes(ScanJourney):
+class Sizes(Journey):
     @staticmethod
     def few_files():
         resource.setrlimit(resource.RLIMIT_NOFILE, (256, 256))
@@ -216,7 +176,7 @@ class Sizes(ScanJourney):
         self.assertEqual(len(document["candidates"]), 200)
 
 
-class Git(ScanJourney):
+class Git(Journey):
     def setUp(self):
         super().setUp()
         self.write("app/package.json")
@@ -271,7 +231,7 @@ class Git(ScanJourney):
         self.fail("a child of the scan is still running")
 
 
-class Usage(ScanJourney):
+class Usage(Journey):
     def run_cli(self, *arguments):
         return subprocess.run([CLI, *arguments], capture_output=True, timeout=60, text=True)
 
