@@ -5,7 +5,9 @@ packages_run=(
   build-essential ccache cmake git libcli11-dev libicu-dev ninja-build nlohmann-json3-dev pkg-config python3
   uuid-dev
 )
-packages_test=(libgmock-dev libgtest-dev util-linux)
+packages_test=(
+  dbus dbus-daemon gvfs gvfs-daemons libglib2.0-bin libgmock-dev libgtest-dev trash-cli util-linux
+)
 packages_lint=(clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev)
 
 # missing_packages PACKAGE...: those that are not installed, one a line.
