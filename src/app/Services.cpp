@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "cleanup/DefaultTrashManager.h"
 #include "cleanup/JSONHistoryStore.h"
@@ -32,15 +33,15 @@ std::unique_ptr<TrashManaging> makeTrashManager() {
 
 std::unique_ptr<AppModel> makeModel(MainThread& mainThread, FolderPicking& folderPicker,
                                     AccessGranting& access) {
-  return std::make_unique<AppModel>(
-      AppModel::Services{
-          .scanner = std::make_unique<DefaultFileScanner>(systemFileManager()),
-          .trashManager = makeTrashManager(),
-          .historyStore = std::make_unique<JSONHistoryStore>(std::nullopt, systemFileManager())},
-      AppModel::Surroundings{.mainThread = mainThread,
-                             .folderPicker = folderPicker,
-                             .access = access,
-                             .homeFolder = UserFolders::realHome()});
+  AppModel::Services services;
+  services.scanner = std::make_unique<DefaultFileScanner>(systemFileManager());
+  services.trashManager = makeTrashManager();
+  services.historyStore = std::make_unique<JSONHistoryStore>(std::nullopt, systemFileManager());
+  return std::make_unique<AppModel>(std::move(services),
+                                    AppModel::Surroundings{.mainThread = mainThread,
+                                                           .folderPicker = folderPicker,
+                                                           .access = access,
+                                                           .homeFolder = UserFolders::realHome()});
 }
 
 }  // namespace broomtide::services

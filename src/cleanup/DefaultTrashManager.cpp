@@ -69,7 +69,7 @@ std::map<std::string, GitSnapshot> DefaultTrashManager::askGit(
     if (candidate.gitRoot) roots.push_back(*candidate.gitRoot);
   }
   std::ranges::sort(roots);
-  roots.erase(std::ranges::unique(roots).begin(), roots.end());
+  roots.erase(std::unique(roots.begin(), roots.end()), roots.end());
   try {
     return inspectGit_(roots, stop);
   } catch (const std::exception&) {

@@ -18,7 +18,7 @@ using HistoryCodec::Defect;
 
 // Others hold the lock for as long as one append takes, so that whoever holds it longer hangs.
 constexpr auto longestWait = 10s;
-constexpr auto pause = 1ms;
+constexpr auto pause = 100us;  // short enough to meet the moment between two appends of another
 
 std::optional<std::string> defaultFile() {
   const std::optional<std::string> data = UserFolders::applicationData();
