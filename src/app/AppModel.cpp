@@ -65,7 +65,7 @@ void AppModel::beginScan(std::string root, ScanMode mode, bool renewAccess) {
   if (renewAccess) hasSecurityScopedAccess_ = surroundings_.access.startAccess(root);
   rootURL_ = std::move(root);
   scanMode_ = mode;
-  clearResults(progressAt(std::string(paths::lastComponent(*rootURL_))));
+  clearResults(progressAt(std::string(paths::lastComponent(paths::standardized(*rootURL_)))));
   route_ = Route::scanning;
   change(Field::route);
   startScan(*activeScanID_);

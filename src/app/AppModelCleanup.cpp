@@ -75,14 +75,14 @@ void AppModel::cleanSelectedItems() {
 // What was moved is recorded even when the model is on its way out and takes no notice any more.
 void AppModel::startCleanup(std::vector<ScanCandidate> selected) {
   const ModelLink link(surroundings_.mainThread, life_);
-  const auto work = [link, selected = std::move(selected), root = *rootURL_,
-                     &services = services_](const std::stop_token& stop) {
+  auto work = [link, selected = std::move(selected), root = *rootURL_,
+               &services = services_](const std::stop_token& stop) {
     CleanupResult result = services.trashManager->moveToTrash(selected, root, stop);
-    const CleanupHistoryEntry entry = entryOf(result, root);
-    link.post([result = std::move(result)](AppModel& model) mutable {
-      model.finishCleanup(std::move(result));
-    });
     try {
+      const CleanupHistoryEntry entry = entryOf(result, root);
+      link.post([result = std::move(result)](AppModel& model) mutable {
+        model.finishCleanup(std::move(result));
+      });
       services.historyStore->append(entry);
       link.post([history = services.historyStore->load()](AppModel& model) mutable {
         model.setHistory(std::move(history));
@@ -95,7 +95,7 @@ void AppModel::startCleanup(std::vector<ScanCandidate> selected) {
     }
   };
   try {
-    cleanupTask_ = tasks_.start(work);
+    cleanupTask_ = tasks_.start(std::move(work));
   } catch (const std::exception& error) {
     isCleaning_ = false;
     change(Field::isCleaning);
