@@ -29,11 +29,12 @@ ExitStatus Session::scan(const std::string& root, ScanMode mode) {
     begin(root, mode);
     loop_.runUntil([this] { return model_->route() != Route::scanning; });
   }
+  if (interruption.token().stop_requested()) {  // also when the scan was just about to end
+    std::fputs("Scan cancelled. No files were changed.\n", stderr);
+    return ExitStatus::interrupted;
+  }
   if (model_->route() == Route::results) return ExitStatus::done;
-  const std::string reason = model_->errorMessage().value_or("");
-  if (!interruption.token().stop_requested()) return fail(root, reason);
-  std::fprintf(stderr, "%s\n", reason.c_str());
-  return ExitStatus::interrupted;
+  return fail(root, model_->errorMessage().value_or(""));
 }
 
 // Nobody can pick what is no folder, or one that nobody may look into; scanning it tells why.
