@@ -76,7 +76,8 @@ ExitStatus CleanCommand::select(Session& session, const std::string& root) const
   for (const std::string& item : items_) identifiers.push_back(paths::standardized(item));
   const std::optional<std::string> unknown = session.select(identifiers);
   if (!unknown) return ExitStatus::done;
-  return fail(root, "A scan finds no item '" + *unknown + "' here. Nothing was moved.");
+  return fail(root, "A scan finds no item '" + *unknown +
+                        "' here, so nothing was moved. broomtide-cli scan prints the paths.");
 }
 
 // Shows what is selected and asks. What a question is about stands where the question does.
@@ -118,9 +119,15 @@ void CleanCommand::report(const Session& session, const std::string& root,
     writeJson(std::cout, report);
   } else if (decision != Decision::leave) {
     writeText(std::cout, report, Style::forDescriptor(STDOUT_FILENO));
+  } else if (!selectedRows(model).empty()) {
+    std::cout << "Nothing was moved.\n";
   } else {
-    std::cout << (selectedRows(model).empty() ? "Nothing is selected, so nothing was moved.\n"
-                                              : "Nothing was moved.\n");
+    std::cout << "Nothing is selected, so nothing was moved.";
+    if (!model.candidates().empty()) {
+      std::cout << " A scan finds " << counted(model.candidates().size(), "item")
+                << " to choose from with --item.";
+    }
+    std::cout << '\n';
   }
 }
 

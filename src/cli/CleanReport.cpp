@@ -17,8 +17,9 @@ void writeText(std::ostream& out, const CleanReport& report, const Style& style)
     out << "Nothing was moved: this was a dry run.\n";
     return;
   }
-  out << style(Role::heading, "Cleanup complete") << " · " << counted(report.moved.size(), "item")
-      << " · " << formatByteCount(sumOfSizes(report.moved)) << " moved to Trash\n";
+  const std::string_view title = report.moved.empty() ? "Nothing was moved" : "Cleanup complete";
+  out << style(Role::heading, title) << " · " << counted(report.moved.size(), "item") << " · "
+      << formatByteCount(sumOfSizes(report.moved)) << " moved to Trash\n";
   if (!report.moved.empty()) out << "Your file manager can restore it from the Trash.\n";
   if (report.failures.empty()) return;
   out << style(Role::reviewFirst, counted(report.failures.size(), "item") + " left alone") << '\n';

@@ -38,7 +38,11 @@ void writeText(std::ostream& out, const std::vector<CleanupHistoryEntry>& entrie
     const auto& [date, count, size] = cells[row];
     out << style(Role::quiet, date) << padding(columns(date), widths[0]) << "  "
         << padding(columns(count), widths[1]) << count << "  " << padding(columns(size), widths[2])
-        << size << "  " << visible(entries[row].rootPath) << '\n';
+        << size << "  " << visible(entries[row].rootPath);
+    if (const std::size_t failures = entries[row].failures.size(); failures > 0) {
+      out << "  " << style(Role::quiet, std::to_string(failures) + " left alone");
+    }
+    out << '\n';
   }
 }
 

@@ -75,8 +75,9 @@ TEST(HistoryReport, AlignsItsColumnsAndHidesNothing) {
   CleanupHistoryEntry other = entry;
   other.date += std::chrono::hours(24 * 10 + 12);
   other.movedCount = other.movedBytes = 0;
+  other.failures.resize(2);
   EXPECT_EQ(textOf({other, entry}),
-            "Mar 11, 2025 at 9:30 PM   0 item(s)  Zero KB  /r\\x1b[31m\n"
+            "Mar 11, 2025 at 9:30 PM   0 item(s)  Zero KB  /r\\x1b[31m  2 left alone\n"
             "Mar 1, 2025 at 9:30 AM   12 item(s)   1.2 GB  /r\\x1b[31m\n");
 }
 
