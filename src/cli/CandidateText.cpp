@@ -4,6 +4,7 @@
 #include <span>
 
 #include "core/ByteCount.h"
+#include "core/VisibleText.h"
 
 namespace broomtide::cli {
 namespace {

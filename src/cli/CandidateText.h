@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "cli/SortOrder.h"
 #include "cli/TerminalText.h"
+#include "core/SortOrder.h"
 
 namespace broomtide::cli {
 

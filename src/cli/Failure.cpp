@@ -5,7 +5,7 @@
 #include <iostream>
 #include <system_error>
 
-#include "cli/TerminalText.h"
+#include "core/VisibleText.h"
 
 namespace broomtide::cli {
 

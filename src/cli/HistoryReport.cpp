@@ -4,8 +4,9 @@
 #include <array>
 #include <string>
 
-#include "cli/DateText.h"
 #include "core/ByteCount.h"
+#include "core/DateText.h"
+#include "core/VisibleText.h"
 
 namespace broomtide::cli {
 namespace {

@@ -8,6 +8,7 @@
 
 #include "cli/TerminalText.h"
 #include "core/ByteCount.h"
+#include "core/VisibleText.h"
 
 namespace broomtide::cli {
 namespace {

@@ -6,6 +6,7 @@
 #include "cli/JsonText.h"
 #include "core/ByteCount.h"
 #include "core/FileUrl.h"
+#include "core/VisibleText.h"
 
 namespace broomtide::cli {
 namespace {

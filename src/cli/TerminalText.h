@@ -6,11 +6,6 @@
 
 namespace broomtide::cli {
 
-/// A name as it can be shown on a terminal: what could move the cursor, change colours, start a new
-/// line, turn the direction of the text or stay unseen becomes a visible escape such as \n, \x1b or
-/// \u202e, a backslash is doubled, and bytes that are not UTF-8 become U+FFFD.
-std::string visible(std::string_view name);
-
 /// The number of columns that a visible text takes on a terminal.
 std::size_t columns(std::string_view text);
 

@@ -13,7 +13,7 @@
 #include "cli/ExitStatus.h"
 #include "cli/HistoryCommand.h"
 #include "cli/ScanCommand.h"
-#include "cli/TerminalText.h"
+#include "core/VisibleText.h"
 
 namespace broomtide::cli {
 namespace {

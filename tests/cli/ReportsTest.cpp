@@ -4,7 +4,6 @@
 #include <sstream>
 
 #include "cli/HistoryReport.h"
-#include "cli/SortOrder.h"
 
 namespace broomtide::cli {
 namespace {
@@ -15,15 +14,13 @@ std::string textOf(const ScanReport& report, const Style& style, Detail detail) 
   return text.str();
 }
 
-ScanCandidate candidate(const std::string& path, SafetyLevel safety, std::int64_t size,
-                        std::optional<int> day = std::nullopt) {
+ScanCandidate candidate(const std::string& path, SafetyLevel safety, std::int64_t size) {
   ScanCandidate result;
   result.relativePath = path;
   result.safety = safety;
   result.size = size;
   result.category = "Cache";
   result.isSelected = safety == SafetyLevel::safe;
-  if (day) result.modificationDate = Date(std::chrono::hours(24) * *day);
   return result;
 }
 
@@ -79,23 +76,6 @@ TEST(HistoryReport, AlignsItsColumnsAndHidesNothing) {
   EXPECT_EQ(textOf({other, entry}),
             "Mar 11, 2025 at 9:30 PM   0 item(s)  Zero KB  /r\\x1b[31m  2 left alone\n"
             "Mar 1, 2025 at 9:30 AM   12 item(s)   1.2 GB  /r\\x1b[31m\n");
-}
-
-TEST(ScanReport, SortsWithinEachSafetyLevel) {
-  using enum SafetyLevel;
-  const std::vector<ScanCandidate> candidates{
-      candidate("x/b10", safe, 1, 5), candidate("x/B9", safe, 9), candidate("x/a", safe, 5, 9),
-      candidate("0", usuallySafe, 100, 1)};
-  const auto order = [&](SortOrder wanted) {
-    CandidateRows rows = rowsOf(candidates);
-    sortRows(rows, wanted);
-    std::string paths;
-    for (const ScanCandidate* item : rows) paths += item->relativePath + ' ';
-    return paths;
-  };
-  EXPECT_EQ(order(SortOrder::name), "x/a x/B9 x/b10 0 ");
-  EXPECT_EQ(order(SortOrder::date), "x/b10 x/a x/B9 0 ");
-  EXPECT_EQ(order(SortOrder::size), "x/B9 x/a x/b10 0 ");
 }
 
 }  // namespace

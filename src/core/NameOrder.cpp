@@ -1,4 +1,4 @@
-#include "cli/NameOrder.h"
+#include "core/NameOrder.h"
 
 #include <unicode/coll.h>
 
@@ -9,7 +9,7 @@
 
 #include "core/Utf8.h"
 
-namespace broomtide::cli {
+namespace broomtide {
 namespace {
 
 std::unique_ptr<icu::Collator> naturalCollator() {
@@ -49,4 +49,4 @@ std::vector<std::size_t> naturalOrder(const std::vector<std::string>& names) {
   return order;
 }
 
-}  // namespace broomtide::cli
+}  // namespace broomtide

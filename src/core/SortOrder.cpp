@@ -1,11 +1,11 @@
-#include "cli/SortOrder.h"
+#include "core/SortOrder.h"
 
 #include <algorithm>
 #include <string>
 
-#include "cli/NameOrder.h"
+#include "core/NameOrder.h"
 
-namespace broomtide::cli {
+namespace broomtide {
 namespace {
 
 void sortByName(CandidateRows& rows) {
@@ -44,4 +44,4 @@ void sortRows(CandidateRows& rows, SortOrder order) {
   std::ranges::stable_sort(rows, {}, &ScanCandidate::safety);
 }
 
-}  // namespace broomtide::cli
+}  // namespace broomtide

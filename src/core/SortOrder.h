@@ -4,9 +4,9 @@
 
 #include "core/ScanCandidate.h"
 
-namespace broomtide::cli {
+namespace broomtide {
 
-/// Candidates as they are printed, one after the other; they belong to somebody else.
+/// Candidates as they are shown, one after the other; they belong to somebody else.
 using CandidateRows = std::vector<const ScanCandidate*>;
 
 /// All of these candidates, in their order. They must outlive the rows.
@@ -19,4 +19,4 @@ enum class SortOrder { size, name, date };
 /// do, or the oldest first with undated ones last. Equal ones keep their order.
 void sortRows(CandidateRows& rows, SortOrder order);
 
-}  // namespace broomtide::cli
+}  // namespace broomtide

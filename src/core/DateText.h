@@ -5,7 +5,7 @@
 
 #include "core/Date.h"
 
-namespace broomtide::cli {
+namespace broomtide {
 
 /// Dates in the user's language and time zone: abbreviated, with a short time, such as
 /// "Mar 1, 2025 at 9:30 AM" in English.
@@ -24,4 +24,4 @@ class DateText {
   std::unique_ptr<Format> format_;
 };
 
-}  // namespace broomtide::cli
+}  // namespace broomtide

@@ -1,9 +1,9 @@
-#include "cli/DateText.h"
+#include "core/DateText.h"
 
 #include <unicode/dtptngen.h>
 #include <unicode/smpdtfmt.h>
 
-namespace broomtide::cli {
+namespace broomtide {
 namespace {
 
 using Pattern = icu::UnicodeString;
@@ -58,4 +58,4 @@ DateText::~DateText() = default;
 
 std::string DateText::operator()(Date date) const { return format_->text(date); }
 
-}  // namespace broomtide::cli
+}  // namespace broomtide
