@@ -1,15 +1,41 @@
 #include "core/SortOrder.h"
 
 #include <algorithm>
-#include <string>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <utility>
 
 #include "core/NameOrder.h"
 
 namespace broomtide {
 namespace {
 
+// What decides about a row, kept together: candidates lie far apart in memory.
+struct Entry {
+  SafetyLevel safety;
+  std::int64_t rank;
+  const ScanCandidate* candidate;
+
+  bool operator<(const Entry& other) const {
+    return safety == other.safety ? rank < other.rank : safety < other.safety;
+  }
+};
+
+std::int64_t rankOf(const ScanCandidate& candidate, SortOrder order) {
+  switch (order) {
+    case SortOrder::size:
+      return ~candidate.size;  // turns the order around, and never overflows
+    case SortOrder::date:
+      return candidate.modificationDate.value_or(Date::max()).time_since_epoch().count();
+    case SortOrder::name:
+      break;
+  }
+  return 0;
+}
+
 void sortByName(CandidateRows& rows) {
-  std::vector<std::string> names;
+  std::vector<std::string_view> names;
   names.reserve(rows.size());
   for (const ScanCandidate* candidate : rows) names.push_back(candidate->relativePath);
   CandidateRows sorted;
@@ -28,20 +54,14 @@ CandidateRows rowsOf(const std::vector<ScanCandidate>& candidates) {
 }
 
 void sortRows(CandidateRows& rows, SortOrder order) {
-  switch (order) {
-    case SortOrder::size:
-      std::ranges::stable_sort(rows, std::ranges::greater(), &ScanCandidate::size);
-      break;
-    case SortOrder::name:
-      sortByName(rows);
-      break;
-    case SortOrder::date:
-      std::ranges::stable_sort(rows, {}, [](const ScanCandidate* candidate) {
-        return candidate->modificationDate.value_or(Date::max());
-      });
-      break;
+  if (order == SortOrder::name) sortByName(rows);
+  std::vector<Entry> entries;
+  entries.reserve(rows.size());
+  for (const ScanCandidate* candidate : rows) {
+    entries.push_back({candidate->safety, rankOf(*candidate, order), candidate});
   }
-  std::ranges::stable_sort(rows, {}, &ScanCandidate::safety);
+  std::stable_sort(entries.begin(), entries.end());
+  std::ranges::transform(entries, rows.begin(), &Entry::candidate);
 }
 
 }  // namespace broomtide
