@@ -29,7 +29,8 @@ void writeText(std::ostream& out, const std::vector<CleanupHistoryEntry>& entrie
   std::array<std::size_t, 3> widths{};
   const DateText dateText;
   for (const CleanupHistoryEntry& entry : entries) {
-    cells.push_back({dateText(entry.date), std::to_string(entry.movedCount) + " item(s)",
+    cells.push_back({dateText.dateAndTime(entry.date),
+                     std::to_string(entry.movedCount) + " item(s)",
                      formatByteCount(entry.movedBytes)});
     for (std::size_t index = 0; index < widths.size(); ++index) {
       widths[index] = std::max(widths[index], columns(cells.back()[index]));

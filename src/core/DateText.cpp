@@ -16,15 +16,18 @@ Pattern patternOf(icu::DateFormat* owned) {
   return pattern;
 }
 
+Pattern datePattern(const icu::Locale& user, UErrorCode&) {
+  return patternOf(icu::DateFormat::createDateInstance(icu::DateFormat::kMedium, user));
+}
+
 // The library joins a date and a time with words in its long forms alone, so that the way of
 // joining is taken from those and the date from the medium one.
-Pattern userPattern(const icu::Locale& user, UErrorCode& status) {
+Pattern dateAndTimePattern(const icu::Locale& user, UErrorCode& status) {
   const std::unique_ptr<icu::DateTimePatternGenerator> generator(
       icu::DateTimePatternGenerator::createInstance(user, status));
   if (U_FAILURE(status)) return {};
   Pattern pattern = generator->getDateTimeFormat(UDAT_LONG, status);
-  pattern.findAndReplace(
-      "{1}", patternOf(icu::DateFormat::createDateInstance(icu::DateFormat::kMedium, user)));
+  pattern.findAndReplace("{1}", datePattern(user, status));
   pattern.findAndReplace(
       "{0}", patternOf(icu::DateFormat::createTimeInstance(icu::DateFormat::kShort, user)));
   return pattern;
@@ -34,8 +37,18 @@ Pattern userPattern(const icu::Locale& user, UErrorCode& status) {
 
 class DateText::Format {
  public:
-  Format() : format_(userPattern(icu::Locale(), status_), icu::Locale(), status_) {}
+  using MakePattern = Pattern(const icu::Locale& user, UErrorCode& status);
 
+  explicit Format(MakePattern& makePattern)
+      : format_(makePattern(icu::Locale(), status_), icu::Locale(), status_) {}
+
+  // In the format of `made`, which is made with `makePattern` unless it has been.
+  static std::string text(std::unique_ptr<Format>& made, MakePattern& makePattern, Date date) {
+    if (made == nullptr) made = std::make_unique<Format>(makePattern);
+    return made->text(date);
+  }
+
+ private:
   std::string text(Date date) const {
     if (U_FAILURE(status_)) return iso8601(date);
     const auto milliseconds = std::chrono::duration<double, std::milli>(date.time_since_epoch());
@@ -47,15 +60,18 @@ class DateText::Format {
     return text.toUTF8String(bytes);
   }
 
- private:
   UErrorCode status_ = U_ZERO_ERROR;
   icu::SimpleDateFormat format_;
 };
 
-DateText::DateText() : format_(std::make_unique<Format>()) {}
+DateText::DateText() = default;
 
 DateText::~DateText() = default;
 
-std::string DateText::operator()(Date date) const { return format_->text(date); }
+std::string DateText::date(Date date) const { return Format::text(date_, datePattern, date); }
+
+std::string DateText::dateAndTime(Date date) const {
+  return Format::text(dateAndTime_, dateAndTimePattern, date);
+}
 
 }  // namespace broomtide

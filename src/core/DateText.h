@@ -7,8 +7,8 @@
 
 namespace broomtide {
 
-/// Dates in the user's language and time zone: abbreviated, with a short time, such as
-/// "Mar 1, 2025 at 9:30 AM" in English.
+/// Dates in the user's language and time zone, which are looked up once for each object and form. A
+/// format that cannot be had is replaced by ISO 8601. One thread at a time uses an object.
 class DateText {
  public:
   DateText();
@@ -17,11 +17,16 @@ class DateText {
   DateText(const DateText&) = delete;
   DateText& operator=(const DateText&) = delete;
 
-  std::string operator()(Date date) const;
+  /// The abbreviated date alone, such as "Mar 1, 2025" in English.
+  std::string date(Date date) const;
+
+  /// The same with a short time, such as "Mar 1, 2025 at 9:30 AM" in English.
+  std::string dateAndTime(Date date) const;
 
  private:
   class Format;
-  std::unique_ptr<Format> format_;
+  mutable std::unique_ptr<Format> date_;  // each made when it is first needed, which takes a while
+  mutable std::unique_ptr<Format> dateAndTime_;
 };
 
 }  // namespace broomtide
