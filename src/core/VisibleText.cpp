@@ -2,6 +2,7 @@
 
 #include <unicode/uchar.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -25,6 +26,12 @@ bool isDeceptive(char32_t codePoint) {
          u_hasBinaryProperty(static_cast<UChar32>(codePoint), UCHAR_DEFAULT_IGNORABLE_CODE_POINT);
 }
 
+// Most names are this plain, and lists of them are long.
+bool isPlain(std::string_view name) {
+  return std::ranges::all_of(name,
+                             [](char byte) { return byte >= ' ' && byte <= '~' && byte != '\\'; });
+}
+
 std::string escape(char32_t codePoint) {
   if (codePoint == '\n') return "\\n";
   if (codePoint == '\t') return "\\t";
@@ -39,6 +46,7 @@ std::string escape(char32_t codePoint) {
 }  // namespace
 
 std::string visible(std::string_view name) {
+  if (isPlain(name)) return std::string(name);
   std::string result;
   result.reserve(name.size());
   while (!name.empty()) {
