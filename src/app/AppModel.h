@@ -93,6 +93,9 @@ class AppModel {
   /// The mode of the current or last scan.
   ScanMode scanMode() const { return scanMode_; }
 
+  /// The home folder of the real user; nothing when it is unknown.
+  const std::optional<std::string>& homeFolder() const { return surroundings_.homeFolder; }
+
   /// Lets people choose a folder and scans it. A choice for `caches` that holds no known cache
   /// location sets `errorMessage` instead.
   void presentFolderPicker(std::optional<std::string> startingAt, ScanMode mode);
@@ -120,6 +123,7 @@ class AppModel {
 
   /// In the order of the candidates.
   std::vector<ScanCandidate> selectedCandidates() const;
+  std::size_t selectedCount() const;
   std::int64_t selectedBytes() const;
   std::int64_t totalBytes() const;
 

@@ -28,6 +28,8 @@ std::vector<ScanCandidate> AppModel::selectedCandidates() const {
   return Selection::selected(candidates_);
 }
 
+std::size_t AppModel::selectedCount() const { return Selection::selectedCount(candidates_); }
+
 std::int64_t AppModel::selectedBytes() const { return Selection::selectedBytes(candidates_); }
 
 std::int64_t AppModel::totalBytes() const { return Selection::totalBytes(candidates_); }

@@ -1,7 +1,6 @@
 #include "app/Selection.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <iterator>
 #include <string>
 #include <string_view>
@@ -63,6 +62,10 @@ std::vector<ScanCandidate> selected(std::span<const ScanCandidate> candidates) {
   std::vector<ScanCandidate> result;
   std::ranges::copy_if(candidates, std::back_inserter(result), &ScanCandidate::isSelected);
   return result;
+}
+
+std::size_t selectedCount(std::span<const ScanCandidate> candidates) {
+  return static_cast<std::size_t>(std::ranges::count_if(candidates, &ScanCandidate::isSelected));
 }
 
 std::int64_t selectedBytes(std::span<const ScanCandidate> candidates) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -17,6 +18,7 @@ bool isSafeBeyondDoubt(const ScanCandidate& candidate);
 /// The selected candidates in their order.
 std::vector<ScanCandidate> selected(std::span<const ScanCandidate> candidates);
 
+std::size_t selectedCount(std::span<const ScanCandidate> candidates);
 std::int64_t selectedBytes(std::span<const ScanCandidate> candidates);
 std::int64_t totalBytes(std::span<const ScanCandidate> candidates);
 

@@ -238,6 +238,7 @@ TEST_F(Model, TheDownloadsFolderIsOfferedIfThereIsOne) {
   tree.folder("home/Downloads");
   model->chooseDownloadsFolder();
   EXPECT_EQ(picker.requests.at(0).startingAt, std::nullopt);
+  EXPECT_EQ(model->homeFolder(), tree.path("home"));
   EXPECT_EQ(picker.requests.at(1).startingAt, tree.path("home/Downloads"));
   EXPECT_EQ(picker.requests.at(1).mode, ScanMode::downloads);
 }
@@ -283,6 +284,7 @@ TEST_F(Model, SelectsWhatIsSafeBeyondDoubt) {
   scan(list);
   model->selectSafeItems();
   EXPECT_THAT(selectedPaths(), ElementsAre("ignored", "alone"));
+  EXPECT_EQ(model->selectedCount(), 2U);
   EXPECT_EQ(model->selectedBytes(), 20);
 
   model->toggleCandidate("medium");
@@ -293,6 +295,7 @@ TEST_F(Model, SelectsWhatIsSafeBeyondDoubt) {
   EXPECT_EQ(model->route(), Route::confirmation);
   model->setRoute(Route::results);
   model->unselectAll();
+  EXPECT_EQ(model->selectedCount(), 0U);
   model->showConfirmation();
   EXPECT_EQ(model->route(), Route::results);
 }
