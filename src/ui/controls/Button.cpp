@@ -1,0 +1,66 @@
+#include "ui/controls/Button.h"
+
+#include <QEvent>
+#include <QShortcut>
+#include <utility>
+
+#include "ui/look/Symbols.h"
+#include "ui/look/Theme.h"
+#include "ui/look/Typography.h"
+
+namespace broomtide::ui {
+namespace {
+
+QShortcut* shortcut(QWidget& screen, Qt::Key key) {
+  auto* result = new QShortcut(QKeySequence(key), &screen);
+  result->setContext(Qt::WidgetWithChildrenShortcut);
+  result->setAutoRepeat(false);
+  return result;
+}
+
+// The button that people would expect Return to press: the one that has the focus, if any.
+QAbstractButton& buttonInFocus(const QWidget& screen, QAbstractButton& otherwise) {
+  auto* focused = qobject_cast<QPushButton*>(screen.focusWidget());
+  const bool isButton = focused != nullptr && focused->hasFocus() && focused->isEnabled();
+  return isButton ? *focused : otherwise;
+}
+
+}  // namespace
+
+Button::Button(const QString& text, Look look, QString symbol, QWidget* parent)
+    : QPushButton(text, parent), look_(look), symbol_(std::move(symbol)) {
+  setDefault(look == Look::prominent);
+  setFlat(look == Look::plain);
+  setFont(fontFor(look == Look::prominent ? TextStyle::medium : TextStyle::body));
+  applyTheme();
+}
+
+void Button::changeEvent(QEvent* event) {
+  QPushButton::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ParentChange) applyTheme();
+}
+
+void Button::applyTheme() {
+  const Theme& theme = Theme::of(palette());
+  const QColor colour = look_ == Look::plain ? theme.secondary : theme.text;
+  if (look_ == Look::plain && palette().color(QPalette::Active, QPalette::ButtonText) != colour) {
+    QPalette changed;
+    changed.setColor(QPalette::ButtonText, colour);
+    setPalette(changed);
+  }
+  if (!symbol_.isEmpty()) setIcon(symbols::icon(symbol_, colour));
+}
+
+void setDefaultAction(QWidget& screen, QAbstractButton& button) {
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+    QObject::connect(shortcut(screen, key), &QShortcut::activated, &button,
+                     [&screen, &button] { buttonInFocus(screen, button).click(); });
+  }
+}
+
+void setCancelAction(QWidget& screen, QAbstractButton& button) {
+  QObject::connect(shortcut(screen, Qt::Key_Escape), &QShortcut::activated, &button,
+                   [&button] { button.click(); });
+}
+
+}  // namespace broomtide::ui

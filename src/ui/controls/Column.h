@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QVBoxLayout>
+#include <QWidget>
+
+namespace broomtide::ui {
+
+/// What stands in the middle of a wide window: a column that is as wide as its place until its
+/// lines would be too long to read, with one line under another.
+class Column final : public QWidget {
+ public:
+  /// What goes into the column: with something that scrolls, there is room for its scroll bar
+  /// outside of the lines, and what does not scroll keeps clear of it.
+  enum class Content { fixed, scrolling };
+
+  /// Puts the column into `place`, which must have no layout yet.
+  Column(QWidget& place, int widest, Content content = Content::fixed);
+
+  /// Adds a line that ends where the content of a scrolling one ends.
+  void addClearOfScrollBar(QWidget* line);
+
+  QVBoxLayout& lines() { return *lines_; }
+
+ private:
+  QVBoxLayout* lines_;
+};
+
+}  // namespace broomtide::ui

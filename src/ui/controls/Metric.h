@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QWidget>
+
+namespace broomtide::ui {
+
+class Label;
+
+/// A value with what it means beneath it.
+class Metric final : public QWidget {
+ public:
+  explicit Metric(const QString& label, Qt::Alignment alignment, QWidget* parent = nullptr);
+
+  void setValue(const QString& value);
+  QString value() const;
+  QString label() const;
+
+ private:
+  Label* value_;
+  Label* label_;
+};
+
+}  // namespace broomtide::ui

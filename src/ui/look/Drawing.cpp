@@ -1,0 +1,76 @@
+#include "ui/look/Drawing.h"
+
+#include <QPainter>
+
+#include "ui/look/Symbols.h"
+#include "ui/look/Theme.h"
+
+namespace broomtide::ui::drawing {
+
+void surface(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& outline,
+             int radius) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(fill.isValid() ? QBrush(fill) : Qt::NoBrush);
+  painter.setPen(outline.isValid() ? QPen(outline, 1) : Qt::NoPen);
+  constexpr double half = 0.5;
+  const QRectF shape =
+      outline.isValid() ? QRectF(rect).adjusted(half, half, -half, -half) : QRectF(rect);
+  painter.drawRoundedRect(shape, radius, radius);
+  painter.restore();
+}
+
+void cardSlice(QPainter& painter, const QRect& rect, PlaceInCard place, const QColor& fill,
+               const QColor& outline, int separatorFrom) {
+  painter.save();
+  painter.setClipRect(rect, Qt::IntersectClip);
+  const int beyond = 2 * cardRadius;
+  const QRect card = rect.adjusted(0, place.isFirst ? 0 : -beyond, 0, place.isLast ? 0 : beyond);
+  surface(painter, card, fill, outline, cardRadius);
+  if (!place.isLast) {
+    painter.setPen(outline);
+    painter.drawLine(separatorFrom, rect.bottom(), rect.right() - 1, rect.bottom());
+  }
+  painter.restore();
+}
+
+void line(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
+          const QString& text, Qt::TextElideMode elision, Qt::Alignment alignment) {
+  painter.setFont(font);
+  painter.setPen(colour);
+  const QString shown = painter.fontMetrics().elidedText(text, elision, rect.width());
+  painter.drawText(rect, static_cast<int>(alignment | Qt::AlignVCenter) | Qt::TextSingleLine,
+                   shown);
+}
+
+void focusRing(QPainter& painter, const QRect& rect, const QColor& colour, int radius) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(Qt::NoBrush);
+  constexpr double width = 2;
+  painter.setPen(QPen(colour, width));
+  painter.drawRoundedRect(QRectF(rect).adjusted(1, 1, -1, -1), radius, radius);
+  painter.restore();
+}
+
+bool showsFocus(const QStyleOption& option) {
+  constexpr QStyle::State both = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
+  return (option.state & both) == both;
+}
+
+void tickBox(QPainter& painter, const QRect& rect, QStyle::State state, const QPalette& palette) {
+  const Theme& theme = Theme::of(palette);
+  const bool isEnabled = (state & QStyle::State_Enabled) != 0;
+  const QColor colour = isEnabled ? theme.accent : theme.disabled;
+  constexpr int radius = 4;
+  if ((state & QStyle::State_On) != 0) {
+    surface(painter, rect, colour, {}, radius);
+    symbols::paint(painter, QStringLiteral("checkmark"), theme.onAccent,
+                   rect.adjusted(2, 2, -2, -2));
+    return;
+  }
+  const bool isHovered = isEnabled && (state & QStyle::State_MouseOver) != 0;
+  surface(painter, rect, theme.card, isHovered ? colour : theme.tertiary, radius);
+}
+
+}  // namespace broomtide::ui::drawing

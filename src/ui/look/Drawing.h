@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QStyleOption>
+
+QT_FORWARD_DECLARE_CLASS(QPainter)
+
+/// Shapes that several controls are made of.
+namespace broomtide::ui::drawing {
+
+/// Corners of cards and of controls, in pixels.
+inline constexpr int cardRadius = 12;
+inline constexpr int controlRadius = 7;
+
+/// How wide scroll bars are, in pixels.
+inline constexpr int scrollBarExtent = 12;
+
+/// A rounded surface with an outline of one pixel inside its edge. An invalid colour leaves that
+/// part out.
+void surface(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& outline,
+             int radius);
+
+/// Where a row stands in the card that it is a part of.
+struct PlaceInCard {
+  bool isFirst = true;
+  bool isLast = true;
+};
+
+/// The part of a card that lies behind one row, with a line below it that begins at `separatorFrom`
+/// unless it is the last one.
+void cardSlice(QPainter& painter, const QRect& rect, PlaceInCard place, const QColor& fill,
+               const QColor& outline, int separatorFrom);
+
+/// A text on one line, shortened where `elision` says if there is no room for all of it.
+void line(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
+          const QString& text, Qt::TextElideMode elision, Qt::Alignment alignment = Qt::AlignLeft);
+
+/// A ring just inside the edge, around what has the focus.
+void focusRing(QPainter& painter, const QRect& rect, const QColor& colour, int radius);
+
+/// Whether the focus of what is drawn is to be seen: it was moved there with the keyboard.
+bool showsFocus(const QStyleOption& option);
+
+/// A tick box. `state` tells whether it is ticked, enabled and under the pointer.
+void tickBox(QPainter& painter, const QRect& rect, QStyle::State state, const QPalette& palette);
+
+}  // namespace broomtide::ui::drawing

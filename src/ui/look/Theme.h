@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+
+#include "core/Enumerations.h"
+
+namespace broomtide::ui {
+
+/// What a text or an icon is for, which decides its colour.
+enum class Tone { primary, secondary, tertiary, accent, safe, usuallySafe, reviewFirst };
+
+/// The tone in which a safety level is shown.
+Tone toneOf(SafetyLevel level);
+
+/// The colours of the window. Every tone is readable on the window and on a card.
+struct Theme {
+  QColor window;       ///< behind everything
+  QColor card;         ///< raised surfaces and lists
+  QColor cardHovered;  ///< a card or row under the pointer
+  QColor border;       ///< outlines and separators
+  QColor text;
+  QColor secondary;
+  QColor tertiary;
+  QColor accent;    ///< the one colour of what can be done
+  QColor onAccent;  ///< text on a surface in the accent colour
+  QColor safe;
+  QColor usuallySafe;
+  QColor reviewFirst;
+  QColor disabled;  ///< what cannot be used now
+
+  /// The light or the dark theme, whichever the palette is closer to.
+  static const Theme& of(const QPalette& palette);
+
+  QColor colour(Tone tone) const;
+
+  /// A surface behind something in `colour`: the same colour at 12 % opacity.
+  static QColor faint(QColor colour);
+
+  /// What widgets that know nothing of themes are drawn with.
+  QPalette palette() const;
+};
+
+}  // namespace broomtide::ui

@@ -1,0 +1,55 @@
+#include "ui/results/CandidateText.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+#include <string_view>
+
+#include "ui/look/DisplayText.h"
+
+namespace broomtide::ui::candidatetext {
+namespace {
+
+QString tr(const char* text) { return QCoreApplication::translate("CandidateText", text); }
+
+QString fixed(std::string_view title) {
+  return QCoreApplication::translate("Titles", std::string(title).c_str());
+}
+
+QString dateOf(const ScanCandidate& candidate) {
+  return display::date(candidate.modificationDate, tr("Unknown date"));
+}
+
+}  // namespace
+
+QString safety(SafetyLevel level) { return fixed(title(level)); }
+
+QString symbol(CandidateKind kind) {
+  switch (kind) {
+    case CandidateKind::directory:
+      return QStringLiteral("folder.fill");
+    case CandidateKind::file:
+      break;
+  }
+  return QStringLiteral("doc.fill");
+}
+
+QString note(const ScanCandidate& candidate) {
+  return display::joined({fixed(candidate.category), fixed(title(candidate.confidence)),
+                          fixed(title(candidate.gitStatus)), dateOf(candidate)});
+}
+
+QString sentence(const ScanCandidate& candidate, bool areDetailsShown) {
+  return QStringList{display::name(candidate.url),
+                     fixed(candidate.category),
+                     safety(candidate.safety),
+                     display::size(candidate.size),
+                     candidate.isSelected ? tr("selected") : tr("not selected"),
+                     fixed(title(candidate.confidence)),
+                     fixed(title(candidate.gitStatus)),
+                     dateOf(candidate),
+                     display::text(candidate.relativePath),
+                     areDetailsShown ? tr("details shown") : tr("details hidden")}
+      .join(QStringLiteral(", "));
+}
+
+}  // namespace broomtide::ui::candidatetext

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+#include "core/ScanCandidate.h"
+
+/// What a row says about its candidate.
+namespace broomtide::ui::candidatetext {
+
+QString safety(SafetyLevel level);
+
+/// The named icon for a kind of candidate.
+QString symbol(CandidateKind kind);
+
+/// The third line: category, confidence, Git status and date.
+QString note(const ScanCandidate& candidate);
+
+/// All that a row shows, its selection and its state, for a screen reader.
+QString sentence(const ScanCandidate& candidate, bool areDetailsShown);
+
+}  // namespace broomtide::ui::candidatetext

@@ -1,0 +1,160 @@
+#include "ui/results/ResultsDelegate.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "ui/look/Drawing.h"
+#include "ui/look/Symbols.h"
+#include "ui/look/Theme.h"
+
+namespace broomtide::ui {
+namespace {
+
+ResultsRowKind kindOf(const QModelIndex& index) {
+  return static_cast<ResultsRowKind>(index.data(KindRole).toInt());
+}
+
+// One row on its way to the screen.
+class RowPainter {
+ public:
+  RowPainter(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
+             const RowFonts& fonts)
+      : painter_(painter),
+        option_(option),
+        index_(index),
+        fonts_(fonts),
+        theme_(Theme::of(option.palette)),
+        tone_(theme_.colour(static_cast<Tone>(index.data(ToneRole).toInt()))),
+        layout_(kindOf(index), option.rect, fonts) {}
+
+  void paint() {
+    const ResultsRowKind kind = kindOf(index_);
+    if (kind != ResultsRowKind::section) paintCard(kind);
+    switch (kind) {
+      case ResultsRowKind::section:
+        paintSection();
+        break;
+      case ResultsRowKind::candidate:
+        paintCandidate();
+        break;
+      case ResultsRowKind::issuesHeading:
+        symbols::paint(painter_, text(SymbolRole), tone_, layout_.symbol);
+        drawing::line(painter_, layout_.name, fonts_.name, tone_, text(Qt::DisplayRole),
+                      Qt::ElideRight);
+        paintChevron();
+        break;
+      case ResultsRowKind::issue:
+      case ResultsRowKind::moreIssues:
+        drawing::line(painter_, layout_.path, fonts_.path, theme_.text, text(Qt::DisplayRole),
+                      Qt::ElideMiddle);
+        drawing::line(painter_, layout_.note, fonts_.note, theme_.secondary, text(NoteRole),
+                      Qt::ElideRight);
+        break;
+      case ResultsRowKind::details:
+        break;
+    }
+  }
+
+ private:
+  QString text(int role) const { return index_.data(role).toString(); }
+
+  void paintCard(ResultsRowKind kind) {
+    const bool canOpen = kind == ResultsRowKind::candidate || kind == ResultsRowKind::issuesHeading;
+    const bool isHovered = canOpen && (option_.state & QStyle::State_MouseOver) != 0;
+    const bool isOpen = index_.data(OpenRole).toBool();
+    drawing::PlaceInCard place{.isFirst = index_.data(FirstRole).toBool(),
+                               .isLast = index_.data(LastRole).toBool()};
+    drawing::cardSlice(painter_, layout_.card, place, isHovered ? theme_.cardHovered : theme_.card,
+                       theme_.border,
+                       isOpen ? layout_.card.right() : layout_.card.x() + RowLayout::textStart());
+    if (drawing::showsFocus(option_))
+      drawing::focusRing(painter_, layout_.card, theme_.accent, drawing::controlRadius);
+  }
+
+  void paintSection() {
+    drawing::line(painter_, layout_.name, fonts_.section, tone_, text(Qt::DisplayRole),
+                  Qt::ElideRight);
+    drawing::line(painter_, layout_.note, fonts_.path, theme_.secondary, text(NoteRole),
+                  Qt::ElideRight, Qt::AlignRight);
+  }
+
+  void paintCandidate() {
+    QStyle::State tick = option_.state & (QStyle::State_Enabled | QStyle::State_MouseOver);
+    if (index_.data(Qt::CheckStateRole).toInt() == Qt::Checked) tick |= QStyle::State_On;
+    drawing::tickBox(painter_, layout_.tickBox, tick, option_.palette);
+    symbols::paint(painter_, text(SymbolRole), tone_, layout_.symbol);
+    drawing::line(painter_, layout_.name, fonts_.name, theme_.text, text(Qt::DisplayRole),
+                  Qt::ElideMiddle);
+    drawing::line(painter_, layout_.path, fonts_.path, theme_.secondary, text(PathRole),
+                  Qt::ElideMiddle);
+    drawing::line(painter_, layout_.note, fonts_.note, theme_.tertiary, text(NoteRole),
+                  Qt::ElideRight);
+    paintBadge();
+    drawing::line(painter_, layout_.size, fonts_.size, theme_.text, text(SizeRole), Qt::ElideRight,
+                  Qt::AlignRight);
+    paintChevron();
+  }
+
+  void paintBadge() {
+    const QString level = text(BadgeRole);
+    constexpr int padding = 9;
+    QRect capsule = layout_.badge;
+    const int width = QFontMetrics(fonts_.badge).horizontalAdvance(level) + 2 * padding;
+    capsule.setLeft(capsule.right() + 1 - std::min(width, capsule.width()));
+    drawing::surface(painter_, capsule, Theme::faint(tone_), {}, capsule.height() / 2);
+    drawing::line(painter_, capsule, fonts_.badge, tone_, level, Qt::ElideRight, Qt::AlignHCenter);
+  }
+
+  void paintChevron() {
+    const bool isOpen = index_.data(OpenRole).toBool();
+    symbols::paint(painter_,
+                   isOpen ? QStringLiteral("chevron.down") : QStringLiteral("chevron.right"),
+                   theme_.tertiary, layout_.chevron);
+  }
+
+  QPainter& painter_;
+  const QStyleOptionViewItem& option_;
+  const QModelIndex& index_;
+  const RowFonts& fonts_;
+  const Theme& theme_;
+  const QColor tone_;
+  const RowLayout layout_;
+};
+
+}  // namespace
+
+QSize ResultsDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const {
+  return {1, RowLayout::height(kindOf(index), fonts_)};
+}
+
+void ResultsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) const {
+  painter->save();
+  RowPainter(*painter, option, index, fonts_).paint();
+  painter->restore();
+}
+
+bool ResultsDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
+                                  const QStyleOptionViewItem& option, const QModelIndex& index) {
+  const auto toggleCheck = [&] {
+    const bool isChecked = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    return model->setData(index, isChecked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+  };
+  const auto toggleOpen = [&] {
+    return model->setData(index, !index.data(OpenRole).toBool(), OpenRole);
+  };
+  const bool canCheck = (index.flags() & Qt::ItemIsUserCheckable) != 0;
+  if (event->type() == QEvent::KeyPress) {
+    if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Space) return false;
+    return canCheck ? toggleCheck() : toggleOpen();
+  }
+  if (event->type() != QEvent::MouseButtonRelease) return false;
+  const auto* click = static_cast<QMouseEvent*>(event);
+  if (click->button() != Qt::LeftButton) return false;
+  const RowLayout layout(kindOf(index), option.rect, fonts_);
+  return canCheck && layout.tickArea.contains(click->position().toPoint()) ? toggleCheck()
+                                                                           : toggleOpen();
+}
+
+}  // namespace broomtide::ui

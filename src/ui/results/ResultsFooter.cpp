@@ -1,0 +1,42 @@
+#include "ui/results/ResultsFooter.h"
+
+#include <QHBoxLayout>
+
+#include "ui/controls/Button.h"
+#include "ui/controls/Label.h"
+#include "ui/look/DisplayText.h"
+
+namespace broomtide::ui {
+
+ResultsFooter::ResultsFooter(AppModel& model, QWidget* parent)
+    : QWidget(parent),
+      model_(model),
+      selection_(new Label({}, TextStyle::body, Tone::secondary)),
+      move_(new Button(tr("Move Selected to Trash"), Button::Look::prominent)) {
+  auto* rescan = new Button(tr("Rescan"));
+  rescan->setObjectName("rescan");
+  connect(rescan, &Button::clicked, this, [&model] {
+    if (model.rootURL()) model.beginScan(*model.rootURL(), model.scanMode(), false);
+  });
+  selection_->setObjectName("selection");
+  move_->setObjectName("moveSelected");
+  connect(move_, &Button::clicked, this, [&model] { model.showConfirmation(); });
+
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins({});
+  row->setSpacing(16);
+  row->addWidget(rescan);
+  row->addWidget(selection_, 1);
+  row->addWidget(move_);
+}
+
+void ResultsFooter::refresh(std::size_t hiddenCount) {
+  const std::size_t count = model_.selectedCount();
+  const QString hidden =
+      hiddenCount > 0 ? tr("%1 of them hidden by the filter").arg(hiddenCount) : QString();
+  selection_->setText(display::joined(
+      {tr("%1 selected").arg(count), display::size(model_.selectedBytes()), hidden}));
+  move_->setEnabled(count > 0);
+}
+
+}  // namespace broomtide::ui

@@ -1,0 +1,158 @@
+#include "ui/results/ResultsHeader.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+#include "ui/controls/Button.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/Metric.h"
+#include "ui/controls/SegmentedControl.h"
+#include "ui/look/DisplayText.h"
+#include "ui/look/Symbols.h"
+#include "ui/look/Theme.h"
+
+namespace broomtide::ui {
+namespace {
+
+constexpr int filterWidth = 190;
+constexpr int narrow = 860;  // below it, the second line becomes two
+
+std::int64_t sizeOf(const auto& list) { return static_cast<std::int64_t>(list.size()); }
+
+}  // namespace
+
+ResultsHeader::ResultsHeader(AppModel& model, QWidget* parent)
+    : QWidget(parent),
+      model_(model),
+      filter_(new QLineEdit),
+      glass_(filter_->addAction(QIcon(), QLineEdit::LeadingPosition)),
+      found_(named("found", tr("Found"))),
+      selected_(named("selected", tr("Selected"))),
+      scanned_(named("scanned", tr("Scanned"))),
+      projects_(named("projects", tr("Projects"))),
+      matches_(named("matches", tr("Matches"))),
+      secondLine_(new QBoxLayout(QBoxLayout::LeftToRight)) {
+  auto* lines = new QVBoxLayout(this);
+  lines->setContentsMargins({});
+  lines->setSpacing(16);
+  lines->addLayout(titleLine());
+  secondLine_->setSpacing(12);
+  secondLine_->addLayout(metrics(), 1);
+  secondLine_->addLayout(controls());
+  lines->addLayout(secondLine_);
+  applyTheme();
+  refresh();
+}
+
+Metric* ResultsHeader::named(const char* name, const QString& label) {
+  auto* result = new Metric(label, Qt::AlignLeft);
+  result->setObjectName(name);
+  return result;
+}
+
+QLayout* ResultsHeader::titleLine() {
+  auto* home = new Button(tr("Home"), Button::Look::bordered, "house");
+  home->setObjectName("home");
+  connect(home, &Button::clicked, this, [&model = model_] { model.returnHome(); });
+
+  filter_->setObjectName("filter");
+  filter_->setPlaceholderText(tr("Filter"));
+  filter_->setAccessibleName(tr("Filter"));
+  filter_->setClearButtonEnabled(true);
+  filter_->setFixedWidth(filterWidth);
+  connect(filter_, &QLineEdit::textChanged, this, &ResultsHeader::filterChanged);
+
+  auto* sort = new QComboBox;
+  sort->setObjectName("sort");
+  sort->addItem(tr("Largest"), static_cast<int>(SortOrder::size));
+  sort->addItem(tr("Name"), static_cast<int>(SortOrder::name));
+  sort->addItem(tr("Oldest"), static_cast<int>(SortOrder::date));
+  connect(sort, &QComboBox::currentIndexChanged, this,
+          [this, sort] { emit sortChosen(static_cast<SortOrder>(sort->currentData().toInt())); });
+  auto* label = new Label(tr("Sort"), TextStyle::body, Tone::secondary);
+  label->setBuddy(sort);
+  sort->setAccessibleName(tr("Sort"));
+
+  auto* row = new QHBoxLayout;
+  row->setSpacing(8);
+  row->addWidget(home, 0, Qt::AlignTop);
+  row->addSpacing(8);
+  row->addLayout(titles(), 1);
+  row->addSpacing(8);
+  row->addWidget(filter_, 0, Qt::AlignTop);
+  row->addSpacing(8);
+  row->addWidget(label, 0, Qt::AlignTop);
+  row->addWidget(sort, 0, Qt::AlignTop);
+  label->setFixedHeight(sort->sizeHint().height());
+  return row;
+}
+
+QLayout* ResultsHeader::titles() {
+  auto* title = new ElidedLabel(tr("Review cleanup items"), TextStyle::largeTitle);
+  title->setObjectName("title");
+  auto* path = new ElidedLabel(model_.rootURL() ? display::text(*model_.rootURL()) : QString(),
+                               TextStyle::body, Tone::secondary);
+  path->setObjectName("root");
+  auto* column = new QVBoxLayout;
+  column->setSpacing(2);
+  column->addWidget(title);
+  column->addWidget(path);
+  return column;
+}
+
+QLayout* ResultsHeader::metrics() {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(24);
+  for (Metric* metric : {found_, selected_, scanned_, projects_, matches_}) row->addWidget(metric);
+  row->addStretch();
+  return row;
+}
+
+QLayout* ResultsHeader::controls() {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(8);
+  if (!model_.projectReclaimSummaries().empty()) {
+    auto* tabs = new SegmentedControl(tr("View"), {tr("Cleanup Items"), tr("By Project")},
+                                      [this](int tab) { emit projectsChosen(tab == 1); });
+    tabs->setObjectName("tabs");
+    row->addWidget(tabs);
+    row->addSpacing(8);
+  }
+  row->addStretch();
+  auto* safe = new Button(tr("Select Safe"));
+  safe->setObjectName("selectSafe");
+  connect(safe, &Button::clicked, this, [&model = model_] { model.selectSafeItems(); });
+  auto* none = new Button(tr("Unselect All"));
+  none->setObjectName("unselectAll");
+  connect(none, &Button::clicked, this, [&model = model_] { model.unselectAll(); });
+  row->addWidget(safe);
+  row->addWidget(none);
+  return row;
+}
+
+void ResultsHeader::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) applyTheme();
+}
+
+void ResultsHeader::applyTheme() {
+  glass_->setIcon(symbols::icon("magnifyingglass", Theme::of(palette()).tertiary));
+}
+
+void ResultsHeader::resizeEvent(QResizeEvent*) {
+  secondLine_->setDirection(width() < narrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+}
+
+void ResultsHeader::refresh() {
+  found_->setValue(display::size(model_.totalBytes()));
+  selected_->setValue(display::size(model_.selectedBytes()));
+  scanned_->setValue(display::count(model_.progress().entriesScanned));
+  projects_->setValue(display::count(sizeOf(model_.projectContexts())));
+  matches_->setValue(display::count(sizeOf(model_.candidates())));
+}
+
+}  // namespace broomtide::ui

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QWidget>
+
+#include "app/AppModel.h"
+#include "core/SortOrder.h"
+
+QT_FORWARD_DECLARE_CLASS(QBoxLayout)
+QT_FORWARD_DECLARE_CLASS(QLineEdit)
+
+namespace broomtide::ui {
+
+class Metric;
+
+/// The upper part of the results: the way home, what was scanned, what it comes to, and how it is
+/// shown.
+class ResultsHeader final : public QWidget {
+  Q_OBJECT
+ public:
+  explicit ResultsHeader(AppModel& model, QWidget* parent = nullptr);
+
+  /// Shows the present totals.
+  void refresh();
+
+  QLineEdit& filter() { return *filter_; }
+
+ signals:
+  void sortChosen(broomtide::SortOrder order);
+  void projectsChosen(bool areProjectsShown);
+  void filterChanged(const QString& text);
+
+ protected:
+  void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void applyTheme();
+  QLayout* titleLine();
+  QLayout* titles();
+  QLayout* metrics();
+  QLayout* controls();
+  Metric* named(const char* name, const QString& label);
+
+  AppModel& model_;
+  QLineEdit* filter_;
+  QAction* glass_;
+  Metric* found_;
+  Metric* selected_;
+  Metric* scanned_;
+  Metric* projects_;
+  Metric* matches_;
+  QBoxLayout* secondLine_;
+};
+
+}  // namespace broomtide::ui

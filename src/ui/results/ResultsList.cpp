@@ -1,0 +1,175 @@
+#include "ui/results/ResultsList.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+
+#include "ui/results/CandidateDetails.h"
+#include "ui/results/CandidateMenu.h"
+#include "ui/results/ResultsDelegate.h"
+
+namespace broomtide::ui {
+
+ResultsList::ResultsList(AppModel& appModel, ResultsModel& rows, QWidget* parent)
+    : QTableView(parent), appModel_(appModel), rows_(rows), delegate_(new ResultsDelegate(this)) {
+  setObjectName("candidates");
+  setAccessibleName(tr("Cleanup Items"));
+  setFrameShape(QFrame::NoFrame);
+  setShowGrid(false);
+  setTabKeyNavigation(false);
+  setSelectionMode(NoSelection);  // ticks say what is selected
+  setEditTriggers(NoEditTriggers);
+  setVerticalScrollMode(ScrollPerPixel);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // its room is there in any case
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  viewport()->setBackgroundRole(QPalette::Window);
+  viewport()->setAttribute(Qt::WA_Hover);
+  horizontalHeader()->hide();
+  horizontalHeader()->setStretchLastSection(true);
+  verticalHeader()->hide();
+  verticalHeader()->setMinimumSectionSize(1);
+  verticalHeader()->setDefaultSectionSize(
+      RowLayout::height(ResultsRowKind::candidate, delegate_->fonts()));
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  setItemDelegate(delegate_);
+
+  // The list does its part after the view has done its own.
+  setModel(&rows);
+  connect(&rows, &ResultsModel::modelAboutToBeReset, this, &ResultsList::keepPlace);
+  connect(&rows, &ResultsModel::modelReset, this, &ResultsList::restorePlace);
+  connect(&rows, &ResultsModel::rowsInserted, this,
+          [this](const QModelIndex&, int first, int last) { dressRows(first, last); });
+  connect(&rows, &ResultsModel::dataChanged, this, &ResultsList::tellSelection);
+  dressRows(0, rows.rowCount() - 1);
+  goToEnd(0, 1);
+}
+
+// Rows of candidates have the height that all rows have unless told otherwise.
+void ResultsList::dressRows(int first, int last) {
+  for (int row = first; row <= last; ++row) {
+    const ResultsRowKind kind = rows_.row(row).kind;
+    if (kind == ResultsRowKind::candidate) continue;
+    if (kind == ResultsRowKind::details) {
+      const ScanCandidate* candidate = rows_.candidate(rows_.index(row - 1, 0));
+      setIndexWidget(rows_.index(row, 0), new CandidateDetails(*candidate));
+      fitDetails(row);
+    } else {
+      setRowHeight(row, RowLayout::height(kind, delegate_->fonts()));
+    }
+  }
+}
+
+void ResultsList::fitDetails(int row) {
+  const QWidget* details = indexWidget(rows_.index(row, 0));
+  if (details != nullptr) setRowHeight(row, details->heightForWidth(viewport()->width()));
+}
+
+void ResultsList::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  if (event->size().width() == event->oldSize().width()) return;
+  for (int row = 0; row < rows_.rowCount(); ++row) {
+    if (rows_.row(row).kind == ResultsRowKind::details) fitDetails(row);
+  }
+}
+
+void ResultsList::keepPlace() {
+  place_.reset();
+  if (currentIndex().isValid()) place_ = rows_.row(currentIndex().row());
+}
+
+void ResultsList::restorePlace() {
+  dressRows(0, rows_.rowCount() - 1);
+  const int row = place_ ? rows_.numberOf(*place_) : -1;
+  if (row < 0) {
+    goToEnd(0, 1);
+    scrollToTop();
+  } else {
+    setCurrentIndex(rows_.index(row, 0));
+    scrollTo(currentIndex(), EnsureVisible);
+  }
+}
+
+void ResultsList::keyPressEvent(QKeyEvent* event) {
+  if (steer(*event)) {
+    event->accept();
+  } else {
+    QTableView::keyPressEvent(event);
+  }
+}
+
+// Keys that a list has and a table has not.
+bool ResultsList::steer(const QKeyEvent& event) {
+  if (event.matches(QKeySequence::Copy)) {
+    const ScanCandidate* candidate = rows_.candidate(currentIndex());
+    if (candidate == nullptr) return false;
+    QApplication::clipboard()->setText(QString::fromStdString(candidate->url));
+    return true;
+  }
+  switch (event.key()) {
+    case Qt::Key_Right:
+      setOpen(currentIndex(), true);
+      return true;
+    case Qt::Key_Left:
+      setOpen(currentIndex(), false);
+      return true;
+    case Qt::Key_Home:
+      goToEnd(0, 1);
+      scrollToTop();
+      return true;
+    case Qt::Key_End:
+      goToEnd(rows_.rowCount() - 1, -1);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void ResultsList::setOpen(const QModelIndex& index, bool isOpen) {
+  rows_.setData(index, isOpen, OpenRole);
+}
+
+// The first row, going from there by steps, that can be the current one.
+void ResultsList::goToEnd(int from, int step) {
+  for (int row = from; row >= 0 && row < rows_.rowCount(); row += step) {
+    const QModelIndex index = rows_.index(row, 0);
+    if ((index.flags() & Qt::ItemIsEnabled) == 0) continue;
+    setCurrentIndex(index);
+    return;
+  }
+}
+
+void ResultsList::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  viewport()->update();
+}
+
+void ResultsList::contextMenuEvent(QContextMenuEvent* event) {
+  const bool isKey = event->reason() == QContextMenuEvent::Keyboard;
+  const QModelIndex index = isKey ? currentIndex() : indexAt(event->pos());
+  const ScanCandidate* candidate = rows_.candidate(index);
+  if (candidate == nullptr) return;
+  const QPoint place =
+      isKey ? viewport()->mapToGlobal(visualRect(index).center()) : event->globalPos();
+  auto* menu = new CandidateMenu(appModel_, *candidate, this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->popup(place);
+}
+
+// Screen readers hear of a tick box only when they are told.
+void ResultsList::tellSelection(const QModelIndex& first, const QModelIndex&,
+                                const QList<int>& roles) {
+  if (!QAccessible::isActive() || !roles.contains(Qt::CheckStateRole) || !first.isValid()) return;
+  QAccessibleInterface* table = QAccessible::queryAccessibleInterface(this);
+  if (table == nullptr || table->tableInterface() == nullptr || !currentIndex().isValid()) return;
+  QAccessibleInterface* cell = table->tableInterface()->cellAt(currentIndex().row(), 0);
+  if (cell == nullptr) return;
+  QAccessible::State changed;
+  changed.checked = true;
+  QAccessibleStateChangeEvent event(cell, changed);
+  QAccessible::updateAccessibility(&event);
+}
+
+}  // namespace broomtide::ui

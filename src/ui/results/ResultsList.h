@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QTableView>
+#include <optional>
+
+#include "app/AppModel.h"
+#include "ui/results/ResultsModel.h"
+
+namespace broomtide::ui {
+
+class ResultsDelegate;
+
+/// The list of what was found. Space selects, right and left open and close, and there is a menu
+/// for each candidate. Rows are drawn; only details that are open are widgets, so that their text
+/// can be selected.
+class ResultsList final : public QTableView {
+  Q_OBJECT
+ public:
+  /// Both models must outlive the list.
+  ResultsList(AppModel& appModel, ResultsModel& rows, QWidget* parent = nullptr);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+ private:
+  bool steer(const QKeyEvent& event);
+  void setOpen(const QModelIndex& index, bool isOpen);
+  void goToEnd(int from, int step);
+  void keepPlace();
+  void restorePlace();
+  void dressRows(int first, int last);
+  void fitDetails(int row);
+  void tellSelection(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles);
+
+  AppModel& appModel_;
+  ResultsModel& rows_;
+  ResultsDelegate* delegate_;
+  std::optional<ResultsRow> place_;  // the current row while all rows change
+};
+
+}  // namespace broomtide::ui

@@ -1,0 +1,230 @@
+#include "ui/results/ResultsModel.h"
+
+#include <algorithm>
+
+#include "ui/look/DisplayText.h"
+#include "ui/look/Theme.h"
+#include "ui/results/CandidateText.h"
+
+namespace broomtide::ui {
+namespace {
+
+QString countAndSize(const ResultsRows::Total& total) {
+  return display::joined(
+      {display::count(static_cast<std::int64_t>(total.count)), display::size(total.bytes)});
+}
+
+}  // namespace
+
+ResultsModel::ResultsModel(AppModel& model, QObject* parent)
+    : QAbstractTableModel(parent),
+      model_(model),
+      shown_(model.candidates().data()),
+      rows_(model.candidates(), model.scanIssues().size()) {
+  observation_ = model.observe([this](AppModel::Field field) {
+    if (field == AppModel::Field::candidates) followCandidates();
+  });
+}
+
+int ResultsModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(rows_.all().size());
+}
+
+int ResultsModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : 1; }
+
+// A selection changes candidates where they are. Others have come in their place, or none, when
+// the screen is about to go.
+void ResultsModel::followCandidates() {
+  if (!model_.candidates().empty() && model_.candidates().data() == shown_) {
+    if (rowCount() > 0)
+      emit dataChanged(index(0, 0), index(rowCount() - 1, 0), {Qt::CheckStateRole});
+    return;
+  }
+  beginResetModel();
+  shown_ = model_.candidates().data();
+  rows_ = ResultsRows(model_.candidates(), model_.scanIssues().size());
+  endResetModel();
+}
+
+Qt::ItemFlags ResultsModel::flags(const QModelIndex& index) const {
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return Qt::NoItemFlags;
+  switch (row(index.row()).kind) {
+    case ResultsRowKind::candidate:
+      return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable |
+             Qt::ItemNeverHasChildren;
+    case ResultsRowKind::issuesHeading:
+    case ResultsRowKind::issue:
+      return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    case ResultsRowKind::section:
+    case ResultsRowKind::details:
+    case ResultsRowKind::moreIssues:
+      break;
+  }
+  return Qt::ItemNeverHasChildren;
+}
+
+QVariant ResultsModel::data(const QModelIndex& index, int role) const {
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+  const ResultsRow& shown = row(index.row());
+  switch (role) {
+    case KindRole:
+      return static_cast<int>(shown.kind);
+    case OpenRole:
+      return rows_.isOpen(shown);
+    case FirstRole:
+      return isFirst(index.row());
+    case LastRole:
+      return isLast(index.row());
+    default:
+      break;
+  }
+  switch (shown.kind) {
+    case ResultsRowKind::section:
+      return sectionData(static_cast<SafetyLevel>(shown.position), role);
+    case ResultsRowKind::candidate:
+      return candidateData(shown, role);
+    case ResultsRowKind::details:
+      break;
+    case ResultsRowKind::issuesHeading:
+    case ResultsRowKind::issue:
+    case ResultsRowKind::moreIssues:
+      return issueData(shown, role);
+  }
+  return {};
+}
+
+QVariant ResultsModel::sectionData(SafetyLevel level, int role) const {
+  const QString title = candidatetext::safety(level);
+  switch (role) {
+    case Qt::DisplayRole:
+      return title;
+    case NoteRole:
+      return countAndSize(rows_.total(level));
+    case Qt::AccessibleTextRole:
+      return QStringLiteral("%1, %2").arg(title, countAndSize(rows_.total(level)));
+    case ToneRole:
+      return static_cast<int>(toneOf(level));
+    default:
+      return {};
+  }
+}
+
+QVariant ResultsModel::candidateData(const ResultsRow& row, int role) const {
+  const ScanCandidate& candidate = model_.candidates()[row.position];
+  switch (role) {
+    case Qt::DisplayRole:
+      return display::name(candidate.url);
+    case Qt::CheckStateRole:
+      return candidate.isSelected ? Qt::Checked : Qt::Unchecked;
+    case Qt::AccessibleTextRole:
+      return candidatetext::sentence(candidate, rows_.isOpen(row));
+    case Qt::AccessibleDescriptionRole:
+      return tr("Select %1").arg(display::name(candidate.url));
+    case PathRole:
+      return display::text(candidate.relativePath);
+    case NoteRole:
+      return candidatetext::note(candidate);
+    case SymbolRole:
+      return candidatetext::symbol(candidate.kind);
+    case ToneRole:
+      return static_cast<int>(toneOf(candidate.safety));
+    case BadgeRole:
+      return candidatetext::safety(candidate.safety);
+    case SizeRole:
+      return display::size(candidate.size);
+    default:
+      return {};
+  }
+}
+
+QVariant ResultsModel::issueData(const ResultsRow& row, int role) const {
+  if (role == ToneRole) return static_cast<int>(Tone::usuallySafe);
+  const bool isText = role == Qt::DisplayRole || role == Qt::AccessibleTextRole;
+  if (row.kind == ResultsRowKind::issuesHeading) {
+    if (role == SymbolRole) return QStringLiteral("exclamationmark.triangle");
+    if (!isText) return {};
+    const auto count = static_cast<std::int64_t>(model_.scanIssues().size());
+    return tr("%1 item(s) could not be read and were skipped.").arg(display::count(count));
+  }
+  if (row.kind == ResultsRowKind::moreIssues)
+    return isText ? tr("And %1 more…").arg(display::count(row.position)) : QVariant();
+
+  const ScanIssue& issue = model_.scanIssues()[row.position];
+  if (role == Qt::AccessibleTextRole)
+    return QStringLiteral("%1, %2").arg(display::text(issue.path), display::text(issue.message));
+  if (role == Qt::DisplayRole) return display::text(issue.path);
+  if (role == NoteRole) return display::text(issue.message);
+  return {};
+}
+
+bool ResultsModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return false;
+  const ScanCandidate* found = candidate(index);
+  if (role == Qt::CheckStateRole && found != nullptr) {
+    const bool isSelected = value.toInt() == Qt::Checked;
+    if (isSelected != found->isSelected) model_.toggleCandidate(std::string(found->id()));
+    return true;
+  }
+  const ResultsRowKind kind = row(index.row()).kind;
+  const bool canOpen = found != nullptr || kind == ResultsRowKind::issuesHeading;
+  if (role != OpenRole || !canOpen) return false;
+  setOpen(index.row(), value.toBool());
+  return true;
+}
+
+void ResultsModel::setOpen(int number, bool isOpen) {
+  const ResultsRow changed = row(number);
+  if (rows_.isOpen(changed) == isOpen) return;
+  const std::vector<ResultsRow> below = rows_.rowsBelow(changed);
+  const auto count = static_cast<int>(below.size());
+  const auto at = static_cast<std::size_t>(number) + 1;
+  if (isOpen) {
+    beginInsertRows({}, number + 1, number + count);
+    rows_.insert(at, below);
+    rows_.noteOpen(changed, isOpen);
+    endInsertRows();
+  } else {
+    beginRemoveRows({}, number + 1, number + count);
+    rows_.remove(at, below.size());
+    rows_.noteOpen(changed, isOpen);
+    endRemoveRows();
+  }
+  emit dataChanged(index(number, 0), index(number, 0), {OpenRole, Qt::AccessibleTextRole});
+}
+
+void ResultsModel::setSortOrder(SortOrder order) {
+  beginResetModel();
+  rows_.sort(order);
+  endResetModel();
+}
+
+void ResultsModel::setFilter(const QString& text) {
+  beginResetModel();
+  rows_.filter(CandidateFilter(text));
+  endResetModel();
+}
+
+int ResultsModel::numberOf(const ResultsRow& row) const {
+  const auto found = std::ranges::find(rows_.all(), row);
+  return found == rows_.all().end() ? -1 : static_cast<int>(found - rows_.all().begin());
+}
+
+const ScanCandidate* ResultsModel::candidate(const QModelIndex& index) const {
+  if (!index.isValid() || row(index.row()).kind != ResultsRowKind::candidate) return nullptr;
+  return &model_.candidates()[row(index.row()).position];
+}
+
+// A card holds the candidates of one level, or the issues.
+bool ResultsModel::isFirst(int number) const {
+  const ResultsRowKind kind = row(number).kind;
+  if (kind == ResultsRowKind::section || kind == ResultsRowKind::issuesHeading) return true;
+  return row(number - 1).kind == ResultsRowKind::section;
+}
+
+bool ResultsModel::isLast(int number) const {
+  if (number + 1 == rowCount()) return true;
+  const ResultsRowKind next = row(number + 1).kind;
+  return next == ResultsRowKind::section || next == ResultsRowKind::issuesHeading;
+}
+
+}  // namespace broomtide::ui

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <memory>
+
+#include "app/AppModel.h"
+#include "ui/results/ResultsRows.h"
+
+namespace broomtide::ui {
+
+/// The results list as rows of one column. It keeps no copy of what was found, and what is done in
+/// it is done by the app model.
+class ResultsModel final : public QAbstractTableModel {
+  Q_OBJECT
+ public:
+  explicit ResultsModel(AppModel& model, QObject* parent = nullptr);
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+  /// Sets the selection of a candidate (`Qt::CheckStateRole`) or opens and closes a row
+  /// (`OpenRole`).
+  bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+
+  void setSortOrder(SortOrder order);
+  void setFilter(const QString& text);
+
+  /// How many of the selected candidates the filter leaves out.
+  std::size_t hiddenSelectedCount() const { return rows_.hiddenSelectedCount(); }
+
+  const ResultsRow& row(int number) const { return rows_.all()[static_cast<std::size_t>(number)]; }
+
+  /// The number of this row, -1 when it is not shown.
+  int numberOf(const ResultsRow& row) const;
+
+  /// The candidate of a row, null for a row without one.
+  const ScanCandidate* candidate(const QModelIndex& index) const;
+
+ private:
+  void followCandidates();
+  void setOpen(int number, bool isOpen);
+  QVariant sectionData(SafetyLevel level, int role) const;
+  QVariant candidateData(const ResultsRow& row, int role) const;
+  QVariant issueData(const ResultsRow& row, int role) const;
+  bool isFirst(int number) const;
+  bool isLast(int number) const;
+
+  AppModel& model_;
+  const ScanCandidate* shown_;  // where the candidates that the rows refer to begin
+  ResultsRows rows_;
+  std::shared_ptr<void> observation_;
+};
+
+}  // namespace broomtide::ui

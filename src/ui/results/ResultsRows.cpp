@@ -1,0 +1,116 @@
+#include "ui/results/ResultsRows.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace broomtide::ui {
+namespace {
+
+constexpr std::size_t mostIssues = 10;
+
+}  // namespace
+
+ResultsRows::ResultsRows(std::span<const ScanCandidate> candidates, std::size_t issueCount)
+    : candidates_(candidates), issueCount_(issueCount) {
+  sort(order_);
+}
+
+void ResultsRows::sort(SortOrder order) {
+  order_ = order;
+  CandidateRows rows;
+  rows.reserve(candidates_.size());
+  for (const ScanCandidate& candidate : candidates_) rows.push_back(&candidate);
+  sortRows(rows, order_);
+  sorted_.clear();
+  sorted_.reserve(rows.size());
+  for (const ScanCandidate* candidate : rows) {
+    sorted_.push_back(static_cast<std::uint32_t>(candidate - candidates_.data()));
+  }
+  arrange();
+}
+
+void ResultsRows::filter(CandidateFilter filter) {
+  filter_ = std::move(filter);
+  arrange();
+}
+
+void ResultsRows::arrange() {
+  rows_.clear();
+  rows_.reserve(sorted_.size() + allSafetyLevels.size() + 1);
+  totals_ = {};
+  for (const std::uint32_t position : sorted_) {
+    const ScanCandidate& candidate = candidates_[position];
+    if (!filter_.picks(candidate)) continue;
+    Total& total = totals_[static_cast<std::size_t>(candidate.safety)];
+    if (total.count == 0)
+      append({ResultsRowKind::section, static_cast<std::uint32_t>(candidate.safety)});
+    total.count += 1;
+    total.bytes += candidate.size;
+    append({ResultsRowKind::candidate, position});
+  }
+  if (issueCount_ > 0) append({ResultsRowKind::issuesHeading, 0});
+}
+
+void ResultsRows::append(const ResultsRow& row) {
+  rows_.push_back(row);
+  if (isOpen(row)) insert(rows_.size(), rowsBelow(row));
+}
+
+bool ResultsRows::isOpen(const ResultsRow& row) const {
+  switch (row.kind) {
+    case ResultsRowKind::candidate:
+      return openCandidates_.contains(row.position);
+    case ResultsRowKind::issuesHeading:
+      return areIssuesOpen_;
+    case ResultsRowKind::section:
+    case ResultsRowKind::details:
+    case ResultsRowKind::issue:
+    case ResultsRowKind::moreIssues:
+      break;
+  }
+  return false;
+}
+
+std::size_t ResultsRows::hiddenSelectedCount() const {
+  if (!isFiltered()) return 0;
+  const auto isSelected = [this](const ResultsRow& row) {
+    return row.kind == ResultsRowKind::candidate && candidates_[row.position].isSelected;
+  };
+  const auto all = std::ranges::count_if(candidates_, &ScanCandidate::isSelected);
+  return static_cast<std::size_t>(all - std::ranges::count_if(rows_, isSelected));
+}
+
+void ResultsRows::noteOpen(const ResultsRow& row, bool isOpen) {
+  if (row.kind == ResultsRowKind::issuesHeading) {
+    areIssuesOpen_ = isOpen;
+  } else if (isOpen) {
+    openCandidates_.insert(row.position);
+  } else {
+    openCandidates_.erase(row.position);
+  }
+}
+
+std::vector<ResultsRow> ResultsRows::rowsBelow(const ResultsRow& row) const {
+  if (row.kind == ResultsRowKind::candidate) return {{ResultsRowKind::details, row.position}};
+  std::vector<ResultsRow> rows;
+  const std::size_t shown = std::min(issueCount_, mostIssues);
+  for (std::uint32_t position = 0; position < shown; ++position) {
+    rows.push_back({ResultsRowKind::issue, position});
+  }
+  if (issueCount_ > shown) {
+    rows.push_back({ResultsRowKind::moreIssues, static_cast<std::uint32_t>(issueCount_ - shown)});
+  }
+  return rows;
+}
+
+void ResultsRows::insert(std::size_t at, const std::vector<ResultsRow>& rows) {
+  rows_.insert(std::next(rows_.begin(), static_cast<std::ptrdiff_t>(at)), rows.begin(), rows.end());
+}
+
+void ResultsRows::remove(std::size_t at, std::size_t count) {
+  const auto first = std::next(rows_.begin(), static_cast<std::ptrdiff_t>(at));
+  rows_.erase(first, std::next(first, static_cast<std::ptrdiff_t>(count)));
+}
+
+}  // namespace broomtide::ui

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <unordered_set>
+#include <vector>
+
+#include "core/ScanCandidate.h"
+#include "core/SortOrder.h"
+#include "ui/results/CandidateFilter.h"
+#include "ui/results/ResultsRoles.h"
+
+namespace broomtide::ui {
+
+/// One row of the results list.
+struct ResultsRow {
+  ResultsRowKind kind;
+  std::uint32_t position;  ///< of the candidate, the issue or the safety level
+
+  bool operator==(const ResultsRow&) const = default;
+};
+
+/// Which rows the results list has, from the top: for each safety level that has candidates its
+/// heading and them, sorted, with details below those that are open; then the issues. Filtering
+/// and sorting change the order of rows and nothing else.
+class ResultsRows {
+ public:
+  /// Rows for these candidates, which must stay where they are, and this many issues.
+  ResultsRows(std::span<const ScanCandidate> candidates, std::size_t issueCount);
+
+  /// What the candidates of a level that are shown come to.
+  struct Total {
+    std::size_t count = 0;
+    std::int64_t bytes = 0;
+  };
+
+  const std::vector<ResultsRow>& all() const { return rows_; }
+  const Total& total(SafetyLevel level) const { return totals_[static_cast<std::size_t>(level)]; }
+  bool isOpen(const ResultsRow& row) const;
+  bool isFiltered() const { return !filter_.isEmpty(); }
+
+  /// How many of the selected candidates the filter leaves out.
+  std::size_t hiddenSelectedCount() const;
+
+  void sort(SortOrder order);
+  void filter(CandidateFilter filter);
+
+  /// Notes that a candidate or the issues are open or not, without adding or removing rows.
+  void noteOpen(const ResultsRow& row, bool isOpen);
+
+  /// The rows that belong to an open row, in their order.
+  std::vector<ResultsRow> rowsBelow(const ResultsRow& row) const;
+
+  /// Puts rows in or takes them out.
+  void insert(std::size_t at, const std::vector<ResultsRow>& rows);
+  void remove(std::size_t at, std::size_t count);
+
+ private:
+  void arrange();
+  void append(const ResultsRow& row);
+
+  std::span<const ScanCandidate> candidates_;
+  std::size_t issueCount_;
+  SortOrder order_ = SortOrder::size;
+  CandidateFilter filter_;
+  std::vector<std::uint32_t> sorted_;  // positions of candidates, by level and then in order
+  std::unordered_set<std::uint32_t> openCandidates_;
+  bool areIssuesOpen_ = false;
+  std::vector<ResultsRow> rows_;
+  std::array<Total, allSafetyLevels.size()> totals_{};
+};
+
+}  // namespace broomtide::ui

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QFont>
+#include <QRect>
+
+#include "ui/results/ResultsRoles.h"
+
+namespace broomtide::ui {
+
+/// The fonts of the results list.
+struct RowFonts {
+  RowFonts();
+
+  QFont section, name, path, note, badge, size;
+};
+
+/// Where the parts of a row of the results list are; the same for measuring, drawing and clicking.
+/// Parts that a kind of row does not have are empty.
+struct RowLayout {
+  QRect card;  ///< what the row shows of its card
+  QRect tickBox;
+  QRect tickArea;  ///< where a click counts as one on the tick box
+  QRect symbol;
+  QRect name;
+  QRect path;
+  QRect note;
+  QRect badge;  ///< as wide as it may be; it ends at the right
+  QRect size;
+  QRect chevron;
+
+  RowLayout(ResultsRowKind kind, const QRect& row, const RowFonts& fonts);
+
+  /// The height of a row in pixels; that of details depends on what they say and is not known here.
+  static int height(ResultsRowKind kind, const RowFonts& fonts);
+
+  /// Where texts begin, from the left edge of a row.
+  static int textStart();
+};
+
+}  // namespace broomtide::ui

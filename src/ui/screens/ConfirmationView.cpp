@@ -1,0 +1,88 @@
+#include "ui/screens/ConfirmationView.h"
+
+#include <QHBoxLayout>
+
+#include "ui/controls/Button.h"
+#include "ui/controls/Column.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/SymbolView.h"
+#include "ui/look/DisplayText.h"
+
+namespace broomtide::ui {
+namespace {
+
+constexpr int widest = 640;
+constexpr int widestNote = 500;
+constexpr int symbolSide = 62;
+
+}  // namespace
+
+ConfirmationView::ConfirmationView(AppModel& model, QWidget* parent)
+    : QWidget(parent),
+      model_(model),
+      total_(new Label({}, TextStyle::headline)),
+      move_(new Button({}, Button::Look::prominent)) {
+  setObjectName("confirmation");
+  total_->setObjectName("total");
+  auto* note = new Label(tr("Items are moved to macOS Trash, not permanently deleted. Broomtide "
+                            "will validate every item again before moving it."),
+                         TextStyle::body, Tone::secondary);
+  note->setObjectName("note");
+  note->setWordWrap(true);
+  note->setAlignment(Qt::AlignHCenter);
+  note->setFixedWidth(widestNote);
+
+  QVBoxLayout& lines = (new Column(*this, widest))->lines();
+  lines.setSpacing(8);
+  lines.addStretch(2);
+  lines.addWidget(new SymbolView("trash.circle.fill", symbolSide, Tone::accent), 0,
+                  Qt::AlignHCenter);
+  lines.addSpacing(16);
+  lines.addWidget(new Label(tr("Move selected items to Trash?"), TextStyle::largeTitle), 0,
+                  Qt::AlignHCenter);
+  lines.addWidget(total_, 0, Qt::AlignHCenter);
+  lines.addSpacing(8);
+  lines.addWidget(note, 0, Qt::AlignHCenter);
+  lines.addSpacing(24);
+  lines.addLayout(buttons());
+  lines.addStretch(3);
+
+  observation_ = model.observe([this](AppModel::Field field) {
+    if (field == AppModel::Field::isCleaning || field == AppModel::Field::candidates) refresh();
+  });
+  refresh();
+}
+
+QLayout* ConfirmationView::buttons() {
+  AppModel& model = model_;
+  auto* cancel = new Button(tr("Cancel"));
+  cancel->setObjectName("cancel");
+  connect(cancel, &Button::clicked, this, [&model] { model.setRoute(Route::results); });
+  setCancelAction(*this, *cancel);
+
+  auto* home = new Button(tr("Home"));
+  home->setObjectName("home");
+  connect(home, &Button::clicked, this, [&model] { model.returnHome(); });
+
+  move_->setObjectName("moveToTrash");
+  connect(move_, &Button::clicked, this, [&model] { model.cleanSelectedItems(); });
+  setDefaultAction(*this, *move_);
+  setFocusProxy(move_);
+
+  auto* row = new QHBoxLayout;
+  row->setSpacing(8);
+  row->addStretch();
+  for (Button* button : {cancel, home, move_}) row->addWidget(button);
+  row->addStretch();
+  return row;
+}
+
+void ConfirmationView::refresh() {
+  total_->setText(tr("%1 item(s) totaling %2")
+                      .arg(display::count(static_cast<std::int64_t>(model_.selectedCount())),
+                           display::size(model_.selectedBytes())));
+  move_->setText(model_.isCleaning() ? tr("Moving…") : tr("Move to Trash"));
+  move_->setEnabled(!model_.isCleaning());
+}
+
+}  // namespace broomtide::ui

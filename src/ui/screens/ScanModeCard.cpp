@@ -1,0 +1,104 @@
+#include "ui/screens/ScanModeCard.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QStyleOption>
+#include <utility>
+
+#include "ui/look/Drawing.h"
+#include "ui/look/Symbols.h"
+#include "ui/look/Theme.h"
+#include "ui/look/Typography.h"
+
+namespace broomtide::ui {
+namespace {
+
+constexpr int edge = 20;
+constexpr int iconSide = 34;
+constexpr int smallIconSide = 16;
+constexpr int leastWidth = 230;
+constexpr int detailLines = 3;
+
+QColor between(const QColor& from, const QColor& to, double progress) {
+  const auto mix = [progress](int a, int b) { return a + qRound((b - a) * progress); };
+  return {mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue())};
+}
+
+// Where the parts of a card are; the same for measuring and for drawing.
+struct Layout {
+  QFont titleFont = fontFor(TextStyle::headline);
+  QFont detailFont = fontFor(TextStyle::small);
+  QFont actionFont = fontFor(TextStyle::smallBold);
+  QRect icon, title, detail, actionIcon, action;
+  int height = 0;
+
+  explicit Layout(const QRect& card) {
+    const auto heightOf = [](const QFont& font) { return QFontMetrics(font).height(); };
+    const int left = card.x() + edge;
+    const int width = card.width() - 2 * edge;
+    icon = QRect(left, card.y() + edge, iconSide, iconSide);
+    title = QRect(left, icon.bottom() + 13, width, heightOf(titleFont));
+    detail = QRect(left, title.bottom() + 5, width, detailLines * heightOf(detailFont));
+    height = detail.bottom() + 17 + smallIconSide + edge - card.y();
+    const int bottom = card.y() + std::max(card.height(), height) - edge;
+    actionIcon = QRect(left, bottom - smallIconSide, smallIconSide, smallIconSide);
+    action = QRect(actionIcon.right() + 7, actionIcon.y() - 2, width - smallIconSide - 6,
+                   smallIconSide + 4);
+  }
+};
+
+}  // namespace
+
+ScanModeCard::ScanModeCard(QString icon, const QString& title, QString detail, QWidget* parent)
+    : QAbstractButton(parent), icon_(std::move(icon)), detail_(std::move(detail)) {
+  setText(title);
+  setAccessibleName(tr("Scan %1").arg(title));
+  setAccessibleDescription(detail_);
+  setFocusPolicy(Qt::StrongFocus);
+  setCursor(Qt::PointingHandCursor);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  constexpr int milliseconds = 120;
+  highlight_.setDuration(milliseconds);
+  highlight_.setEasingCurve(QEasingCurve::OutCubic);
+  highlight_.setStartValue(0.0);
+  highlight_.setEndValue(1.0);
+  connect(&highlight_, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
+}
+
+QSize ScanModeCard::sizeHint() const {
+  return {leastWidth, Layout(QRect(0, 0, leastWidth, 0)).height};
+}
+
+void ScanModeCard::enterEvent(QEnterEvent*) { setHovered(true); }
+
+void ScanModeCard::leaveEvent(QEvent*) { setHovered(false); }
+
+void ScanModeCard::setHovered(bool isHovered) {
+  isHovered_ = isHovered;
+  highlight_.setDirection(isHovered ? QAbstractAnimation::Forward : QAbstractAnimation::Backward);
+  if (highlight_.state() != QAbstractAnimation::Running) highlight_.start();
+}
+
+void ScanModeCard::paintEvent(QPaintEvent*) {
+  const Theme& theme = Theme::of(palette());
+  const Layout layout(rect());
+  const double lit = isDown() ? 1 : highlight_.currentValue().toDouble();
+  QPainter painter(this);
+  drawing::surface(painter, rect(), between(theme.card, theme.cardHovered, lit),
+                   between(theme.border, theme.accent, lit), drawing::cardRadius);
+  QStyleOption option;
+  option.initFrom(this);
+  if (drawing::showsFocus(option))
+    drawing::focusRing(painter, rect(), theme.accent, drawing::cardRadius);
+
+  symbols::paint(painter, icon_, theme.accent, layout.icon);
+  drawing::line(painter, layout.title, layout.titleFont, theme.text, text(), Qt::ElideRight);
+  painter.setFont(layout.detailFont);
+  painter.setPen(theme.secondary);
+  painter.drawText(layout.detail, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, detail_);
+  symbols::paint(painter, QStringLiteral("folder"), theme.accent, layout.actionIcon);
+  drawing::line(painter, layout.action, layout.actionFont, theme.accent, tr("Choose Folder…"),
+                Qt::ElideRight);
+}
+
+}  // namespace broomtide::ui

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QVariantAnimation>
+
+namespace broomtide::ui {
+
+/// A large card that starts a scan. It lights up while the pointer is over it.
+class ScanModeCard final : public QAbstractButton {
+  Q_OBJECT
+ public:
+  ScanModeCard(QString icon, const QString& title, QString detail, QWidget* parent = nullptr);
+
+  bool isHovered() const { return isHovered_; }
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void setHovered(bool isHovered);
+
+  const QString icon_;
+  const QString detail_;
+  bool isHovered_ = false;
+  QVariantAnimation highlight_;  // from 0, as it is, to 1, lit up
+};
+
+}  // namespace broomtide::ui

@@ -1,0 +1,102 @@
+#include "ui/screens/SummaryView.h"
+
+#include <QHBoxLayout>
+#include <utility>
+
+#include "ui/controls/Button.h"
+#include "ui/controls/Column.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/Metric.h"
+#include "ui/controls/RecordList.h"
+#include "ui/controls/SymbolView.h"
+#include "ui/look/DisplayText.h"
+
+namespace broomtide::ui {
+namespace {
+
+constexpr int widest = 620;
+constexpr int symbolSide = 62;
+constexpr int failuresHeight = 220;
+
+QLayout* metrics(const CleanupResult& result) {
+  auto* row = new QHBoxLayout;
+  const auto add = [row](const char* name, const QString& label, const QString& value) {
+    auto* metric = new Metric(label, Qt::AlignHCenter);
+    metric->setObjectName(name);
+    metric->setValue(value);
+    row->addWidget(metric, 1);
+  };
+  add("movedBytes", SummaryView::tr("Moved to Trash"), display::size(result.movedBytes()));
+  add("movedCount", SummaryView::tr("Items moved"),
+      display::count(static_cast<std::int64_t>(result.moved.size())));
+  add("failedCount", SummaryView::tr("Failed"),
+      display::count(static_cast<std::int64_t>(result.failures.size())));
+  return row;
+}
+
+RecordList* failureList(const std::vector<CleanupFailure>& failures) {
+  std::vector<Record> records;
+  records.reserve(failures.size());
+  for (const CleanupFailure& failure : failures) {
+    records.push_back(
+        {.title = display::text(failure.path), .subtitle = display::text(failure.message)});
+  }
+  constexpr int messageLines = 2;
+  auto* list = new RecordList(SummaryView::tr("Items that were left alone"), std::move(records),
+                              {.subtitle = messageLines});
+  list->setObjectName("failures");
+  list->setFixedHeight(failuresHeight);
+  return list;
+}
+
+}  // namespace
+
+SummaryView::SummaryView(AppModel& model, QWidget* parent) : QWidget(parent) {
+  setObjectName("summary");
+  const CleanupResult result = model.cleanupResult().value_or(CleanupResult{});
+  const bool hasFailures = !result.failures.empty();
+  auto* outcome =
+      new SymbolView(hasFailures ? "exclamationmark.circle.fill" : "checkmark.circle.fill",
+                     symbolSide, hasFailures ? Tone::usuallySafe : Tone::safe);
+  outcome->setObjectName("outcome");
+
+  QVBoxLayout& lines = (new Column(*this, widest))->lines();
+  lines.setSpacing(8);
+  lines.addStretch(2);
+  lines.addWidget(outcome, 0, Qt::AlignHCenter);
+  lines.addSpacing(16);
+  auto* title = new Label(tr("Cleanup complete"), TextStyle::largeTitle);
+  title->setObjectName("title");
+  lines.addWidget(title, 0, Qt::AlignHCenter);
+  lines.addSpacing(16);
+  lines.addLayout(metrics(result));
+  if (hasFailures) {
+    lines.addSpacing(16);
+    lines.addWidget(failureList(result.failures));
+  }
+  lines.addSpacing(24);
+  lines.addLayout(buttons(model));
+  lines.addStretch(3);
+}
+
+QLayout* SummaryView::buttons(AppModel& model) {
+  auto* history = new Button(tr("View History"));
+  history->setObjectName("viewHistory");
+  connect(history, &Button::clicked, this, [&model] { model.showHistory(); });
+
+  auto* done = new Button(tr("Done"), Button::Look::prominent);
+  done->setObjectName("done");
+  connect(done, &Button::clicked, this, [&model] { model.returnHome(); });
+  setDefaultAction(*this, *done);
+  setFocusProxy(done);
+
+  auto* row = new QHBoxLayout;
+  row->setSpacing(8);
+  row->addStretch();
+  row->addWidget(history);
+  row->addWidget(done);
+  row->addStretch();
+  return row;
+}
+
+}  // namespace broomtide::ui

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QWidget>
+
+#include "app/AppModel.h"
+
+namespace broomtide::ui {
+
+/// What the last cleanup did.
+class SummaryView final : public QWidget {
+  Q_OBJECT
+ public:
+  explicit SummaryView(AppModel& model, QWidget* parent = nullptr);
+
+ private:
+  QLayout* buttons(AppModel& model);
+};
+
+}  // namespace broomtide::ui

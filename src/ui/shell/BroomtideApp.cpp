@@ -1,0 +1,24 @@
+#include "ui/shell/BroomtideApp.h"
+
+#include <QApplication>
+
+#include "app/Services.h"
+#include "ui/look/Style.h"
+#include "ui/look/Symbols.h"
+
+namespace broomtide::ui {
+
+BroomtideApp::BroomtideApp()
+    : model_(services::makeModel(mainThread_, folderDialog_, access_)), window_(*model_) {
+  folderDialog_.setWindow(&window_);
+}
+
+void BroomtideApp::introduce(QApplication& application) {
+  QApplication::setApplicationName(QStringLiteral("Broomtide"));
+  QApplication::setApplicationVersion(QStringLiteral(BROOMTIDE_VERSION));
+  QApplication::setDesktopFileName(QStringLiteral("broomtide"));
+  QApplication::setStyle(new Style);
+  application.setWindowIcon(symbols::brandMark());
+}
+
+}  // namespace broomtide::ui

@@ -1,0 +1,73 @@
+#include "ui/shell/ContentView.h"
+
+#include "ui/look/DisplayText.h"
+#include "ui/results/ResultsView.h"
+#include "ui/screens/ConfirmationView.h"
+#include "ui/screens/HistoryView.h"
+#include "ui/screens/ScanningView.h"
+#include "ui/screens/SummaryView.h"
+#include "ui/screens/WelcomeView.h"
+
+namespace broomtide::ui {
+namespace {
+
+constexpr QSize smallest(820, 600);
+
+}  // namespace
+
+ContentView::ContentView(AppModel& model, QWidget* parent) : QStackedWidget(parent), model_(model) {
+  setMinimumSize(smallest);
+  observation_ = model.observe([this](AppModel::Field field) { follow(field); });
+  showScreen();
+}
+
+void ContentView::follow(AppModel::Field field) {
+  if (field == AppModel::Field::route) showScreen();
+  if (field == AppModel::Field::errorMessage) showAlert();
+}
+
+// The screen that is left may be waiting for the operation that it called to return.
+void ContentView::showScreen() {
+  QWidget* left = currentWidget();
+  QWidget* entered = makeScreen();
+  addWidget(entered);
+  setCurrentWidget(entered);
+  entered->setFocus(Qt::OtherFocusReason);
+  if (left == nullptr) return;
+  removeWidget(left);
+  left->hide();
+  left->deleteLater();
+}
+
+QWidget* ContentView::makeScreen() {
+  switch (model_.route()) {
+    case Route::welcome:
+      return new WelcomeView(model_);
+    case Route::scanning:
+      return new ScanningView(model_);
+    case Route::results:
+      return new ResultsView(model_);
+    case Route::confirmation:
+      return new ConfirmationView(model_);
+    case Route::summary:
+      return new SummaryView(model_);
+    case Route::history:
+      break;
+  }
+  return new HistoryView(model_);
+}
+
+void ContentView::showAlert() {
+  if (!model_.errorMessage()) return;
+  if (alert_ == nullptr) {
+    alert_ = new QMessageBox(QMessageBox::NoIcon, tr("Broomtide"), {}, QMessageBox::Ok, this);
+    alert_->setObjectName("alert");
+    alert_->setTextFormat(Qt::PlainText);
+    alert_->setAttribute(Qt::WA_DeleteOnClose);
+    connect(alert_, &QMessageBox::finished, this, [this] { model_.clearErrorMessage(); });
+  }
+  alert_->setText(display::text(*model_.errorMessage()));
+  alert_->open();
+}
+
+}  // namespace broomtide::ui

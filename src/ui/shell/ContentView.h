@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QMessageBox>
+#include <QPointer>
+#include <QStackedWidget>
+#include <memory>
+
+#include "app/AppModel.h"
+
+namespace broomtide::ui {
+
+/// What fills the main window: the screen that the model's route names, made anew each time it is
+/// entered, and the alert over it.
+class ContentView final : public QStackedWidget {
+  Q_OBJECT
+ public:
+  /// The model must outlive the view.
+  explicit ContentView(AppModel& model, QWidget* parent = nullptr);
+
+ private:
+  QWidget* makeScreen();
+  void follow(AppModel::Field field);
+  void showScreen();
+  void showAlert();
+
+  AppModel& model_;
+  QPointer<QMessageBox> alert_;
+  std::shared_ptr<void> observation_;
+};
+
+}  // namespace broomtide::ui

@@ -1,0 +1,48 @@
+#include "ui/shell/FolderDialog.h"
+
+#include <QFile>
+#include <QFileDialog>
+#include <QLayout>
+#include <QToolButton>
+
+#include "ui/controls/Label.h"
+
+namespace broomtide::ui {
+namespace {
+
+QString text(std::string_view fixed) {
+  return QString::fromUtf8(fixed.data(), static_cast<qsizetype>(fixed.size()));
+}
+
+// The desktop's own dialog has no place for a message and none for the name of a button on some
+// desktops; Qt's has both.
+void present(QFileDialog& dialog, const FolderRequest& request) {
+  dialog.setObjectName("folderPicker");
+  dialog.setWindowTitle(text(request.title));
+  dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::ShowDirsOnly |
+                    QFileDialog::ReadOnly);
+  dialog.setFileMode(QFileDialog::Directory);
+  dialog.setLabelText(QFileDialog::Accept, text(request.prompt));
+  if (request.startingAt) dialog.setDirectory(QFile::decodeName(request.startingAt->c_str()));
+  if (auto* newFolder = dialog.findChild<QToolButton*>("newFolderButton")) newFolder->hide();
+
+  auto* message = new Label(text(request.message), TextStyle::body, Tone::secondary);
+  message->setObjectName("message");
+  message->setWordWrap(true);
+  constexpr int edge = 12;
+  message->setContentsMargins(edge, edge, edge, 0);
+  dialog.layout()->setMenuBar(message);
+  constexpr QSize size(720, 480);
+  dialog.resize(size);
+}
+
+}  // namespace
+
+std::optional<std::string> FolderDialog::pickFolder(const FolderRequest& request) {
+  QFileDialog dialog(window_);
+  present(dialog, request);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return QFile::encodeName(dialog.selectedFiles().front()).toStdString();
+}
+
+}  // namespace broomtide::ui

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include "app/AppModel.h"
+
+namespace broomtide::ui {
+
+/// The one window: its content, and the menu commands.
+class MainWindow final : public QMainWindow {
+  Q_OBJECT
+ public:
+  /// The model must outlive the window.
+  explicit MainWindow(AppModel& model);
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void addApplicationMenu();
+  void addHelpMenu();
+  void showSettings();
+  void showAbout();
+
+  AppModel& model_;
+};
+
+}  // namespace broomtide::ui
