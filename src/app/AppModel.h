@@ -16,6 +16,7 @@
 #include "app/MainThread.h"
 #include "app/ModelLink.h"
 #include "app/Observers.h"
+#include "app/Selection.h"
 #include "app/TaskGroup.h"
 #include "core/FileScanning.h"
 #include "core/HistoryStoring.h"
@@ -123,9 +124,9 @@ class AppModel {
 
   /// In the order of the candidates.
   std::vector<ScanCandidate> selectedCandidates() const;
-  std::size_t selectedCount() const;
-  std::int64_t selectedBytes() const;
-  std::int64_t totalBytes() const;
+  std::int64_t selectedBytes() const { return totals().selectedBytes; }
+  std::int64_t totalBytes() const { return totals().totalBytes; }
+  Selection::Totals totals() const { return Selection::totals(candidates_); }
 
   /// The totals of each project, selected or not, the largest first.
   std::vector<ProjectReclaimSummary> projectReclaimSummaries() const;

@@ -7,7 +7,6 @@
 
 #include "app/AppModel.h"
 #include "app/ErrorText.h"
-#include "app/Selection.h"
 #include "core/Uuid.h"
 
 namespace broomtide {
@@ -27,12 +26,6 @@ CleanupHistoryEntry entryOf(const CleanupResult& result, const std::string& root
 std::vector<ScanCandidate> AppModel::selectedCandidates() const {
   return Selection::selected(candidates_);
 }
-
-std::size_t AppModel::selectedCount() const { return Selection::selectedCount(candidates_); }
-
-std::int64_t AppModel::selectedBytes() const { return Selection::selectedBytes(candidates_); }
-
-std::int64_t AppModel::totalBytes() const { return Selection::totalBytes(candidates_); }
 
 std::vector<ProjectReclaimSummary> AppModel::projectReclaimSummaries() const {
   return Selection::projectSummaries(candidates_);

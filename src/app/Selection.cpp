@@ -64,21 +64,15 @@ std::vector<ScanCandidate> selected(std::span<const ScanCandidate> candidates) {
   return result;
 }
 
-std::size_t selectedCount(std::span<const ScanCandidate> candidates) {
-  return static_cast<std::size_t>(std::ranges::count_if(candidates, &ScanCandidate::isSelected));
-}
-
-std::int64_t selectedBytes(std::span<const ScanCandidate> candidates) {
-  std::int64_t bytes = 0;
-  for (const ScanCandidate& candidate : candidates)
-    bytes += candidate.isSelected ? candidate.size : 0;
-  return bytes;
-}
-
-std::int64_t totalBytes(std::span<const ScanCandidate> candidates) {
-  std::int64_t bytes = 0;
-  for (const ScanCandidate& candidate : candidates) bytes += candidate.size;
-  return bytes;
+Totals totals(std::span<const ScanCandidate> candidates) {
+  Totals totals;
+  for (const ScanCandidate& candidate : candidates) {
+    totals.totalBytes += candidate.size;
+    if (!candidate.isSelected) continue;
+    totals.selectedBytes += candidate.size;
+    totals.selectedCount += 1;
+  }
+  return totals;
 }
 
 std::vector<ProjectReclaimSummary> projectSummaries(std::span<const ScanCandidate> candidates) {

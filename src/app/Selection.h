@@ -18,9 +18,13 @@ bool isSafeBeyondDoubt(const ScanCandidate& candidate);
 /// The selected candidates in their order.
 std::vector<ScanCandidate> selected(std::span<const ScanCandidate> candidates);
 
-std::size_t selectedCount(std::span<const ScanCandidate> candidates);
-std::int64_t selectedBytes(std::span<const ScanCandidate> candidates);
-std::int64_t totalBytes(std::span<const ScanCandidate> candidates);
+/// What a list comes to, and the selected ones in it.
+struct Totals {
+  std::size_t selectedCount = 0;
+  std::int64_t selectedBytes = 0;
+  std::int64_t totalBytes = 0;
+};
+Totals totals(std::span<const ScanCandidate> candidates);
 
 /// The totals of each project, selected or not: the largest first, equal ones by the bytes of their
 /// root. Root and kinds are those of the project's first candidate.

@@ -31,6 +31,7 @@ Button::Button(const QString& text, Look look, QString symbol, QWidget* parent)
     : QPushButton(text, parent), look_(look), symbol_(std::move(symbol)) {
   setDefault(look == Look::prominent);
   setFlat(look == Look::plain);
+  setFocusPolicy(Qt::TabFocus);  // Return stays the default action after a click
   setFont(fontFor(look == Look::prominent ? TextStyle::medium : TextStyle::body));
   applyTheme();
 }

@@ -24,7 +24,7 @@ int RecordModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant RecordModel::data(const QModelIndex& index, int role) const {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+  if (!index.isValid()) return {};
   const Record& record = records_[static_cast<std::size_t>(index.row())];
   switch (role) {
     case Qt::DisplayRole:

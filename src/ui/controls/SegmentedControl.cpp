@@ -19,6 +19,7 @@ class Segment final : public QPushButton {
     setCheckable(true);
     setFont(fontFor(TextStyle::small));
     setFlat(true);
+    setFocusPolicy(Qt::TabFocus);
   }
 
  protected:

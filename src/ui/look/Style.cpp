@@ -213,6 +213,7 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
   switch (hint) {
     case SH_EtchDisabledText:
     case SH_ItemView_ActivateItemOnSingleClick:
+    case SH_DialogButtonBox_ButtonsHaveIcons:
     case SH_ComboBox_Popup:
       return 0;
     default:

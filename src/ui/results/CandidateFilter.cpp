@@ -2,22 +2,48 @@
 
 #include <algorithm>
 
-#include "ui/look/DisplayText.h"
+#include "core/Paths.h"
 
 namespace broomtide::ui {
+namespace {
+
+bool isPlain(const QString& word) {
+  return std::ranges::all_of(word, [](QChar letter) { return letter.unicode() < 0x80; });
+}
+
+// `word` is in lower case and not empty.
+bool containsIgnoringCase(std::string_view text, std::string_view word) {
+  const char first = word.front();
+  const char capital = QChar(QLatin1Char(first)).toUpper().toLatin1();
+  for (std::size_t at = 0; at + word.size() <= text.size(); ++at) {
+    if (text[at] != first && text[at] != capital) continue;
+    if (paths::equalIgnoringCase(text.substr(at, word.size()), word)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+CandidateFilter::Word::Word(const QString& text) : any(text, Qt::CaseInsensitive) {
+  if (isPlain(text)) plain = text.toLower().toStdString();
+}
+
+bool CandidateFilter::Word::isIn(std::string_view text) const {
+  if (plain.empty())
+    return any.indexIn(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))) >= 0;
+  return containsIgnoringCase(text, plain);
+}
 
 CandidateFilter::CandidateFilter(const QString& text) {
   for (const QString& word : text.simplified().split(' ', Qt::SkipEmptyParts)) {
-    words_.emplace_back(word, Qt::CaseInsensitive);
+    words_.emplace_back(word);
   }
 }
 
 bool CandidateFilter::picks(const ScanCandidate& candidate) const {
-  if (isEmpty()) return true;
-  const QString text =
-      display::text(candidate.relativePath) + u'\n' + QString::fromStdString(candidate.category);
-  return std::ranges::all_of(
-      words_, [&text](const QStringMatcher& word) { return word.indexIn(text) >= 0; });
+  return std::ranges::all_of(words_, [&candidate](const Word& word) {
+    return word.isIn(candidate.relativePath) || word.isIn(candidate.category);
+  });
 }
 
 }  // namespace broomtide::ui

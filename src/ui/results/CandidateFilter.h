@@ -2,6 +2,8 @@
 
 #include <QString>
 #include <QStringMatcher>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/ScanCandidate.h"
@@ -21,7 +23,17 @@ class CandidateFilter {
   bool picks(const ScanCandidate& candidate) const;
 
  private:
-  std::vector<QStringMatcher> words_;
+  // Most words are plain, and then the bytes of a path need not be decoded to be searched.
+  struct Word {
+    explicit Word(const QString& text);
+
+    bool isIn(std::string_view text) const;
+
+    std::string plain;  // in lower case; empty for a word with other letters than ASCII ones
+    QStringMatcher any;
+  };
+
+  std::vector<Word> words_;
 };
 
 }  // namespace broomtide::ui

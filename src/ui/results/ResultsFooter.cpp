@@ -10,7 +10,6 @@ namespace broomtide::ui {
 
 ResultsFooter::ResultsFooter(AppModel& model, QWidget* parent)
     : QWidget(parent),
-      model_(model),
       selection_(new Label({}, TextStyle::body, Tone::secondary)),
       move_(new Button(tr("Move Selected to Trash"), Button::Look::prominent)) {
   auto* rescan = new Button(tr("Rescan"));
@@ -30,13 +29,12 @@ ResultsFooter::ResultsFooter(AppModel& model, QWidget* parent)
   row->addWidget(move_);
 }
 
-void ResultsFooter::refresh(std::size_t hiddenCount) {
-  const std::size_t count = model_.selectedCount();
+void ResultsFooter::refresh(const Selection::Totals& totals, std::size_t hiddenCount) {
   const QString hidden =
       hiddenCount > 0 ? tr("%1 of them hidden by the filter").arg(hiddenCount) : QString();
   selection_->setText(display::joined(
-      {tr("%1 selected").arg(count), display::size(model_.selectedBytes()), hidden}));
-  move_->setEnabled(count > 0);
+      {tr("%1 selected").arg(totals.selectedCount), display::size(totals.selectedBytes), hidden}));
+  move_->setEnabled(totals.selectedCount > 0);
 }
 
 }  // namespace broomtide::ui

@@ -15,14 +15,13 @@ class ResultsFooter final : public QWidget {
  public:
   explicit ResultsFooter(AppModel& model, QWidget* parent = nullptr);
 
-  /// Shows the present selection, of which this many items are left out by the filter.
-  void refresh(std::size_t hiddenCount);
+  /// Shows what is selected; the filter leaves out this many of the items.
+  void refresh(const Selection::Totals& totals, std::size_t hiddenCount);
 
   /// The default action of the screen.
   Button& move() { return *move_; }
 
  private:
-  AppModel& model_;
   Label* selection_;
   Button* move_;
 };

@@ -45,7 +45,6 @@ ResultsHeader::ResultsHeader(AppModel& model, QWidget* parent)
   secondLine_->addLayout(controls());
   lines->addLayout(secondLine_);
   applyTheme();
-  refresh();
 }
 
 Metric* ResultsHeader::named(const char* name, const QString& label) {
@@ -147,9 +146,9 @@ void ResultsHeader::resizeEvent(QResizeEvent*) {
   secondLine_->setDirection(width() < narrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
 }
 
-void ResultsHeader::refresh() {
-  found_->setValue(display::size(model_.totalBytes()));
-  selected_->setValue(display::size(model_.selectedBytes()));
+void ResultsHeader::refresh(const Selection::Totals& totals) {
+  found_->setValue(display::size(totals.totalBytes));
+  selected_->setValue(display::size(totals.selectedBytes));
   scanned_->setValue(display::count(model_.progress().entriesScanned));
   projects_->setValue(display::count(sizeOf(model_.projectContexts())));
   matches_->setValue(display::count(sizeOf(model_.candidates())));

@@ -19,8 +19,8 @@ class ResultsHeader final : public QWidget {
  public:
   explicit ResultsHeader(AppModel& model, QWidget* parent = nullptr);
 
-  /// Shows the present totals.
-  void refresh();
+  /// Shows what the candidates come to, and what else the scan has found.
+  void refresh(const Selection::Totals& totals);
 
   QLineEdit& filter() { return *filter_; }
 

@@ -19,7 +19,7 @@ QString countAndSize(const ResultsRows::Total& total) {
 ResultsModel::ResultsModel(AppModel& model, QObject* parent)
     : QAbstractTableModel(parent),
       model_(model),
-      shown_(model.candidates().data()),
+      shown_(model.candidates()),
       rows_(model.candidates(), model.scanIssues().size()) {
   observation_ = model.observe([this](AppModel::Field field) {
     if (field == AppModel::Field::candidates) followCandidates();
@@ -35,19 +35,20 @@ int ResultsModel::columnCount(const QModelIndex& parent) const { return parent.i
 // A selection changes candidates where they are. Others have come in their place, or none, when
 // the screen is about to go.
 void ResultsModel::followCandidates() {
-  if (!model_.candidates().empty() && model_.candidates().data() == shown_) {
+  const std::span<const ScanCandidate> now = model_.candidates();
+  if (now.data() == shown_.data() && now.size() == shown_.size()) {
     if (rowCount() > 0)
       emit dataChanged(index(0, 0), index(rowCount() - 1, 0), {Qt::CheckStateRole});
     return;
   }
   beginResetModel();
-  shown_ = model_.candidates().data();
+  shown_ = now;
   rows_ = ResultsRows(model_.candidates(), model_.scanIssues().size());
   endResetModel();
 }
 
 Qt::ItemFlags ResultsModel::flags(const QModelIndex& index) const {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return Qt::NoItemFlags;
+  if (!index.isValid()) return Qt::NoItemFlags;
   switch (row(index.row()).kind) {
     case ResultsRowKind::candidate:
       return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable |
@@ -64,7 +65,7 @@ Qt::ItemFlags ResultsModel::flags(const QModelIndex& index) const {
 }
 
 QVariant ResultsModel::data(const QModelIndex& index, int role) const {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+  if (!index.isValid()) return {};
   const ResultsRow& shown = row(index.row());
   switch (role) {
     case KindRole:
@@ -158,7 +159,7 @@ QVariant ResultsModel::issueData(const ResultsRow& row, int role) const {
 }
 
 bool ResultsModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return false;
+  if (!index.isValid()) return false;
   const ScanCandidate* found = candidate(index);
   if (role == Qt::CheckStateRole && found != nullptr) {
     const bool isSelected = value.toInt() == Qt::Checked;

@@ -27,8 +27,10 @@ class ResultsModel final : public QAbstractTableModel {
   void setSortOrder(SortOrder order);
   void setFilter(const QString& text);
 
-  /// How many of the selected candidates the filter leaves out.
-  std::size_t hiddenSelectedCount() const { return rows_.hiddenSelectedCount(); }
+  /// How many of the selected candidates the filter leaves out, out of this many.
+  std::size_t hiddenSelectedCount(std::size_t selectedCount) const {
+    return rows_.isFiltered() ? selectedCount - rows_.shownSelectedCount() : 0;
+  }
 
   const ResultsRow& row(int number) const { return rows_.all()[static_cast<std::size_t>(number)]; }
 
@@ -48,7 +50,7 @@ class ResultsModel final : public QAbstractTableModel {
   bool isLast(int number) const;
 
   AppModel& model_;
-  const ScanCandidate* shown_;  // where the candidates that the rows refer to begin
+  std::span<const ScanCandidate> shown_;  // the candidates that the rows refer to
   ResultsRows rows_;
   std::shared_ptr<void> observation_;
 };

@@ -72,13 +72,10 @@ bool ResultsRows::isOpen(const ResultsRow& row) const {
   return false;
 }
 
-std::size_t ResultsRows::hiddenSelectedCount() const {
-  if (!isFiltered()) return 0;
-  const auto isSelected = [this](const ResultsRow& row) {
+std::size_t ResultsRows::shownSelectedCount() const {
+  return static_cast<std::size_t>(std::ranges::count_if(rows_, [this](const ResultsRow& row) {
     return row.kind == ResultsRowKind::candidate && candidates_[row.position].isSelected;
-  };
-  const auto all = std::ranges::count_if(candidates_, &ScanCandidate::isSelected);
-  return static_cast<std::size_t>(all - std::ranges::count_if(rows_, isSelected));
+  }));
 }
 
 void ResultsRows::noteOpen(const ResultsRow& row, bool isOpen) {

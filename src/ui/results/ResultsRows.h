@@ -41,8 +41,8 @@ class ResultsRows {
   bool isOpen(const ResultsRow& row) const;
   bool isFiltered() const { return !filter_.isEmpty(); }
 
-  /// How many of the selected candidates the filter leaves out.
-  std::size_t hiddenSelectedCount() const;
+  /// How many of the candidates that are shown are selected.
+  std::size_t shownSelectedCount() const;
 
   void sort(SortOrder order);
   void filter(CandidateFilter filter);

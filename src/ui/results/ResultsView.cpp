@@ -104,8 +104,9 @@ void ResultsView::showProjects(bool areShown) {
 }
 
 void ResultsView::refresh() {
-  header_->refresh();
-  footer_->refresh(rows_ != nullptr ? rows_->hiddenSelectedCount() : 0);
+  const Selection::Totals totals = model_.totals();
+  header_->refresh(totals);
+  footer_->refresh(totals, rows_ != nullptr ? rows_->hiddenSelectedCount(totals.selectedCount) : 0);
   if (rows_ == nullptr) return;
   QWidget* items = rows_->rowCount() > 0 ? static_cast<QWidget*>(list_) : noMatch_;
   body_->setCurrentWidget(areProjectsShown_ ? projects_ : items);

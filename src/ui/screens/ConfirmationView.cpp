@@ -78,9 +78,10 @@ QLayout* ConfirmationView::buttons() {
 }
 
 void ConfirmationView::refresh() {
+  const Selection::Totals totals = model_.totals();
   total_->setText(tr("%1 item(s) totaling %2")
-                      .arg(display::count(static_cast<std::int64_t>(model_.selectedCount())),
-                           display::size(model_.selectedBytes())));
+                      .arg(display::count(static_cast<std::int64_t>(totals.selectedCount)),
+                           display::size(totals.selectedBytes)));
   move_->setText(model_.isCleaning() ? tr("Moving…") : tr("Move to Trash"));
   move_->setEnabled(!model_.isCleaning());
 }

@@ -3,7 +3,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QLayout>
-#include <QToolButton>
+#include <QTreeView>
 
 #include "ui/controls/Label.h"
 
@@ -12,6 +12,18 @@ namespace {
 
 QString text(std::string_view fixed) {
   return QString::fromUtf8(fixed.data(), static_cast<qsizetype>(fixed.size()));
+}
+
+// Files, their kinds and new folders are not to be chosen.
+void hideWhatIsForFiles(QFileDialog& dialog) {
+  for (const char* name : {"newFolderButton", "fileTypeLabel", "fileTypeCombo"}) {
+    if (auto* part = dialog.findChild<QWidget*>(name)) part->hide();
+  }
+  auto* folders = dialog.findChild<QTreeView*>("treeView");
+  if (folders == nullptr) return;
+  constexpr int nameWidth = 320;
+  folders->setColumnWidth(0, nameWidth);
+  for (const int column : {1, 2}) folders->hideColumn(column);  // size and kind
 }
 
 // The desktop's own dialog has no place for a message and none for the name of a button on some
@@ -24,7 +36,7 @@ void present(QFileDialog& dialog, const FolderRequest& request) {
   dialog.setFileMode(QFileDialog::Directory);
   dialog.setLabelText(QFileDialog::Accept, text(request.prompt));
   if (request.startingAt) dialog.setDirectory(QFile::decodeName(request.startingAt->c_str()));
-  if (auto* newFolder = dialog.findChild<QToolButton*>("newFolderButton")) newFolder->hide();
+  hideWhatIsForFiles(dialog);
 
   auto* message = new Label(text(request.message), TextStyle::body, Tone::secondary);
   message->setObjectName("message");

@@ -69,8 +69,10 @@ void MainWindow::showAbout() {
   about->open();
 }
 
-// The model stops what is under way when the program ends, right after this.
+// A scan ends here, without a word; a cleanup is asked to stop, and the model waits for that when
+// the program ends, right after this.
 void MainWindow::closeEvent(QCloseEvent* event) {
+  model_.returnHome();
   model_.requestStop();
   QMainWindow::closeEvent(event);
 }

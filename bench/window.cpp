@@ -1,0 +1,312 @@
+// How fast the window is: broomtide-bench-window. Prints a table; run it with nothing else going
+// on.
+//
+// Without a screen, start it with QT_QPA_PLATFORM=offscreen, or under an X server of its own.
+
+#include <QApplication>
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QTableView>
+#include <QTimer>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "core/FileScanning.h"
+#include "core/HistoryStoring.h"
+#include "core/TrashManaging.h"
+#include "ui/shell/BroomtideApp.h"
+
+namespace broomtide {
+namespace {
+
+std::int64_t nowInNanoseconds() {
+  return std::chrono::duration_cast<std::chrono::nanoseconds>(
+             std::chrono::steady_clock::now().time_since_epoch())
+      .count();
+}
+
+// Memory of this process in MB, now ("VmRSS") or at most ("VmHWM").
+double memory(const std::string& key) {
+  std::ifstream status("/proc/self/status");
+  std::string word;
+  double kibibytes = 0;
+  while (status >> word) {
+    if (word == key + ":") status >> kibibytes;
+  }
+  return kibibytes * 1024 / 1e6;
+}
+
+std::vector<ScanCandidate> makeCandidates(std::size_t count) {
+  std::mt19937 random(7);
+  std::vector<ScanCandidate> candidates(count);
+  for (std::size_t number = 0; number < count; ++number) {
+    ScanCandidate& candidate = candidates[number];
+    const std::string project = "clients/acme-" + std::to_string(random() % 2000);
+    candidate.relativePath =
+        project + "/services/api-" + std::to_string(number) + "/node_modules/.cache";
+    candidate.url = "/home/somebody/src/" + candidate.relativePath;
+    candidate.kind = CandidateKind::directory;
+    candidate.size = static_cast<std::int64_t>(random());
+    candidate.modificationDate = Date(std::chrono::seconds(1'700'000'000 + random() % 50'000'000));
+    candidate.category = "Dependencies";
+    candidate.safety = allSafetyLevels[random() % allSafetyLevels.size()];
+    candidate.explanation = "Installed packages, which come back with one command.";
+    candidate.fileIdentity = "64768-" + std::to_string(number) + "-40000";
+    candidate.projectRoot = "/home/somebody/src/" + project;
+    candidate.gitRoot = candidate.projectRoot;
+    candidate.projectKinds = {ProjectKind::javascript};
+    candidate.evidence = {"package.json is in the same folder", "Git ignores this folder"};
+    candidate.regenerationCommand = "npm ci";
+    candidate.confidence = DetectionConfidence::high;
+    candidate.gitStatus = GitItemStatus::ignored;
+  }
+  return candidates;
+}
+
+// Finds what it was given, one item after the other.
+class GivenScanner final : public FileScanning {
+ public:
+  GivenScanner(std::size_t count, std::size_t updates) : count_(count), updates_(updates) {}
+
+  ScanResult scan(const std::string&, ScanMode, Date, const UpdateFunction& onUpdate,
+                  std::stop_token) override {
+    ScanResult result;
+    result.candidates = makeCandidates(count_);
+    std::size_t known = 0;
+    for (std::size_t update = 1; update <= updates_; ++update) {
+      const std::size_t found = count_ * update / updates_;
+      onUpdate({.entriesScanned = static_cast<std::int64_t>(found) * 10,
+                .reclaimableBytes = static_cast<std::int64_t>(found),
+                .currentPath = result.candidates[found - 1].relativePath},
+               std::span(result.candidates).first(found), known);
+      known = found;
+    }
+    return result;
+  }
+
+ private:
+  std::size_t count_;
+  std::size_t updates_;
+};
+
+class NoTrash final : public TrashManaging {
+ public:
+  CleanupResult moveToTrash(const std::vector<ScanCandidate>&, const std::string&,
+                            std::stop_token) noexcept override {
+    return {};
+  }
+};
+
+class NoHistory final : public HistoryStoring {
+ public:
+  std::vector<CleanupHistoryEntry> load() noexcept override { return {}; }
+  void append(const CleanupHistoryEntry&) override {}
+};
+
+class NoPicker final : public FolderPicking {
+ public:
+  std::optional<std::string> pickFolder(const FolderRequest&) override { return std::nullopt; }
+};
+
+// Notes when a frame of a window has been painted.
+class Application final : public QApplication {
+ public:
+  using QApplication::QApplication;
+
+  bool notify(QObject* receiver, QEvent* event) override {
+    const QEvent::Type type = event->type();
+    const bool isWindow = receiver->isWidgetType() && static_cast<QWidget*>(receiver)->isWindow();
+    const bool result = QApplication::notify(receiver, event);
+    if (type == QEvent::UpdateRequest && isWindow) ++frames;
+    return result;
+  }
+
+  int frames = 0;
+};
+
+class Session {
+ public:
+  Session(Application& application, std::size_t count, std::size_t updates)
+      : application_(application),
+        model_({.scanner = std::make_unique<GivenScanner>(count, updates),
+                .trashManager = std::make_unique<NoTrash>(),
+                .historyStore = std::make_unique<NoHistory>()},
+               {.mainThread = main_, .folderPicker = picker_, .access = access_, .homeFolder = {}}),
+        observation_(model_.observe([this](AppModel::Field field) {
+          if (field == AppModel::Field::route && model_.route() == Route::results) time_.start();
+        })),
+        window_(model_) {
+    window_.show();
+    awaitFrame();
+  }
+
+  // From the end of the scan to the first frame with its results, in milliseconds.
+  double scan() {
+    model_.beginScan("/home/somebody/src", ScanMode::project, true);
+    while (model_.route() != Route::results)
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return finish();
+  }
+
+  // From an action to the frame that shows it, in milliseconds; the median of some. What comes
+  // before each is not counted.
+  double act(
+      const std::function<void(int)>& action, const std::function<void()>& before = [] {}) {
+    std::vector<double> times;
+    constexpr int rounds = 9;
+    for (int round = 0; round < rounds; ++round) {
+      before();
+      awaitQuiet();
+      time_.start();
+      action(round);
+      times.push_back(finish());
+    }
+    std::ranges::nth_element(times, times.begin() + rounds / 2);
+    return times[rounds / 2];
+  }
+
+  void press(int key) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier,
+                    key == Qt::Key_Space ? QStringLiteral(" ") : QString());
+    QCoreApplication::sendEvent(list(), &press);
+  }
+
+  bool isScanning() const { return model_.route() == Route::scanning; }
+
+  QTableView* list() { return window_.findChild<QTableView*>("candidates"); }
+  template <typename Control>
+  Control* control(const char* name) {
+    return window_.findChild<Control*>(name);
+  }
+
+ private:
+  double finish() {
+    awaitFrame();
+    return static_cast<double>(time_.nsecsElapsed()) / 1e6;
+  }
+
+  // Nothing more happens by itself after this.
+  static void awaitQuiet() {
+    constexpr int someFrames = 40;  // milliseconds
+    QElapsedTimer time;
+    time.start();
+    while (time.elapsed() < someFrames) QCoreApplication::processEvents();
+  }
+
+  void awaitFrame() {
+    const int before = application_.frames;
+    while (application_.frames == before)
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+
+  Application& application_;
+  ui::QtMainThread main_;
+  NoPicker picker_;
+  UnrestrictedAccess access_;
+  AppModel model_;
+  QElapsedTimer time_;
+  std::shared_ptr<void> observation_;
+  ui::MainWindow window_;
+};
+
+void printTime(const char* what, std::size_t count, double milliseconds, const char* bar) {
+  std::printf("%-44s %7zu  %8.1f ms  %s\n", what, count, milliseconds, bar);
+}
+
+void measureResults(Application& application, std::size_t count, const char* bar) {
+  const double before = memory("VmRSS");
+  Session session(application, count, 10);
+  printTime("end of scan to results on screen", count, session.scan(), bar);
+  std::printf("%-44s %7zu  %8.0f MB  (%.0f MB before, %.0f MB at most)\n",
+              "memory with the results on screen", count, memory("VmRSS"), before, memory("VmHWM"));
+  printTime("toggle by Space", count, session.act([&](int) { session.press(Qt::Key_Space); }),
+            "(at most 16 ms)");
+  printTime("Select Safe", count, session.act([&](int round) {
+    session.control<QPushButton>(round % 2 == 0 ? "selectSafe" : "unselectAll")->click();
+  }),
+            "(at most 50 ms)");
+  auto* sort = session.control<QComboBox>("sort");
+  printTime("sort by name", count,
+            session.act([&](int) { sort->setCurrentIndex(1); }, [&] { sort->setCurrentIndex(0); }),
+            "(at most 300 ms)");
+  session.press(Qt::Key_End);
+  printTime("toggle the last one", count, session.act([&](int) { session.press(Qt::Key_Space); }),
+            "(at most 16 ms)");
+  printTime("open or close a row", count, session.act([&](int round) {
+    session.press(round % 2 == 0 ? Qt::Key_Right : Qt::Key_Left);
+  }),
+            "(at most 50 ms)");
+  printTime("filter", count, session.act([&](int round) {
+    session.control<QLineEdit>("filter")->setText(QStringLiteral("api-%1").arg(round));
+  }),
+            "");
+}
+
+// How long the window does not answer while a scan goes on, and at its end.
+void measureAnswering(Application& application, std::size_t count) {
+  Session session(application, count, count);
+  QElapsedTimer sinceTick;
+  double longest = 0;
+  QTimer tick;
+  QObject::connect(&tick, &QTimer::timeout, [&] {
+    if (sinceTick.isValid() && session.isScanning())
+      longest = std::max(longest, static_cast<double>(sinceTick.nsecsElapsed()) / 1e6);
+    sinceTick.start();
+  });
+  tick.start(1);
+  const double atEnd = session.scan();
+  printTime("longest silence while a scan delivers", count, longest, "(at most 50 ms)");
+  printTime("end of that scan to results on screen", count, atEnd, "(at most 350 ms)");
+}
+
+// From the start of the process to the first frame: one child after the other.
+void measureStart(const QString& program) {
+  std::vector<double> times;
+  constexpr int rounds = 9;
+  for (int round = 0; round < rounds; ++round) {
+    QProcess child;
+    child.start(program, {QStringLiteral("first-frame"), QString::number(nowInNanoseconds())});
+    child.waitForFinished();
+    times.push_back(child.readAllStandardOutput().toDouble());
+  }
+  std::ranges::nth_element(times, times.begin() + rounds / 2);
+  printTime("start to first frame, real services", 0, times[rounds / 2], "(at most 250 ms)");
+}
+
+int showFirstFrame(Application& application, std::int64_t start) {
+  ui::BroomtideApp app;
+  app.window().show();
+  while (application.frames == 0) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  std::printf("%f\n", static_cast<double>(nowInNanoseconds() - start) / 1e6);
+  return 0;
+}
+
+}  // namespace
+}  // namespace broomtide
+
+int main(int argumentCount, char** arguments) {
+  using namespace broomtide;
+  Application application(argumentCount, arguments);
+  ui::BroomtideApp::introduce(application);
+  const QStringList words = QApplication::arguments();
+  if (words.size() == 3 && words[1] == QStringLiteral("first-frame"))
+    return showFirstFrame(application, words[2].toLongLong());
+  constexpr std::size_t many = 10'000;
+  constexpr std::size_t veryMany = 100'000;
+  measureResults(application, many, "(at most 60 ms)");
+  measureResults(application, veryMany, "(at most 350 ms)");
+  measureAnswering(application, veryMany);
+  measureStart(words[0]);
+  return 0;
+}
