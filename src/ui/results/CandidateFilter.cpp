@@ -1,5 +1,6 @@
 #include "ui/results/CandidateFilter.h"
 
+#include <QStringList>
 #include <algorithm>
 
 #include "core/Paths.h"
