@@ -284,7 +284,7 @@ TEST_F(Model, SelectsWhatIsSafeBeyondDoubt) {
   scan(list);
   model->selectSafeItems();
   EXPECT_THAT(selectedPaths(), ElementsAre("ignored", "alone"));
-  EXPECT_EQ(model->selectedCount(), 2U);
+  EXPECT_EQ(model->totals().selectedCount, 2U);
   EXPECT_EQ(model->selectedBytes(), 20);
 
   model->toggleCandidate("medium");
@@ -295,7 +295,7 @@ TEST_F(Model, SelectsWhatIsSafeBeyondDoubt) {
   EXPECT_EQ(model->route(), Route::confirmation);
   model->setRoute(Route::results);
   model->unselectAll();
-  EXPECT_EQ(model->selectedCount(), 0U);
+  EXPECT_EQ(model->totals().selectedCount, 0U);
   model->showConfirmation();
   EXPECT_EQ(model->route(), Route::results);
 }
