@@ -83,6 +83,11 @@ void ConfirmationView::refresh() {
                       .arg(display::count(static_cast<std::int64_t>(totals.selectedCount)),
                            display::size(totals.selectedBytes)));
   move_->setText(model_.isCleaning() ? tr("Moving…") : tr("Move to Trash"));
+  if (model_.isCleaning() && move_->hasFocus()) {
+    // Otherwise the next button would get the focus, and Return would press that one.
+    setFocusProxy(nullptr);
+    setFocus();
+  }
   move_->setEnabled(!model_.isCleaning());
 }
 
