@@ -64,7 +64,10 @@ void ContentView::showAlert() {
     alert_->setObjectName("alert");
     alert_->setTextFormat(Qt::PlainText);
     alert_->setAttribute(Qt::WA_DeleteOnClose);
-    connect(alert_, &QMessageBox::finished, this, [this] { model_.clearErrorMessage(); });
+    connect(alert_, &QMessageBox::finished, this, [this] {
+      alert_.clear();  // it is on its way out, and cannot take a further message with it
+      model_.clearErrorMessage();
+    });
   }
   alert_->setText(display::text(*model_.errorMessage()));
   alert_->open();
