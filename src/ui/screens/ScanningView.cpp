@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 
+#include "core/Paths.h"
 #include "ui/controls/BusyIndicator.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Column.h"
@@ -16,7 +17,8 @@ constexpr int widest = 640;
 constexpr int widestPath = 520;
 
 QString folderName(const AppModel& model) {
-  return model.rootURL() ? display::name(*model.rootURL()) : QStringLiteral("folder");
+  return model.rootURL() ? display::name(paths::standardized(*model.rootURL()))
+                         : QStringLiteral("folder");
 }
 
 Metric* named(const char* name, const QString& label) {
