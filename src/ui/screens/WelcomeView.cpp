@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QMimeData>
 #include <QPainter>
+#include <QSysInfo>
 #include <QUrl>
 #include <filesystem>
 #include <optional>
@@ -34,12 +35,20 @@ QWidget* trustNote(const QString& icon, const QString& text) {
   return note;
 }
 
+// Some desktops name the machine that a file is on.
+bool isOnThisMachine(const QUrl& url) {
+  const QString host = url.host();
+  return url.isLocalFile() &&
+         (host.isEmpty() || host == "localhost" || host == QSysInfo::machineHostName().toLower());
+}
+
 // The one folder that is being dragged, as the bytes of its path.
 std::optional<std::string> folderOf(const QMimeData& data) {
   const QList<QUrl> urls = data.urls();
-  if (urls.size() != 1 || !urls.front().isLocalFile()) return std::nullopt;
+  if (urls.size() != 1 || !isOnThisMachine(urls.front())) return std::nullopt;
   const QByteArray path =
       QByteArray::fromPercentEncoding(urls.front().path(QUrl::FullyEncoded).toLatin1());
+  if (path.contains('\0')) return std::nullopt;  // which the system would take for its end
   std::error_code error;
   if (!std::filesystem::is_directory(path.toStdString(), error)) return std::nullopt;
   return path.toStdString();
