@@ -1,9 +1,19 @@
 #include "ui/look/Theme.h"
 
 namespace broomtide::ui {
-namespace {
+Tone toneOf(SafetyLevel level) {
+  switch (level) {
+    case SafetyLevel::safe:
+      return Tone::safe;
+    case SafetyLevel::usuallySafe:
+      return Tone::usuallySafe;
+    case SafetyLevel::reviewFirst:
+      break;
+  }
+  return Tone::reviewFirst;
+}
 
-const Theme& light() {
+const Theme& Theme::light() {
   static const Theme theme{.window = QColor("#f5f7f7"),
                            .card = QColor("#ffffff"),
                            .cardHovered = QColor("#f0f6f5"),
@@ -20,7 +30,7 @@ const Theme& light() {
   return theme;
 }
 
-const Theme& dark() {
+const Theme& Theme::dark() {
   static const Theme theme{.window = QColor("#15191a"),
                            .card = QColor("#1e2425"),
                            .cardHovered = QColor("#252d2e"),
@@ -35,20 +45,6 @@ const Theme& dark() {
                            .reviewFirst = QColor("#ff8278"),
                            .disabled = QColor("#667173")};
   return theme;
-}
-
-}  // namespace
-
-Tone toneOf(SafetyLevel level) {
-  switch (level) {
-    case SafetyLevel::safe:
-      return Tone::safe;
-    case SafetyLevel::usuallySafe:
-      return Tone::usuallySafe;
-    case SafetyLevel::reviewFirst:
-      break;
-  }
-  return Tone::reviewFirst;
 }
 
 const Theme& Theme::of(const QPalette& palette) {

@@ -29,6 +29,9 @@ struct Theme {
   QColor reviewFirst;
   QColor disabled;  ///< what cannot be used now
 
+  static const Theme& light();
+  static const Theme& dark();
+
   /// The light or the dark theme, whichever the palette is closer to.
   static const Theme& of(const QPalette& palette);
 

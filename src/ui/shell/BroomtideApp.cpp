@@ -9,7 +9,9 @@
 namespace broomtide::ui {
 
 BroomtideApp::BroomtideApp()
-    : model_(services::makeModel(mainThread_, folderDialog_, access_)), window_(*model_) {
+    : colours_(QDBusConnection::sessionBus()),
+      model_(services::makeModel(mainThread_, folderDialog_, access_)),
+      window_(*model_) {
   folderDialog_.setWindow(&window_);
 }
 

@@ -4,6 +4,7 @@
 
 #include "app/AccessGranting.h"
 #include "app/AppModel.h"
+#include "ui/shell/DesktopColours.h"
 #include "ui/shell/FolderDialog.h"
 #include "ui/shell/MainWindow.h"
 #include "ui/shell/QtMainThread.h"
@@ -25,6 +26,7 @@ class BroomtideApp final {
 
  private:
   QtMainThread mainThread_;
+  DesktopColours colours_;
   FolderDialog folderDialog_;
   UnrestrictedAccess access_;
   std::unique_ptr<AppModel> model_;

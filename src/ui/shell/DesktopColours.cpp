@@ -1,0 +1,64 @@
+#include "ui/shell/DesktopColours.h"
+
+#include <QApplication>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <utility>
+
+#include "ui/look/Theme.h"
+
+namespace broomtide::ui {
+namespace {
+
+const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
+const QString appearance = QStringLiteral("org.freedesktop.appearance");
+const QString colourScheme = QStringLiteral("color-scheme");
+
+// An answer may be wrapped more than once.
+QVariant unwrapped(QVariant value) {
+  while (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
+  return value;
+}
+
+}  // namespace
+
+DesktopColours::DesktopColours(QDBusConnection bus) : bus_(std::move(bus)) {
+  if (!bus_.isConnected()) return;
+  bus_.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
+               SLOT(follow(QString, QString, QDBusVariant)));
+  ask();
+}
+
+void DesktopColours::ask() {
+  QDBusMessage question =
+      QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
+  question << appearance << colourScheme;
+  auto* answer = new QDBusPendingCallWatcher(bus_.asyncCall(question), this);
+  connect(answer, &QDBusPendingCallWatcher::finished, this, [answer] {
+    const QDBusPendingReply<QDBusVariant> reply = *answer;
+    if (reply.isValid()) apply(unwrapped(reply.value().variant()));
+    answer->deleteLater();
+  });
+}
+
+void DesktopColours::follow(const QString& group, const QString& key, const QDBusVariant& value) {
+  if (group == appearance && key == colourScheme) apply(unwrapped(value.variant()));
+}
+
+void DesktopColours::apply(const QVariant& preference) {
+  constexpr uint dark = 1;
+  constexpr uint light = 2;
+  const uint wanted = preference.toUInt();
+  if (wanted == dark) {
+    QApplication::setPalette(Theme::dark().palette());
+  } else if (wanted == light) {
+    QApplication::setPalette(Theme::light().palette());
+  } else {
+    QApplication::setPalette(QPalette());
+  }
+}
+
+}  // namespace broomtide::ui
