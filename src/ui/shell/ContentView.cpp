@@ -13,6 +13,14 @@ namespace {
 
 constexpr QSize smallest(820, 600);
 
+// A screen names where the keyboard begins by its focus proxy. If that stayed, Tab would be caught
+// by the screen and never reach the controls before the proxy.
+void giveFocus(QWidget& screen) {
+  QWidget* first = screen.focusProxy();
+  screen.setFocusProxy(nullptr);
+  (first != nullptr ? first : &screen)->setFocus(Qt::OtherFocusReason);
+}
+
 }  // namespace
 
 ContentView::ContentView(AppModel& model, QWidget* parent) : QStackedWidget(parent), model_(model) {
@@ -32,7 +40,7 @@ void ContentView::showScreen() {
   QWidget* entered = makeScreen();
   addWidget(entered);
   setCurrentWidget(entered);
-  entered->setFocus(Qt::OtherFocusReason);
+  giveFocus(*entered);
   if (left == nullptr) return;
   removeWidget(left);
   left->hide();
