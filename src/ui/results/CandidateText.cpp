@@ -52,4 +52,13 @@ QString sentence(const ScanCandidate& candidate, bool areDetailsShown) {
       .join(QStringLiteral(", "));
 }
 
+QString details(const ScanCandidate& candidate) {
+  QStringList lines{display::text(candidate.explanation)};
+  if (candidate.projectRoot) lines << tr("Project: %1").arg(display::name(*candidate.projectRoot));
+  for (const std::string& reason : candidate.evidence) lines << display::text(reason);
+  if (candidate.regenerationCommand)
+    lines << tr("How to regenerate") + ": " + display::text(*candidate.regenerationCommand);
+  return lines.join(u'\n');
+}
+
 }  // namespace broomtide::ui::candidatetext

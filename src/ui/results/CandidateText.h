@@ -18,4 +18,7 @@ QString note(const ScanCandidate& candidate);
 /// All that a row shows, its selection and its state, for a screen reader.
 QString sentence(const ScanCandidate& candidate, bool areDetailsShown);
 
+/// All that the open details show, for a screen reader.
+QString details(const ScanCandidate& candidate);
+
 }  // namespace broomtide::ui::candidatetext

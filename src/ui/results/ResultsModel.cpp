@@ -84,8 +84,9 @@ QVariant ResultsModel::data(const QModelIndex& index, int role) const {
       return sectionData(static_cast<SafetyLevel>(shown.position), role);
     case ResultsRowKind::candidate:
       return candidateData(shown, role);
-    case ResultsRowKind::details:
-      break;
+    case ResultsRowKind::details:  // a widget, which screen readers do not find inside a table
+      if (role != Qt::AccessibleTextRole) return {};
+      return candidatetext::details(model_.candidates()[shown.position]);
     case ResultsRowKind::issuesHeading:
     case ResultsRowKind::issue:
     case ResultsRowKind::moreIssues:
