@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "ui/controls/Button.h"
@@ -63,6 +64,10 @@ QLayout* ResultsHeader::titleLine() {
   filter_->setAccessibleName(tr("Filter"));
   filter_->setClearButtonEnabled(true);
   filter_->setFixedWidth(filterWidth);
+  for (auto* button : filter_->findChildren<QToolButton*>()) {
+    const bool isGlass = button->defaultAction() == glass_;
+    button->setAccessibleName(isGlass ? tr("Filter") : tr("Clear the filter"));
+  }
   connect(filter_, &QLineEdit::textChanged, this, &ResultsHeader::filterChanged);
 
   auto* sort = new QComboBox;
