@@ -54,7 +54,9 @@ void ResultsList::dressRows(int first, int last) {
     if (kind == ResultsRowKind::candidate) continue;
     if (kind == ResultsRowKind::details) {
       const ScanCandidate* candidate = rows_.candidate(rows_.index(row - 1, 0));
-      setIndexWidget(rows_.index(row, 0), new CandidateDetails(*candidate));
+      auto* details = new CandidateDetails(*candidate);
+      setIndexWidget(rows_.index(row, 0), details);
+      if (auto* copy = details->findChild<QWidget*>("copyCommand")) setTabOrder(this, copy);
       fitDetails(row);
     } else {
       setRowHeight(row, RowLayout::height(kind, delegate_->fonts()));
