@@ -6,7 +6,8 @@ packages_run=(
   pkg-config python3 qt6-base-dev qt6-svg-dev uuid-dev
 )
 packages_test=(
-  dbus dbus-daemon gvfs gvfs-daemons libglib2.0-bin libgmock-dev libgtest-dev trash-cli util-linux
+  at-spi2-core dbus dbus-daemon fonts-dejavu-core gir1.2-atspi-2.0 gvfs gvfs-daemons libglib2.0-bin
+  libgmock-dev libgtest-dev openbox python3-gi trash-cli util-linux xdotool xvfb
 )
 packages_lint=(clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev)
 

@@ -9,7 +9,7 @@ import subprocess
 import tempfile
 import unittest
 
-CLI = os.environ["BROOMTIDE_CLI"]
+CLI = os.environ.get("BROOMTIDE_CLI")
 
 
 def environment(**changes):
