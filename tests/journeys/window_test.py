@@ -162,21 +162,37 @@ class WindowJourney(Journey):
         self.app.press("Return")
         self.await_gone(title)
 
-    def confirm(self, count, size):
-        """From the results to the summary."""
+    def ask(self, count, size):
+        """From the results to the confirmation."""
         self.app.press("Return")
         self.await_focus("push button", "Move to Trash")
         self.await_text("Move selected items to Trash?", f"{count} item(s) totaling {size}")
+
+    def confirm(self, count, size, failed=0):
+        """On to the summary."""
         self.app.press("Return")
         tree = self.await_focus("push button", "Done")
-        for text in ["Cleanup complete", f"{size} Moved to Trash", f"{count} Items moved", "0 Failed"]:
+        for text in ["Cleanup complete", f"{size} Moved to Trash", f"{count} Items moved", f"{failed} Failed"]:
             self.assertTrue(tree.says(text), f"{text}\n{tree}")
+        return tree
+
+    def check_history(self, count, size):
+        self.app.press("space")
+        entry = re.compile(re.escape(self.path("work")) + rf" · .+ · {count} item\(s\) · {size}")
+        self.app.wait_for("the entry", lambda tree: tree.find("list", "Cleanup History") and [
+            item for item in tree.all("list item") if entry.fullmatch(item.name)])
+        self.tab_to("Back")
+        self.app.press("space")
 
     # What became of the files
 
+    @staticmethod
+    def below(top):
+        return {os.path.join(folder, name).removeprefix(top)
+                for folder, folders, names in os.walk(top) for name in names + folders}
+
     def files(self):
-        return {os.path.relpath(os.path.join(folder, name), self.path("work"))
-                for folder, folders, names in os.walk(self.path("work")) for name in names + folders}
+        return {path.removeprefix("/") for path in self.below(self.path("work"))}
 
     def check_trash(self, before, moved):
         """What was moved is in the Trash and nowhere else; everything else is where it was."""
@@ -191,6 +207,9 @@ class WindowJourney(Journey):
             places[os.path.relpath(urllib.parse.unquote(path), self.path("work"))] = name
         self.assertEqual(set(places), set(moved))
         self.assertEqual(set(os.listdir(os.path.join(self.trash, "files"))), set(places.values()))
+        for item, name in places.items():
+            there = {item + entry for entry in self.below(os.path.join(self.trash, "files", name))}
+            self.assertEqual(there, {path for path in gone if path.startswith(item + "/")})
 
 
 class Projects(WindowJourney):
@@ -279,24 +298,19 @@ class Projects(WindowJourney):
         self.app.wait_for("the focus in the list", lambda tree: tree.window().focus().role == "table cell")
 
         # There and back, then there
-        self.app.press("Return")
-        self.await_focus("push button", "Move to Trash")
+        self.ask(2, in_app)
         self.check_reach()
         self.app.press("Escape")
         self.await_rows(*rows(coverage=False, modules=True))
         self.assertEqual(self.files(), before)
+        self.ask(2, in_app)
         self.confirm(2, in_app)
         self.check_trash(before, ["app/.next", "app/node_modules"])
         self.check_reach()
 
         # The history leads back to the summary, and that home.
         self.tab_to("View History")
-        self.app.press("space")
-        entry = re.compile(re.escape(self.path("work")) + r" · .+ · 2 item\(s\) · " + re.escape(in_app))
-        self.app.wait_for("the entry", lambda tree: tree.find("list", "Cleanup History") and [
-            item for item in tree.all("list item") if entry.fullmatch(item.name)])
-        self.tab_to("Back")
-        self.app.press("space")
+        self.check_history(2, in_app)
         self.await_focus("push button", "Done")
         self.await_text("2 Items moved")
         self.app.press("Return")
@@ -335,6 +349,7 @@ class Caches(WindowJourney):
         self.app.press("space")
         self.await_rows(*rows)
         self.tab_to("Move Selected to Trash")
+        self.ask(1, size_text(npm))
         self.confirm(1, size_text(npm))
         self.check_trash(before, [".npm/_cacache"])
         self.app.press("space")
@@ -343,7 +358,7 @@ class Caches(WindowJourney):
 
 
 class Downloads(WindowJourney):
-    def test_what_is_old_is_offered_and_what_is_chosen_moved(self):
+    def test_what_is_old_is_offered_and_what_is_there_no_more_is_told(self):
         for name in ["old.dmg", "old.zip", "new.dmg", "new.zip", "old.txt"]:
             self.write("work/" + name, name * 3_000)
             if name.startswith("old"):
@@ -356,10 +371,29 @@ class Downloads(WindowJourney):
                 ("old.zip", "Archive", "Usually Safe", size, False)]
         self.await_rows(*rows)
         self.app.press("Return")  # nothing is selected, so there is nothing to confirm
-        self.app.press("Down", "space")
-        self.await_rows(rows[0], (*rows[1][:4], True))
-        self.confirm(1, size)
-        self.check_trash(before, ["old.zip"])
+        self.app.press("space", "Down", "space")
+        self.await_rows(*((*row[:4], True) for row in rows))
+        self.ask(2, size_text(2 * self.size("work/old.zip")))
+        os.remove(self.path("work/old.dmg"))
+        tree = self.confirm(1, size, failed=1)
+        failures = [node.name for node in tree.find("list", "Items that were left alone").all("list item")]
+        self.assertEqual(len(failures), 1, tree)
+        self.assertIn("old.dmg · ", failures[0])
+        self.check_reach()
+        self.check_trash(before - {"old.dmg"}, ["old.zip"])
+        self.quit()
+
+        # Another day
+        self.start()
+        self.tab_to("View Cleanup History")
+        self.check_history(1, size)
+        self.at_home()
+        os.makedirs(self.path("empty"))
+        self.choose("Scan Downloads", self.path("empty"))
+        self.await_text("Nothing to clean here")
+        self.tab_to("Home")
+        self.app.press("space")
+        self.at_home()
         self.quit()
 
 
@@ -386,6 +420,7 @@ class Leaving(WindowJourney):
         self.await_focus("push button", "Back to Home")
         self.assertTrue(select.select([self.reader], [], [], 30)[0], "Git was not asked")
         self.assertEqual(os.read(self.reader, 64), b"\n")
+        self.await_text("2005 Items scanned")
 
     def check_no_child(self):
         """Whoever still held the pipe open would be a child that was left behind."""
