@@ -80,8 +80,7 @@ class WindowJourney(Journey):
         self.app.wait_for(f"no more {text!r}", lambda tree: not tree.says(text))
 
     def at_home(self):
-        tree = self.app.wait_for("the cards", lambda tree: tree.find("push button", "Scan Downloads")
-                                 and tree.window() and tree.window().focus() and tree)
+        tree = self.await_focus("push button", "Scan Project Folder")
         found = {node.name: node.description for node in tree.all("push button") if node.name in CARDS}
         self.assertEqual(found, CARDS)
 
@@ -391,7 +390,7 @@ class Downloads(WindowJourney):
         os.makedirs(self.path("empty"))
         self.choose("Scan Downloads", self.path("empty"))
         self.await_text("Nothing to clean here")
-        self.tab_to("Home")
+        self.await_focus("push button", "Home")
         self.app.press("space")
         self.at_home()
         self.quit()

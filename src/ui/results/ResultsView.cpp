@@ -33,7 +33,7 @@ ResultsView::ResultsView(AppModel& model, QWidget* parent)
   setObjectName("results");
   if (model.candidates().empty()) {
     body_->addWidget(nothingFound());
-    setFocusProxy(header_);
+    setFocusProxy(header_->findChild<QWidget*>("home"));
   } else {
     addLists();
     setFocusProxy(list_);

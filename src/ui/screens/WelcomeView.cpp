@@ -92,6 +92,7 @@ QLayout* WelcomeView::cards() {
     card->setObjectName(name);
     connect(card, &ScanModeCard::clicked, this, action);
     row->addWidget(card);
+    if (focusProxy() == nullptr) setFocusProxy(card);
   };
   AppModel& model = model_;
   add("projectCard", "shippingbox.fill", tr("Project Folder"),
