@@ -73,8 +73,12 @@ class Node:
         return any(text in (node.name, node.text) for node in self.everything())
 
     def window(self):
-        """The window that has the keyboard, or None."""
-        return next((node for node in self.children if "ACTIVE" in node.states), None)
+        """The window that has the keyboard, NOTHING while there is none."""
+        return next((node for node in self.children if "ACTIVE" in node.states), NOTHING)
+
+    def keyboard(self):
+        """What has the keyboard in that window, NOTHING when that is not in the tree."""
+        return self.window().focus() or NOTHING
 
     def lines(self, depth=0):
         shown = [self.role, repr(self.name)]
@@ -88,6 +92,9 @@ class Node:
 
     def __str__(self):
         return "\n".join(self.lines())
+
+
+NOTHING = Node("", "", "", "", frozenset(), (), ())
 
 
 def read(thing, place=(), states=None):

@@ -11,7 +11,7 @@ import time
 import unittest
 import urllib.parse
 
-from desktop import Application, Desktop, poll
+from desktop import NOTHING, Application, Desktop, poll
 from journey import Journey
 
 CARDS = {
@@ -67,10 +67,12 @@ class WindowJourney(Journey):
 
     def await_focus(self, role, name):
         """Waits until the keyboard is there in the active window; the tree of then."""
-        def there(tree):
-            node = tree.window() and tree.window().focus()
-            return node and (node.role, node.name) == (role, name) and tree
-        return self.app.wait_for(f"the focus on {role} {name!r}", there)
+        return self.app.wait_for(f"the focus on {role} {name!r}", lambda tree: (
+            (tree.keyboard().role, tree.keyboard().name) == (role, name) and tree))
+
+    def await_window(self):
+        """The active window, once something in it has the keyboard."""
+        return self.app.wait_for("the focus", lambda tree: tree.keyboard() is not NOTHING and tree.window())
 
     def await_text(self, *texts):
         """Waits until all of these can be read; the tree of then."""
@@ -109,41 +111,30 @@ class WindowJourney(Journey):
     def tab_to(self, name, most=20):
         """Goes to a control from control to control."""
         passed = []
-        focus = self.app.tree().window().focus()
-        while focus is None or not focus.name.startswith(name):
+        focus = self.await_window().focus()
+        while not focus.name.startswith(name):
             self.assertLess(len(passed), most, f"{name} cannot be reached, but {passed}")
-            before = focus
             self.app.press("Tab")
-
-            def moved(tree):
-                node = tree.window() and tree.window().focus()
-                return node if node and (before is None or node.place != before.place) else None
-
-            focus = self.app.wait_for(f"another focus than {before}", moved)
+            focus = self.app.wait_for(f"another focus than {focus}", lambda tree, before=focus.place: (
+                tree.keyboard().place not in ((), before) and tree.keyboard()))
             passed.append(focus.name)
-        return passed
 
     def check_reach(self):
         """Tab leads to everything that can be used, and comes round again."""
-        window = self.app.tree().window()
+        window = self.await_window()
         wanted = {node.place for node in window.all(focusable=True, enabled=True) if node.role in CONTROLS
                   and (node.role != "check box" or "CHECKED" in node.states)}  # arrows lead to the other
-        reached = []
-        self.assertIsNotNone(window.focus(), window)
+
+        def control(tree):
+            node = tree.keyboard()
+            return node.place if node.role in CONTROLS else node.place[:-1]  # a list, for its row
+
+        reached = [self.app.wait_for("a control with the focus", control)]
         while len(reached) < 2 or reached[-1] != reached[0]:
-            def next_place(tree):
-                node = tree.window() and tree.window().focus()
-                if node is None:
-                    return None
-                place = node.place if node.role in CONTROLS else node.place[:-1]  # the list of the row
-                return place if not reached or place != reached[-1] else None
-            reached.append(self.app.wait_for(f"a control after {reached}", next_place))
             self.assertLess(len(reached), 30, f"Tab never comes back\n{window}")
             self.app.press("Tab")
-        self.app.wait_for("the next control", lambda tree: (node := tree.window().focus()) and node.place != reached[0])
-        self.app.press("shift+Tab")
-        self.app.wait_for("the first control", lambda tree: (node := tree.window().focus())
-                          and node.place[:len(reached[0])] == reached[0])
+            reached.append(self.app.wait_for(f"a control after {reached}", lambda tree: (
+                (place := control(tree)) != reached[-1] and place)))
         self.assertEqual(set(reached), wanted, window)
 
     def choose(self, card, folder):
@@ -151,13 +142,13 @@ class WindowJourney(Journey):
         self.tab_to(card)
         self.app.press("space")
         title, button, message = DIALOGS[card]
-        dialog = self.app.wait_for(title, lambda tree: (window := tree.window()) and window.name == title
-                                   and window.focus() and window)
+        dialog = self.app.wait_for(title, lambda tree: tree.window().name == title and tree.window().focus()
+                                   and tree.window())
         self.assertTrue(dialog.says(message), dialog)
         self.assertTrue(dialog.find("push button", button, enabled=True), dialog)
         self.assertEqual(dialog.focus().role, "text", dialog)
         self.app.type(folder)
-        self.app.wait_for(f"{folder} in the dialog", lambda tree: tree.window().focus().text == folder)
+        self.app.wait_for(f"{folder} in the dialog", lambda tree: tree.keyboard().text == folder)
         self.app.press("Return")
         self.await_gone(title)
 
@@ -261,7 +252,7 @@ class Projects(WindowJourney):
         self.tab_to(".next, ")
 
         # Another is selected, and one no more.
-        self.assertTrue(self.app.tree().window().focus().name.startswith(".next, "))
+        self.assertTrue(self.await_window().focus().name.startswith(".next, "))
         self.app.press("Down", "space")
         self.await_rows(*rows(coverage=False))
         self.app.press("Down", "space")
@@ -271,16 +262,17 @@ class Projects(WindowJourney):
         # Details
         command = "Run npm install, pnpm install, or yarn install."
         self.app.press("Right")
-        shown = self.app.wait_for("details", lambda tree: "details shown" in tree.window().focus().name and tree)
+        shown = self.app.wait_for("details", lambda tree: "details shown" in tree.keyboard().name and tree)
         for text in ["Dependencies can be restored with the project's package manager.", "Project: app",
                      "Detected JavaScript / TypeScript project from package.json.",
                      "The path is ignored by Git.", command]:
             self.assertTrue(any(text in cell.name for cell in shown.all("table cell")), f"{text}\n{shown}")
         # The button is a part of the table that is not in the tree.
         self.app.press("Tab")
-        self.app.wait_for("the focus on the button that copies", lambda tree: tree.window().focus() is None)
+        self.app.wait_for("the focus on the button that copies", lambda tree: (
+            tree.window() is not NOTHING and tree.keyboard() is NOTHING))
         self.app.press("space", "ctrl+f", "ctrl+v")
-        self.app.wait_for("the command", lambda tree: tree.find("text", "Filter", focused=True).text == command)
+        self.app.wait_for("the command", lambda tree: tree.keyboard().text == command)
         self.app.press("Escape", "End", "Left")
         self.await_rows(*rows(coverage=False, modules=True))
 
@@ -294,7 +286,7 @@ class Projects(WindowJourney):
         self.await_text("No matching items")
         self.app.press("Escape")
         self.await_rows(*rows(coverage=False, modules=True))
-        self.app.wait_for("the focus in the list", lambda tree: tree.window().focus().role == "table cell")
+        self.app.wait_for("the focus in the list", lambda tree: tree.keyboard().role == "table cell")
 
         # There and back, then there
         self.ask(2, in_app)
