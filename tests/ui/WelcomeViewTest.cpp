@@ -99,10 +99,10 @@ TEST_F(Welcome, CardsAskForTheFolder) {
     std::string title, prompt;
   };
   const std::vector<Row> rows{
-      {"projectCard", 1, ScanMode::project, std::nullopt, "Choose a project folder", "Scan Folder"},
-      {"cachesCard", 2, ScanMode::caches, tree.path("home"), "Choose your home folder",
+      {"projectCard", 0, ScanMode::project, std::nullopt, "Choose a project folder", "Scan Folder"},
+      {"cachesCard", 1, ScanMode::caches, tree.path("home"), "Choose your home folder",
        "Scan Caches"},
-      {"downloadsCard", 3, ScanMode::downloads, tree.path("home/Downloads"),
+      {"downloadsCard", 2, ScanMode::downloads, tree.path("home/Downloads"),
        "Choose your Downloads folder", "Scan Folder"},
   };
   for (const bool byKeyboard : {false, true}) {

@@ -18,7 +18,8 @@ constexpr QSize smallest(820, 600);
 void giveFocus(QWidget& screen) {
   QWidget* first = screen.focusProxy();
   screen.setFocusProxy(nullptr);
-  (first != nullptr ? first : &screen)->setFocus(Qt::OtherFocusReason);
+  const bool canBegin = first != nullptr && first->isEnabled();
+  (canBegin ? first : &screen)->setFocus(Qt::OtherFocusReason);
 }
 
 }  // namespace
