@@ -81,16 +81,12 @@ TEST(DesktopColours, FollowsWhatTheDesktopPrefers) {
   {
     const ui::DesktopColours colours(bus.connect("program"));
     test::TestWindow::runUntil(isDark);
-    // Says it again until it is heard: a program learns in its own time who speaks for the desktop.
-    const auto preferUntil = [&desktop](uint wanted, bool shallBeDark) {
-      while (isDark() != shallBeDark) {
-        desktop.prefer(wanted);
-        QCoreApplication::processEvents();
-      }
-    };
-    preferUntil(2, false);
-    preferUntil(1, true);
-    preferUntil(0, false);  // the desktop's palette, which is light here
+    desktop.prefer(2);
+    test::TestWindow::runUntil([] { return !isDark(); });
+    desktop.prefer(1);
+    test::TestWindow::runUntil(isDark);
+    desktop.prefer(0);  // the desktop's palette, which is light here
+    test::TestWindow::runUntil([] { return !isDark(); });
   }
   EXPECT_FALSE(isDark());
 }

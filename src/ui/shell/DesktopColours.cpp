@@ -27,6 +27,7 @@ QVariant unwrapped(QVariant value) {
 
 DesktopColours::DesktopColours(QDBusConnection bus) : bus_(std::move(bus)) {
   if (!bus_.isConnected()) return;
+  qRegisterMetaType<QDBusVariant>();  // or no connection is made to a slot that takes one
   bus_.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
                SLOT(follow(QString, QString, QDBusVariant)));
   ask();
