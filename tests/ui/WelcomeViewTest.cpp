@@ -105,17 +105,18 @@ TEST_F(Welcome, CardsAskForTheFolder) {
       {"downloadsCard", 2, ScanMode::downloads, tree.path("home/Downloads"),
        "Choose your Downloads folder", "Scan Folder"},
   };
-  for (const bool byKeyboard : {false, true}) {
+  const std::vector<std::optional<Qt::Key>> ways{std::nullopt, Qt::Key_Space, Qt::Key_Return};
+  for (const std::optional<Qt::Key> key : ways) {
     for (const Row& row : rows) {
       test.model().setRoute(Route::welcome);  // anew, with the focus at its start
       test.picker.requests.clear();
-      if (byKeyboard) {
+      if (key) {
         for (int tab = 0; tab < row.tabs; ++tab) test::press(Qt::Key_Tab);
-        test::press(Qt::Key_Space);
+        test::press(*key);
       } else {
         test::click(card(row.name));
       }
-      ASSERT_THAT(test.picker.requests, SizeIs(1)) << row.name << byKeyboard;
+      ASSERT_THAT(test.picker.requests, SizeIs(1)) << row.name << key.value_or(Qt::Key_unknown);
       const FolderRequest& request = test.picker.requests.front();
       EXPECT_EQ(request.mode, row.mode);
       EXPECT_EQ(request.startingAt, row.startingAt);

@@ -30,6 +30,7 @@ QAbstractButton& buttonInFocus(const QWidget& screen, QAbstractButton& otherwise
 Button::Button(const QString& text, Look look, QString symbol, QWidget* parent)
     : QPushButton(text, parent), look_(look), symbol_(std::move(symbol)) {
   setDefault(look == Look::prominent);
+  setAutoDefault(true);  // Return presses it when it has the focus
   setFlat(look == Look::plain);
   setFocusPolicy(Qt::TabFocus);  // Return stays the default action after a click
   setFont(fontFor(look == Look::prominent ? TextStyle::medium : TextStyle::body));

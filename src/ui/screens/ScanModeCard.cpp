@@ -1,6 +1,7 @@
 #include "ui/screens/ScanModeCard.h"
 
 #include <QFontMetrics>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOption>
 #include <utility>
@@ -77,6 +78,15 @@ void ScanModeCard::setHovered(bool isHovered) {
   isHovered_ = isHovered;
   highlight_.setDirection(isHovered ? QAbstractAnimation::Forward : QAbstractAnimation::Backward);
   if (highlight_.state() != QAbstractAnimation::Running) highlight_.start();
+}
+
+void ScanModeCard::keyPressEvent(QKeyEvent* event) {
+  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (isReturn && !event->isAutoRepeat()) {
+    click();
+  } else {
+    QAbstractButton::keyPressEvent(event);
+  }
 }
 
 void ScanModeCard::paintEvent(QPaintEvent*) {

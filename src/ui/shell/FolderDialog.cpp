@@ -44,6 +44,7 @@ void present(QFileDialog& dialog, const FolderRequest& request) {
   constexpr int edge = 12;
   message->setContentsMargins(edge, edge, edge, 0);
   dialog.layout()->setMenuBar(message);
+  dialog.setAccessibleDescription(message->text());
   constexpr QSize size(720, 480);
   dialog.resize(size);
 }
