@@ -1,6 +1,5 @@
 #include "ui/controls/RecordDelegate.h"
 
-#include <QFontMetrics>
 #include <QPainter>
 
 #include "ui/look/Drawing.h"
@@ -31,18 +30,17 @@ struct RecordDelegate::Layout {
   int height = 0;
 
   Layout(const RecordDelegate& delegate, const QRect& row, bool hasSymbol) {
-    const auto heightOf = [](const QFont& font) { return QFontMetrics(font).height(); };
     const int left = row.x() + edge + (hasSymbol ? symbolSide + gap : 0);
     const int right = row.right() + 1 - edge;
     const int trailingLeft = delegate.lines_.hasAmount ? right - amountColumn : right;
     const int width = trailingLeft - left - (delegate.lines_.hasAmount ? gap : 0);
     int y = row.y() + above;
-    title = QRect(left, y, width, heightOf(delegate.titleFont_));
+    title = QRect(left, y, width, lineHeight(delegate.titleFont_));
     y += title.height() + 1;
-    subtitle = QRect(left, y, width, delegate.lines_.subtitle * heightOf(delegate.subtitleFont_));
+    subtitle = QRect(left, y, width, delegate.lines_.subtitle * lineHeight(delegate.subtitleFont_));
     y += subtitle.height() + 1;
     if (delegate.lines_.hasNote) {
-      note = QRect(left, y, width, heightOf(delegate.noteFont_));
+      note = QRect(left, y, width, lineHeight(delegate.noteFont_));
       y += note.height();
     }
     height = y + above - row.y();

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QFontMetrics>
 
 namespace broomtide::ui {
 namespace {
@@ -53,5 +54,7 @@ QFont fontFor(TextStyle style) {
   }
   return code(12);
 }
+
+int lineHeight(const QFont& font) { return QFontMetrics(font).height(); }
 
 }  // namespace broomtide::ui

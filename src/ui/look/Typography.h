@@ -22,4 +22,7 @@ enum class TextStyle {
 /// The font for a style.
 QFont fontFor(TextStyle style);
 
+/// The height of a line of text in pixels.
+int lineHeight(const QFont& font);
+
 }  // namespace broomtide::ui

@@ -1,7 +1,5 @@
 #include "ui/results/RowLayout.h"
 
-#include <QFontMetrics>
-
 #include "ui/look/Typography.h"
 
 namespace broomtide::ui {
@@ -16,8 +14,6 @@ constexpr int chevronSide = 14;
 constexpr int trailingColumn = 112;
 constexpr int badgePadding = 3;
 constexpr int aboveSection = 14;
-
-int heightOf(const QFont& font) { return QFontMetrics(font).height(); }
 
 QRect centred(int x, const QRect& row, int side) {
   return {x, row.y() + (row.height() - side) / 2, side, side};
@@ -38,18 +34,19 @@ int RowLayout::textStart() { return edge + tickSide + gap + symbolSide + gap; }
 int RowLayout::height(ResultsRowKind kind, const RowFonts& fonts) {
   switch (kind) {
     case ResultsRowKind::section:
-      return aboveSection + heightOf(fonts.section) + above;
+      return aboveSection + lineHeight(fonts.section) + above;
     case ResultsRowKind::candidate:
-      return 2 * above + heightOf(fonts.name) + heightOf(fonts.path) + heightOf(fonts.note) + 2;
+      return 2 * above + lineHeight(fonts.name) + lineHeight(fonts.path) + lineHeight(fonts.note) +
+             2;
     case ResultsRowKind::issue:
-      return above + heightOf(fonts.path) + heightOf(fonts.note) + above;
+      return above + lineHeight(fonts.path) + lineHeight(fonts.note) + above;
     case ResultsRowKind::issuesHeading:
-      return aboveSection + 2 * above + heightOf(fonts.name);
+      return aboveSection + 2 * above + lineHeight(fonts.name);
     case ResultsRowKind::moreIssues:
     case ResultsRowKind::details:
       break;
   }
-  return 2 * above + heightOf(fonts.name);
+  return 2 * above + lineHeight(fonts.name);
 }
 
 RowLayout::RowLayout(ResultsRowKind kind, const QRect& row, const RowFonts& fonts) : card(row) {
@@ -58,7 +55,7 @@ RowLayout::RowLayout(ResultsRowKind kind, const QRect& row, const RowFonts& font
   switch (kind) {
     case ResultsRowKind::section: {
       const int y = row.y() + aboveSection;
-      name = QRect(row.x() + 2, y, row.width() / 2, heightOf(fonts.section));
+      name = QRect(row.x() + 2, y, row.width() / 2, lineHeight(fonts.section));
       note = QRect(row.x() + row.width() / 2, y, row.width() / 2 - 2, name.height());
       break;
     }
@@ -69,12 +66,12 @@ RowLayout::RowLayout(ResultsRowKind kind, const QRect& row, const RowFonts& font
       tickBox = centred(row.x() + edge, row, tickSide);
       tickArea = QRect(row.topLeft(), QSize(tickBox.right() + gap / 2 - row.x(), row.height()));
       symbol = centred(row.x() + edge + tickSide + gap, row, symbolSide);
-      name = QRect(start, row.y() + above, width, heightOf(fonts.name));
-      path = QRect(start, name.bottom() + 2, width, heightOf(fonts.path));
-      note = QRect(start, path.bottom() + 2, width, heightOf(fonts.note));
-      badge = QRect(trailing, name.y(), trailingColumn, heightOf(fonts.badge) + 2 * badgePadding);
-      size = QRect(trailing, note.bottom() - heightOf(fonts.size) + 1, trailingColumn,
-                   heightOf(fonts.size));
+      name = QRect(start, row.y() + above, width, lineHeight(fonts.name));
+      path = QRect(start, name.bottom() + 2, width, lineHeight(fonts.path));
+      note = QRect(start, path.bottom() + 2, width, lineHeight(fonts.note));
+      badge = QRect(trailing, name.y(), trailingColumn, lineHeight(fonts.badge) + 2 * badgePadding);
+      size = QRect(trailing, note.bottom() - lineHeight(fonts.size) + 1, trailingColumn,
+                   lineHeight(fonts.size));
       break;
     }
     case ResultsRowKind::issuesHeading:
@@ -82,16 +79,16 @@ RowLayout::RowLayout(ResultsRowKind kind, const QRect& row, const RowFonts& font
       symbol = centred(row.x() + edge, card, tickSide);
       chevron = centred(end - chevronSide, card, chevronSide);
       name = QRect(symbol.right() + gap, card.y() + above, chevron.x() - symbol.right() - 2 * gap,
-                   heightOf(fonts.name));
+                   lineHeight(fonts.name));
       break;
     case ResultsRowKind::issue:
       path = QRect(row.x() + edge + tickSide + gap, row.y() + above,
-                   row.width() - 2 * edge - tickSide - gap, heightOf(fonts.path));
-      note = QRect(path.x(), path.bottom() + 1, path.width(), heightOf(fonts.note));
+                   row.width() - 2 * edge - tickSide - gap, lineHeight(fonts.path));
+      note = QRect(path.x(), path.bottom() + 1, path.width(), lineHeight(fonts.note));
       break;
     case ResultsRowKind::moreIssues:
       path = QRect(row.x() + edge + tickSide + gap, row.y() + above, row.width() - 2 * edge,
-                   heightOf(fonts.path));
+                   lineHeight(fonts.path));
       break;
     case ResultsRowKind::details:
       break;

@@ -1,6 +1,5 @@
 #include "ui/screens/ScanModeCard.h"
 
-#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOption>
@@ -34,12 +33,11 @@ struct Layout {
   int height = 0;
 
   explicit Layout(const QRect& card) {
-    const auto heightOf = [](const QFont& font) { return QFontMetrics(font).height(); };
     const int left = card.x() + edge;
     const int width = card.width() - 2 * edge;
     icon = QRect(left, card.y() + edge, iconSide, iconSide);
-    title = QRect(left, icon.bottom() + 13, width, heightOf(titleFont));
-    detail = QRect(left, title.bottom() + 5, width, detailLines * heightOf(detailFont));
+    title = QRect(left, icon.bottom() + 13, width, lineHeight(titleFont));
+    detail = QRect(left, title.bottom() + 5, width, detailLines * lineHeight(detailFont));
     height = detail.bottom() + 17 + smallIconSide + edge - card.y();
     const int bottom = card.y() + std::max(card.height(), height) - edge;
     actionIcon = QRect(left, bottom - smallIconSide, smallIconSide, smallIconSide);
