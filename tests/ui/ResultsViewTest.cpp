@@ -152,6 +152,25 @@ TEST_F(Results, AreSortedByKeyAndStartAsLargestEachTime) {
   EXPECT_EQ(rows(), QStringList({"Safe to Clean", "b", "a"}));
 }
 
+TEST_F(Results, AreSortedByReturnInTheOpenListAndNothingElseHappens) {
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+    ScanCandidate selected = makeCandidate("b", 9);
+    selected.isSelected = true;
+    show(resultOf({selected, makeCandidate("a", 1)}));
+    auto* sort = find<QComboBox>("sort");
+    test::click(*sort);
+    settle();
+    ASSERT_TRUE(sort->view()->isVisible());
+    QTest::keyClick(sort->view(), Qt::Key_Down);
+    QTest::keyClick(sort->view(), key);
+    settle();
+    EXPECT_EQ(test.model().route(), Route::results);
+    EXPECT_FALSE(sort->view()->isVisible());
+    EXPECT_EQ(sort->currentText(), "Name");
+    EXPECT_EQ(rows(), QStringList({"Safe to Clean", "a", "b"}));
+  }
+}
+
 TEST_F(Results, OpenDetailsWithoutWhatIsNotKnown) {
   ScanCandidate full = makeCandidate("web/node_modules", 9);
   full.projectRoot = "/home/ada/src/web";

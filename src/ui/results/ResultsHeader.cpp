@@ -1,8 +1,10 @@
 #include "ui/results/ResultsHeader.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QToolButton>
@@ -21,6 +23,23 @@ namespace {
 
 constexpr int filterWidth = 190;
 constexpr int narrow = 860;  // below it, the second line becomes two
+
+// While the list of a combo box is open, Return chooses from it, and does not go on to the
+// confirmation as it does on the screen around.
+class ReturnChooses final : public QObject {
+ public:
+  explicit ReturnChooses(QAbstractItemView& list) : QObject(&list) {
+    list.installEventFilter(this);
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::ShortcutOverride) {
+      const int key = static_cast<QKeyEvent*>(event)->key();
+      if (key == Qt::Key_Return || key == Qt::Key_Enter) event->accept();
+    }
+    return QObject::eventFilter(watched, event);  // the combo box sees it too, and chooses
+  }
+};
 
 std::int64_t sizeOf(const auto& list) { return static_cast<std::int64_t>(list.size()); }
 
@@ -77,6 +96,7 @@ QLayout* ResultsHeader::titleLine() {
   sort->addItem(tr("Oldest"), static_cast<int>(SortOrder::date));
   connect(sort, &QComboBox::currentIndexChanged, this,
           [this, sort] { emit sortChosen(static_cast<SortOrder>(sort->currentData().toInt())); });
+  new ReturnChooses(*sort->view());
   auto* label = new Label(tr("Sort"), TextStyle::body, Tone::secondary);
   label->setBuddy(sort);
   sort->setAccessibleName(tr("Sort"));
