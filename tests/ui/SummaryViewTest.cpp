@@ -1,4 +1,5 @@
 #include <QAbstractButton>
+#include <QPushButton>
 
 #include "ui/Person.h"
 #include "ui/controls/RecordList.h"
@@ -99,6 +100,17 @@ TEST_F(Summary, LeadsHomeAndToTheHistory) {
   test::press(Qt::Key_Return);
   EXPECT_EQ(screen().objectName(), "welcome");
   EXPECT_EQ(test.model().rootURL(), std::nullopt);
+}
+
+TEST_F(Summary, KeepsTheLookOfItsDefaultActionWhereverTheFocusIs) {
+  clean({});
+  const auto& history = test::find<QPushButton>(screen(), "viewHistory");
+  const auto& done = test::find<QPushButton>(screen(), "done");
+  for (int tab = 0; tab < 4; ++tab) {
+    EXPECT_FALSE(history.isDefault()) << tab;
+    EXPECT_TRUE(done.isDefault()) << tab;
+    test::press(Qt::Key_Tab);
+  }
 }
 
 }  // namespace

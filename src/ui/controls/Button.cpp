@@ -1,6 +1,7 @@
 #include "ui/controls/Button.h"
 
 #include <QEvent>
+#include <QKeyEvent>
 #include <QShortcut>
 #include <utility>
 
@@ -30,7 +31,7 @@ QAbstractButton& buttonInFocus(const QWidget& screen, QAbstractButton& otherwise
 Button::Button(const QString& text, Look look, QString symbol, QWidget* parent)
     : QPushButton(text, parent), look_(look), symbol_(std::move(symbol)) {
   setDefault(look == Look::prominent);
-  setAutoDefault(true);  // Return presses it when it has the focus
+  setAutoDefault(false);  // the focus makes no other button look like the default action
   setFlat(look == Look::plain);
   setFocusPolicy(Qt::TabFocus);  // Return stays the default action after a click
   setFont(fontFor(look == Look::prominent ? TextStyle::medium : TextStyle::body));
@@ -40,6 +41,16 @@ Button::Button(const QString& text, Look look, QString symbol, QWidget* parent)
 void Button::changeEvent(QEvent* event) {
   QPushButton::changeEvent(event);
   if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ParentChange) applyTheme();
+}
+
+// Return presses a button that has the focus, on screens without a default action too.
+void Button::keyPressEvent(QKeyEvent* event) {
+  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (isReturn && !event->isAutoRepeat()) {
+    click();
+  } else {
+    QPushButton::keyPressEvent(event);
+  }
 }
 
 void Button::applyTheme() {

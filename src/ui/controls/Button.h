@@ -18,6 +18,7 @@ class Button final : public QPushButton {
 
  protected:
   void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void applyTheme();

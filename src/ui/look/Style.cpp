@@ -45,6 +45,14 @@ void drawBevel(const QStyleOptionButton& button, QPainter& painter) {
     outline = theme.accent;
   }
   drawing::surface(painter, button.rect, fill, outline, drawing::controlRadius);
+  if (!drawing::showsFocus(button)) return;
+  if (isProminent(button)) {
+    constexpr int inside = 2;  // where the accent is around it
+    drawing::focusRing(painter, button.rect.adjusted(inside, inside, -inside, -inside),
+                       theme.onAccent, drawing::controlRadius - inside);
+  } else {
+    drawing::focusRing(painter, button.rect, theme.accent, drawing::controlRadius);
+  }
 }
 
 void drawThumb(const QStyleOptionSlider& bar, QRect thumb, QPainter& painter) {
