@@ -171,6 +171,13 @@ TEST_F(Results, AreSortedByReturnInTheOpenListAndNothingElseHappens) {
   }
 }
 
+TEST_F(Results, ShowWhereTheKeysAreOnceAKeyIsPressed) {
+  show(resultOf({makeCandidate("b", 9), makeCandidate("a", 1)}));
+  test.window().setAttribute(Qt::WA_KeyboardFocusChange, false);
+  press(Qt::Key_Down);
+  EXPECT_TRUE(test.window().testAttribute(Qt::WA_KeyboardFocusChange));
+}
+
 TEST_F(Results, OpenDetailsWithoutWhatIsNotKnown) {
   ScanCandidate full = makeCandidate("web/node_modules", 9);
   full.projectRoot = "/home/ada/src/web";

@@ -95,6 +95,7 @@ void ResultsList::restorePlace() {
 }
 
 void ResultsList::keyPressEvent(QKeyEvent* event) {
+  window()->setAttribute(Qt::WA_KeyboardFocusChange);  // whoever steers by keys sees where they are
   if (steer(*event)) {
     event->accept();
   } else {
