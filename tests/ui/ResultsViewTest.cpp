@@ -178,6 +178,19 @@ TEST_F(Results, ShowWhereTheKeysAreOnceAKeyIsPressed) {
   EXPECT_TRUE(test.window().testAttribute(Qt::WA_KeyboardFocusChange));
 }
 
+TEST_F(Results, ScrollToWhatIsOpenedAtTheLowerEdge) {
+  std::vector<ScanCandidate> many;
+  for (int number = 10; number < 60; ++number)
+    many.push_back(makeCandidate(std::to_string(number), number));
+  show(resultOf(std::move(many)));
+  press(Qt::Key_End);
+  press(Qt::Key_Right);
+  const int row = list()->currentIndex().row();
+  const QRect opened = list()->visualRect(list()->model()->index(row + 1, 0));
+  EXPECT_TRUE(list()->viewport()->rect().contains(opened));
+  EXPECT_TRUE(list()->viewport()->rect().contains(list()->visualRect(list()->currentIndex())));
+}
+
 TEST_F(Results, OpenDetailsWithoutWhatIsNotKnown) {
   ScanCandidate full = makeCandidate("web/node_modules", 9);
   full.projectRoot = "/home/ada/src/web";

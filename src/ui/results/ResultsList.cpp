@@ -41,7 +41,10 @@ ResultsList::ResultsList(AppModel& appModel, ResultsModel& rows, QWidget* parent
   connect(&rows, &ResultsModel::modelAboutToBeReset, this, &ResultsList::keepPlace);
   connect(&rows, &ResultsModel::modelReset, this, &ResultsList::restorePlace);
   connect(&rows, &ResultsModel::rowsInserted, this,
-          [this](const QModelIndex&, int first, int last) { dressRows(first, last); });
+          [this](const QModelIndex&, int first, int last) {
+            dressRows(first, last);
+            reveal(first, last);
+          });
   connect(&rows, &ResultsModel::dataChanged, this, &ResultsList::tellSelection);
   dressRows(0, rows.rowCount() - 1);
   goToEnd(0, 1);
@@ -62,6 +65,15 @@ void ResultsList::dressRows(int first, int last) {
       setRowHeight(row, RowLayout::height(kind, delegate_->fonts()));
     }
   }
+}
+
+// Scrolls until what was opened can be seen, as far as the row that it belongs to stays in sight.
+void ResultsList::reveal(int first, int last) {
+  if (!isVisible()) return;
+  executeDelayedItemsLayout();
+  updateGeometries();
+  scrollTo(rows_.index(last, 0), EnsureVisible);
+  scrollTo(rows_.index(first - 1, 0), EnsureVisible);
 }
 
 void ResultsList::fitDetails(int row) {

@@ -32,6 +32,7 @@ class ResultsList final : public QTableView {
   void keepPlace();
   void restorePlace();
   void dressRows(int first, int last);
+  void reveal(int first, int last);
   void fitDetails(int row);
   void tellSelection(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles);
 
