@@ -39,7 +39,7 @@ HistoryView::HistoryView(AppModel& model, QWidget* parent) : QWidget(parent) {
   auto* column = new Column(*this, widest, Column::Content::scrolling);
   QVBoxLayout& lines = column->lines();
   lines.setSpacing(12);
-  lines.addSpacing(0);
+  lines.addSpacing(12);
   lines.addLayout(header(model));
   column->addClearOfScrollBar(new Divider);
   if (model.history().empty()) {
