@@ -63,11 +63,12 @@ class RowPainter {
     const bool canOpen = kind == ResultsRowKind::candidate || kind == ResultsRowKind::issuesHeading;
     const bool isHovered = canOpen && (option_.state & QStyle::State_MouseOver) != 0;
     const bool isOpen = index_.data(OpenRole).toBool();
+    const bool isIssue = kind == ResultsRowKind::issue || kind == ResultsRowKind::moreIssues;
+    const int textLeft = isIssue ? layout_.path.x() : layout_.card.x() + RowLayout::textStart();
     drawing::PlaceInCard place{.isFirst = index_.data(FirstRole).toBool(),
                                .isLast = index_.data(LastRole).toBool()};
     drawing::cardSlice(painter_, layout_.card, place, isHovered ? theme_.cardHovered : theme_.card,
-                       theme_.border,
-                       isOpen ? layout_.card.right() : layout_.card.x() + RowLayout::textStart());
+                       theme_.border, isOpen ? layout_.card.right() : textLeft);
     if (drawing::showsFocus(option_))
       drawing::focusRing(painter_, layout_.card, theme_.accent, drawing::controlRadius);
   }
