@@ -128,6 +128,8 @@ TEST_F(Results, SayWhyThereIsNothing) {
     show({}, row.mode);
     EXPECT_EQ(textOf("emptyTitle"), "Nothing to clean here");
     EXPECT_EQ(textOf("emptyDescription"), row.description);
+    const auto* description = find<QLabel>("emptyDescription");
+    EXPECT_GE(description->height(), description->heightForWidth(description->width()));
     EXPECT_EQ(list(), nullptr);
     EXPECT_EQ(find<QWidget>("tabs"), nullptr);
     EXPECT_FALSE(find<QPushButton>("moveSelected")->isEnabled());

@@ -19,6 +19,7 @@ EmptyState::EmptyState(const QString& symbol, const QString& title, const QStrin
   text->setWordWrap(true);
   text->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
   text->setFixedWidth(widest);
+  text->setMinimumHeight(text->heightForWidth(widest));  // a stretching layout gives it one line
 
   auto* column = new QVBoxLayout(this);
   column->setSpacing(8);
