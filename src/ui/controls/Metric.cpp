@@ -23,6 +23,10 @@ void Metric::setValue(const QString& value) {
   setAccessibleName(QStringLiteral("%1 %2").arg(value, label_->text()));
 }
 
+void Metric::reserve(const QString& widest) {
+  value_->setMinimumWidth(value_->fontMetrics().horizontalAdvance(widest));
+}
+
 QString Metric::value() const { return value_->text(); }
 
 QString Metric::label() const { return label_->text(); }

@@ -12,6 +12,10 @@ class Metric final : public QWidget {
   explicit Metric(const QString& label, Qt::Alignment alignment, QWidget* parent = nullptr);
 
   void setValue(const QString& value);
+
+  /// Keeps room for this value, so that what stands beside does not move when values change.
+  void reserve(const QString& widest);
+
   QString value() const;
   QString label() const;
 

@@ -83,9 +83,7 @@ void RecordDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
                 Qt::ElideMiddle);
   const QString subtitle = text(RecordModel::SubtitleRole);
   if (lines_.subtitle > 1) {
-    painter->setFont(subtitleFont_);
-    painter->setPen(theme.secondary);
-    painter->drawText(layout.subtitle, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, subtitle);
+    drawing::paragraph(*painter, layout.subtitle, subtitleFont_, theme.secondary, subtitle);
   } else {
     drawing::line(*painter, layout.subtitle, subtitleFont_, theme.secondary, subtitle,
                   Qt::ElideMiddle);

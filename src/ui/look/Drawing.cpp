@@ -43,6 +43,23 @@ void line(QPainter& painter, const QRect& rect, const QFont& font, const QColor&
                    shown);
 }
 
+void paragraph(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
+               const QString& text) {
+  painter.setFont(font);
+  painter.setPen(colour);
+  constexpr int flags = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap;
+  const auto fits = [&](const QString& part) {
+    return painter.boundingRect(QRect(rect.topLeft(), QSize(rect.width(), 0)), flags, part)
+               .height() <= rect.height();
+  };
+  QString shown = text;
+  while (!fits(shown) && shown.size() > 1) {
+    shown.chop(shown.size() / 8 + 2);  // the dots of the last round among them
+    shown += u'…';
+  }
+  painter.drawText(rect, flags, shown);
+}
+
 void focusRing(QPainter& painter, const QRect& rect, const QColor& colour, int radius) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);

@@ -34,6 +34,10 @@ void cardSlice(QPainter& painter, const QRect& rect, PlaceInCard place, const QC
 void line(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
           const QString& text, Qt::TextElideMode elision, Qt::Alignment alignment = Qt::AlignLeft);
 
+/// A text on as many lines as there is room for, shortened at its end.
+void paragraph(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
+               const QString& text);
+
 /// A ring just inside the edge, around what has the focus.
 void focusRing(QPainter& painter, const QRect& rect, const QColor& colour, int radius);
 

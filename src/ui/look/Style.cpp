@@ -191,6 +191,10 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
       constexpr int roomForArrow = 14;
       return {size.width() + roomForArrow, std::max(size.height(), controlHeight)};
     }
+    case CT_ItemViewItem: {
+      constexpr int rowHeight = 26;
+      return {size.width(), std::max(size.height(), rowHeight)};
+    }
     case CT_LineEdit:
       return {size.width(), std::max(size.height(), controlHeight)};
     default:

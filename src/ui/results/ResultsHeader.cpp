@@ -131,6 +131,7 @@ QLayout* ResultsHeader::titles() {
 QLayout* ResultsHeader::metrics() {
   auto* row = new QHBoxLayout;
   row->setSpacing(24);
+  selected_->reserve(QStringLiteral("888.8 MB"));
   for (Metric* metric : {found_, selected_, scanned_, projects_, matches_}) row->addWidget(metric);
   row->addStretch();
   return row;

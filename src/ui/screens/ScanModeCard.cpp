@@ -101,9 +101,7 @@ void ScanModeCard::paintEvent(QPaintEvent*) {
 
   symbols::paint(painter, icon_, theme.accent, layout.icon);
   drawing::line(painter, layout.title, layout.titleFont, theme.text, text(), Qt::ElideRight);
-  painter.setFont(layout.detailFont);
-  painter.setPen(theme.secondary);
-  painter.drawText(layout.detail, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, detail_);
+  drawing::paragraph(painter, layout.detail, layout.detailFont, theme.secondary, detail_);
   symbols::paint(painter, QStringLiteral("folder"), theme.accent, layout.actionIcon);
   drawing::line(painter, layout.action, layout.actionFont, theme.accent, tr("Choose Folder…"),
                 Qt::ElideRight);

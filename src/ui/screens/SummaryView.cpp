@@ -10,6 +10,7 @@
 #include "ui/controls/RecordList.h"
 #include "ui/controls/SymbolView.h"
 #include "ui/look/DisplayText.h"
+#include "ui/look/Drawing.h"
 
 namespace broomtide::ui {
 namespace {
@@ -72,7 +73,10 @@ SummaryView::SummaryView(AppModel& model, QWidget* parent) : QWidget(parent) {
   lines.addLayout(metrics(result));
   if (hasFailures) {
     lines.addSpacing(16);
-    lines.addWidget(failureList(result.failures));
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(drawing::scrollBarExtent, 0, 0, 0);  // the same room on both sides
+    row->addWidget(failureList(result.failures));
+    lines.addLayout(row);
   }
   lines.addSpacing(24);
   lines.addLayout(buttons(model));

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QLayout>
+#include <QListView>
 #include <QTreeView>
 
 #include "ui/controls/Label.h"
@@ -14,15 +15,21 @@ QString text(std::string_view fixed) {
   return QString::fromUtf8(fixed.data(), static_cast<qsizetype>(fixed.size()));
 }
 
-// Files, their kinds and new folders are not to be chosen.
-void hideWhatIsForFiles(QFileDialog& dialog) {
+// Files, their kinds and new folders are not to be chosen; places and dates have room.
+void arrangeForFolders(QFileDialog& dialog) {
   for (const char* name : {"newFolderButton", "fileTypeLabel", "fileTypeCombo"}) {
     if (auto* part = dialog.findChild<QWidget*>(name)) part->hide();
+  }
+  if (auto* places = dialog.findChild<QListView*>("sidebar")) {
+    constexpr int placesWidth = 140;
+    places->setMinimumWidth(placesWidth);
   }
   auto* folders = dialog.findChild<QTreeView*>("treeView");
   if (folders == nullptr) return;
   constexpr int nameWidth = 320;
+  constexpr int dateWidth = 180;
   folders->setColumnWidth(0, nameWidth);
+  folders->setColumnWidth(3, dateWidth);
   for (const int column : {1, 2}) folders->hideColumn(column);  // size and kind
 }
 
@@ -36,7 +43,7 @@ void present(QFileDialog& dialog, const FolderRequest& request) {
   dialog.setFileMode(QFileDialog::Directory);
   dialog.setLabelText(QFileDialog::Accept, text(request.prompt));
   if (request.startingAt) dialog.setDirectory(QFile::decodeName(request.startingAt->c_str()));
-  hideWhatIsForFiles(dialog);
+  arrangeForFolders(dialog);
 
   auto* message = new Label(text(request.message), TextStyle::body, Tone::secondary);
   message->setObjectName("message");

@@ -4,6 +4,7 @@
 #include <QDesktopServices>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScreen>
 #include <QUrl>
 
 #include "ui/look/Symbols.h"
@@ -26,7 +27,7 @@ MainWindow::MainWindow(AppModel& model) : model_(model) {
   addApplicationMenu();
   addHelpMenu();
   setCentralWidget(new ContentView(model));
-  resize(comfortable);
+  resize(comfortable.boundedTo(screen()->availableSize()));
 }
 
 void MainWindow::addApplicationMenu() {
