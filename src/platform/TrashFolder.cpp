@@ -12,6 +12,7 @@ namespace broomtide {
 namespace {
 
 const std::string sizesName = "directorysizes";
+constexpr std::size_t mostSizesBytes = std::size_t{1} << 24U;  // whatever a foreign drive brings
 
 std::string infoName(const std::string& name) { return name + std::string(trashInfoSuffix); }
 
@@ -92,8 +93,8 @@ std::string TrashFolder::sizeLines() {
 void TrashFolder::recordSizes() {
   if (movedFolders_.empty()) return;
   std::string lines;
-  const std::error_code error =
-      WholeFile::read(fileManager_, folder_.get(), sizesName, LinkPolicy::doNotFollow, lines);
+  const std::error_code error = WholeFile::read(fileManager_, folder_.get(), sizesName,
+                                                LinkPolicy::doNotFollow, lines, mostSizesBytes);
   if (error && error != std::errc::no_such_file_or_directory) return;
   if (!lines.empty() && lines.back() != '\n') lines += '\n';
   lines += sizeLines();

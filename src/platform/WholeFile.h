@@ -1,5 +1,6 @@
 #pragma once
 
+#include <limits>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -12,9 +13,11 @@ namespace broomtide::WholeFile {
 /// Whether a file must have reached the disk when writing it has succeeded.
 enum class Durability { whenConvenient, onDisk };
 
-/// Reads a regular file to its end; anything else that has the name is an invalid_argument.
+/// Reads a regular file to its end; anything else that has the name is an invalid_argument, and a
+/// file of more than `mostBytes` is a file_too_large.
 std::error_code read(FileManager& fileManager, int folder, const std::string& name,
-                     LinkPolicy links, std::string& contents);
+                     LinkPolicy links, std::string& contents,
+                     std::size_t mostBytes = std::numeric_limits<std::size_t>::max());
 
 /// Creates a file with these contents. Fails with file_exists when the name is taken; after any
 /// other failure there is no such file.
