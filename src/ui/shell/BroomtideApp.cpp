@@ -5,6 +5,7 @@
 #include "app/Services.h"
 #include "ui/look/Style.h"
 #include "ui/look/Symbols.h"
+#include "ui/shell/HeldKeys.h"
 
 namespace broomtide::ui {
 
@@ -21,6 +22,8 @@ void BroomtideApp::introduce(QApplication& application) {
   QApplication::setDesktopFileName(QStringLiteral("broomtide"));
   QApplication::setStyle(new Style);
   application.setWindowIcon(symbols::brandMark());
+  if (QApplication::platformName() == QStringLiteral("xcb"))
+    application.installEventFilter(new HeldKeys(&application));
 }
 
 }  // namespace broomtide::ui
