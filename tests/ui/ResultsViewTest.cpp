@@ -14,6 +14,7 @@
 #include <QTableView>
 #include <QTest>
 
+#include "support/TemporaryTree.h"
 #include "ui/Candidates.h"
 #include "ui/Person.h"
 #include "ui/TestWindow.h"
@@ -289,7 +290,9 @@ class UrlCatcher : public QObject {
 };
 
 TEST_F(Results, OfferAMenuForTheCandidateItWasOpenedFor) {
+  const test::TemporaryTree tree;
   ScanCandidate item = makeCandidate("web/we\xff%ird", 9);
+  item.url = tree.folder("w\xc3\xa9%b/we\xff%ird");
   item.regenerationCommand = "make";
   show(resultOf({item, makeCandidate("b", 1)}));
   const auto choose = [&](const QString& text) {
@@ -315,11 +318,34 @@ TEST_F(Results, OfferAMenuForTheCandidateItWasOpenedFor) {
   choose("Copy Command");
   EXPECT_EQ(QApplication::clipboard()->text(), "make");
   choose("Copy Path");
-  EXPECT_TRUE(QApplication::clipboard()->text().startsWith("/home/ada/src/web/we"));
+  EXPECT_EQ(QApplication::clipboard()->text(), QString::fromStdString(item.url));
+  choose("Open Containing Folder");
+  ASSERT_EQ(catcher.opened.size(), 1);
+  EXPECT_EQ(catcher.opened[0].toEncoded(),
+            QByteArray::fromStdString("file://" + tree.path("w%C3%A9%25b")));
+
+  // What has taken the folder's place by now is not opened.
+  tree.run("rm -r w*b && echo echo >w\xc3\xa9%b");
   choose("Open Containing Folder");
   QDesktopServices::unsetUrlHandler("file");
-  ASSERT_EQ(catcher.opened.size(), 1);
-  EXPECT_EQ(catcher.opened[0].toEncoded(), "file:///home/ada/src/web");
+  EXPECT_EQ(catcher.opened.size(), 1);
+}
+
+TEST_F(Results, CopyPathsThatCanBePasted) {
+  const struct {
+    std::string path;
+    QString copied;
+  } table[] = {
+      {"a b'c", "/home/ada/src/a b'c"},
+      {"back\\slash", "/home/ada/src/back\\slash"},
+      {"x\nrm 'y'", "$'/home/ada/src/x\\nrm \\'y\\''"},
+      {"\x1b[2J\\", "$'/home/ada/src/\\x1b[2J\\\\'"},
+  };
+  for (const auto& row : table) {
+    show(resultOf({makeCandidate(row.path)}));
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), row.copied);
+  }
 }
 
 TEST_F(Results, ShowProjectsLargestFirst) {

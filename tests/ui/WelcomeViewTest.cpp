@@ -226,6 +226,9 @@ TEST_F(Dropping, NothingElseIsTaken) {
            "sftp://host" + path,
            "file://elsewhere.example" + path,
            "file://" + path + "%00hidden",
+           "file://" + path + "#more",
+           "file://" + path + "?more",
+           "file:" + path.mid(1),
            QByteArray("one"),
            QByteArray(),
        }) {

@@ -1,5 +1,7 @@
 #include "ui/look/DisplayText.h"
 
+#include <algorithm>
+
 #include "core/ByteCount.h"
 #include "core/DateText.h"
 #include "core/Paths.h"
@@ -19,6 +21,15 @@ const DateText& dates() {
 QString text(std::string_view bytes) { return QString::fromStdString(visible(bytes)); }
 
 QString name(std::string_view path) { return text(paths::lastComponent(path)); }
+
+QString pasteable(const std::string& path) {
+  const bool isPlain = std::ranges::none_of(path, [](char character) {
+    constexpr char erase = 0x7F;
+    return (character >= 0 && character < ' ') || character == erase;
+  });
+  if (isPlain) return QString::fromStdString(path);
+  return QStringLiteral("$'%1'").arg(text(path).replace(u'\'', QStringLiteral("\\'")));
+}
 
 QString size(std::int64_t bytes) { return QString::fromStdString(formatByteCount(bytes)); }
 

@@ -3,6 +3,7 @@
 #include <QStringList>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "core/Date.h"
@@ -15,6 +16,10 @@ QString text(std::string_view bytes);
 
 /// The last component of a path.
 QString name(std::string_view path);
+
+/// A path as it can be pasted into a terminal: itself, or quoted for a shell when it holds
+/// characters that would end the line or steer the terminal.
+QString pasteable(const std::string& path);
 
 /// A size in bytes, such as 1.2 GB.
 QString size(std::int64_t bytes);

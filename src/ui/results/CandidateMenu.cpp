@@ -4,20 +4,23 @@
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QUrl>
+#include <filesystem>
 
 #include "core/FileUrl.h"
 #include "core/Paths.h"
+#include "ui/look/DisplayText.h"
 
 namespace broomtide::ui {
 namespace {
 
-void copy(const std::string& text) {
-  QApplication::clipboard()->setText(QString::fromStdString(text));
-}
+void copy(const QString& text) { QApplication::clipboard()->setText(text); }
 
-// Keeps every byte of the name, whatever it is encoded in.
-QUrl urlOf(std::string_view path) {
-  return QUrl::fromEncoded(QByteArray::fromStdString(fileUrl(path)));
+// The address keeps every byte of the name, whatever it is encoded in. What has taken the place of
+// a folder is not opened.
+void openFolder(const std::string& path) {
+  std::error_code error;
+  if (!std::filesystem::is_directory(path, error)) return;
+  QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray::fromStdString(fileUrl(path))));
 }
 
 }  // namespace
@@ -29,11 +32,11 @@ CandidateMenu::CandidateMenu(AppModel& model, const ScanCandidate& candidate, QW
             [&model, id = candidate.id()] { model.toggleCandidate(id); });
   addSeparator();
   const std::string folder(paths::enclosingFolder(candidate.url));
-  addAction(tr("Open Containing Folder"), this,
-            [folder] { QDesktopServices::openUrl(urlOf(folder)); });
-  addAction(tr("Copy Path"), this, [path = candidate.url] { copy(path); });
-  QAction* command = addAction(tr("Copy Command"), this,
-                               [text = candidate.regenerationCommand] { copy(text.value_or("")); });
+  addAction(tr("Open Containing Folder"), this, [folder] { openFolder(folder); });
+  addAction(tr("Copy Path"), this, [path = candidate.url] { copy(display::pasteable(path)); });
+  QAction* command = addAction(tr("Copy Command"), this, [text = candidate.regenerationCommand] {
+    copy(QString::fromStdString(text.value_or("")));
+  });
   command->setEnabled(candidate.regenerationCommand.has_value());
 }
 

@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 
+#include "ui/look/DisplayText.h"
 #include "ui/results/CandidateDetails.h"
 #include "ui/results/CandidateMenu.h"
 #include "ui/results/ResultsDelegate.h"
@@ -120,7 +121,7 @@ bool ResultsList::steer(const QKeyEvent& event) {
   if (event.matches(QKeySequence::Copy)) {
     const ScanCandidate* candidate = rows_.candidate(currentIndex());
     if (candidate == nullptr) return false;
-    QApplication::clipboard()->setText(QString::fromStdString(candidate->url));
+    QApplication::clipboard()->setText(display::pasteable(candidate->url));
     return true;
   }
   switch (event.key()) {

@@ -48,7 +48,9 @@ std::optional<std::string> folderOf(const QMimeData& data) {
   if (urls.size() != 1 || !isOnThisMachine(urls.front())) return std::nullopt;
   const QByteArray path =
       QByteArray::fromPercentEncoding(urls.front().path(QUrl::FullyEncoded).toLatin1());
-  if (path.contains('\0')) return std::nullopt;  // which the system would take for its end
+  // The system would take a zero for the end; the rest tells that a name was not encoded.
+  if (!path.startsWith('/') || path.contains('\0')) return std::nullopt;
+  if (urls.front().hasQuery() || urls.front().hasFragment()) return std::nullopt;
   std::error_code error;
   if (!std::filesystem::is_directory(path.toStdString(), error)) return std::nullopt;
   return path.toStdString();
