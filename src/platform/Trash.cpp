@@ -3,8 +3,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+
 #include "core/Paths.h"
 #include "platform/FileIdentity.h"
+#include "platform/MountTable.h"
 #include "platform/WholeFile.h"
 
 namespace broomtide {
@@ -72,6 +75,10 @@ std::error_code Trash::move(const TrashItem& item) {
   if (FileIdentity::token(attributes) != item.identity) {
     return std::make_error_code(std::errc::operation_canceled);
   }
+  const std::string path = paths::appending(item.folder, item.name);
+  if (attributes.isFolder()) {
+    if (const std::error_code error = refuseMountsBelow(path)) return error;
+  }
   FileAttributes folderAttributes;
   if (const std::error_code error = fileManager_.readAttributes(
           folder.get(), "", LinkPolicy::doNotFollow, folderAttributes)) {
@@ -83,9 +90,19 @@ std::error_code Trash::move(const TrashItem& item) {
     if (const auto error = open(folder.get(), item.folder, folderAttributes, *opened)) return error;
     place = std::move(opened);
   }
-  const std::string path = paths::appending(item.folder, item.name);
   return place->folder.take(folder.get(), item,
                             place->top.empty() ? path : paths::relativePath(path, place->top));
+}
+
+std::error_code Trash::refuseMountsBelow(const std::string& path) {
+  if (!mountPoints_) {
+    std::vector<std::string> mountPoints;
+    if (const std::error_code error = MountTable::read(fileManager_, mountPoints)) return error;
+    mountPoints_ = std::move(mountPoints);
+  }
+  const bool isMounted = std::ranges::any_of(
+      *mountPoints_, [&path](const std::string& point) { return paths::isBelow(point, path); });
+  return isMounted ? std::make_error_code(std::errc::device_or_resource_busy) : std::error_code();
 }
 
 void Trash::recordSizes() {

@@ -7,6 +7,7 @@
 #include <string>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "platform/TrashFolder.h"
 
@@ -22,7 +23,8 @@ class Trash {
   Trash(FileManager& fileManager, std::optional<std::string> home)
       : fileManager_(fileManager), home_(std::move(home)) {}
 
-  /// Moves an item, unless it has turned into another one. What a failure leaves behind is told at
+  /// Moves an item, unless it has turned into another one, or something is mounted below it: that
+  /// would move along, and be erased with the Trash. What a failure leaves behind is told at
   /// `TrashFolder::take`.
   std::error_code move(const TrashItem& item);
 
@@ -38,6 +40,7 @@ class Trash {
   };
   using Mount = std::pair<std::uint64_t, std::uint64_t>;  // device, mount
 
+  std::error_code refuseMountsBelow(const std::string& path);
   std::error_code open(int folder, const std::string& path, const FileAttributes& attributes,
                        Place& place);
   bool isHomeMount(const FileAttributes& attributes);
@@ -49,6 +52,7 @@ class Trash {
   FileManager& fileManager_;
   const std::optional<std::string> home_;
   std::map<Mount, std::unique_ptr<Place>> places_;
+  std::optional<std::vector<std::string>> mountPoints_;  // read when they are first needed
 };
 
 }  // namespace broomtide

@@ -231,6 +231,10 @@ class OtherMounts(CleanJourney):
                 else:
                     self.check_refused(results)
 
+    def test_what_is_mounted_below_an_item_keeps_it_in_its_place(self):
+        inner = "mkdir work/app/.next/inner; mount -t tmpfs none work/app/.next/inner; touch work/app/.next/inner/kept"
+        self.check_refused(self.run_script(TMPFS, inner))
+
     def test_a_bind_mount_has_its_own_trash(self):
         os.makedirs(self.path("elsewhere"))
         self.check_moved(self.run_script("mount --bind elsewhere mount"), ".Trash-0")

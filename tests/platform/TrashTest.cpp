@@ -4,6 +4,7 @@
 
 #include "core/Paths.h"
 #include "platform/FileIdentity.h"
+#include "platform/MountTable.h"
 #include "platform/TrashName.h"
 #include "support/FaultyFileManager.h"
 #include "support/TemporaryTree.h"
@@ -63,6 +64,8 @@ TEST_F(TrashMove, EveryFailingStepLeavesTheItemWhereItWas) {
     std::errc failure;
   };
   const std::vector<Row> rows{
+      {"nobody tells what is mounted", "openFile /proc/self/mountinfo",
+       std::errc::no_such_file_or_directory},
       {"the Trash cannot be created", "createFolder info", std::errc::read_only_file_system},
       {"the information folder is read-only", "createFile build", std::errc::permission_denied},
       {"the disk is full when the information is written", "writeFile",
@@ -89,6 +92,18 @@ TEST_F(TrashMove, EveryFailingStepLeavesTheItemWhereItWas) {
   };
   EXPECT_EQ(move(), std::errc::io_error);
   EXPECT_EQ(snapshotOf(tree.path("work")), before);
+}
+
+TEST(MountTable, ReadsTheFifthField) {
+  EXPECT_THAT(
+      MountTable::mountPoints("22 1 8:1 / / rw,relatime shared:1 - ext4 /dev/sda1 rw\n"
+                              "31 22 0:27 /sub /mnt/with\\040blank\\134 rw - tmpfs none rw\n"
+                              "broken\n"
+                              "32 22 0:28 / /short\\04 rw"),
+      testing::ElementsAre("/", "/mnt/with blank\\", "/short\\04"));
+  std::vector<std::string> points;
+  EXPECT_EQ(MountTable::read(systemFileManager(), points), std::error_code());
+  EXPECT_THAT(points, testing::Contains("/proc"));
 }
 
 TEST_F(TrashMove, ATakenNameGivesTheNextOne) {
