@@ -163,7 +163,8 @@ TEST_F(History, AcceptsWhatOtherWritersMayWrite) {
   tree.file("data/Broomtide/history.json",
             R"({"version":1,"more":{"deep":[[]]},"entries":[{"rootPath":"/a","movedCount":-1,
 "movedBytes":9223372036854775807,"id":"0f8fad5b-d9cb-469f-a165-70867728950e","failures":[],
-"date":"1999-12-31T23:59:59Z","unknown":null}]})");
+"date":"1999-12-31T23:59:59Z","unknown":"\"\\)" +
+                std::string(600, '[') + R"("}]})");
   const auto loaded = store.load();
   ASSERT_EQ(loaded.size(), 1U);
   EXPECT_EQ(loaded[0].id, "0F8FAD5B-D9CB-469F-A165-70867728950E");
