@@ -443,5 +443,23 @@ class Leaving(WindowJourney):
         self.assertFalse(os.path.exists(self.trash))
 
 
+class WithoutWindow(unittest.TestCase):
+    def test_a_start_that_needs_or_gets_no_window_says_so(self):
+        offscreen = {"QT_QPA_PLATFORM": "offscreen", "XDG_RUNTIME_DIR": "/nonexistent"}
+        for arguments, changes, status, said in [
+            (["--version"], {}, 0, r"broomtide \d+\.\d+\.\d+\n"),
+            (["--help"], {}, 0, "Usage: broomtide\n.*broomtide-cli.*"),
+            ([], {}, 1, "broomtide: There is no display .* use broomtide-cli\\.\n"),
+            (["a\nb"], offscreen, 2, r".*broomtide: 'a\\nb' is not understood.*--help.*"),
+        ]:
+            with self.subTest(arguments):
+                kept = {name: value for name, value in os.environ.items()
+                        if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
+                result = subprocess.run([os.environ["BROOMTIDE"], *arguments], env={**kept, **changes}, text=True,
+                                        stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=60)
+                self.assertEqual(result.returncode, status)
+                self.assertRegex(result.stdout, re.compile("^" + said + "$", re.DOTALL))
+
+
 if __name__ == "__main__":
     unittest.main()

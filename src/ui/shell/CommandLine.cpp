@@ -1,0 +1,58 @@
+#include "ui/shell/CommandLine.h"
+
+#include <QtGlobal>
+#include <cstdio>
+
+#include "ui/look/DisplayText.h"
+
+namespace broomtide::ui::commandline {
+namespace {
+
+constexpr int done = 0;
+constexpr int failed = 1;
+constexpr int wrongUsage = 2;
+
+constexpr const char* help =
+    "Usage: broomtide\n"
+    "Opens the window that finds disposable developer files and moves them to the Trash.\n"
+    "\n"
+    "  -h, --help     print this and exit\n"
+    "  -v, --version  print the version and exit\n"
+    "\n"
+    "Qt's own options, such as -platform, are understood too. broomtide-cli does the same in a\n"
+    "terminal.\n";
+
+bool hasDisplay(const QStringList& arguments) {
+  return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+         qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || arguments.contains("-platform") ||
+         arguments.contains("--platform");
+}
+
+}  // namespace
+
+std::optional<int> answerWithoutWindow(const QStringList& arguments) {
+  if (arguments.contains("--help") || arguments.contains("-h")) {
+    std::fputs(help, stdout);
+    return done;
+  }
+  if (arguments.contains("--version") || arguments.contains("-v")) {
+    std::puts("broomtide " BROOMTIDE_VERSION);
+    return done;
+  }
+  if (hasDisplay(arguments)) return std::nullopt;
+  std::fputs(
+      "broomtide: There is no display to open a window on. In a terminal, use broomtide-cli.\n",
+      stderr);
+  return failed;
+}
+
+std::optional<int> rejection(const QStringList& arguments) {
+  if (arguments.size() < 2) return std::nullopt;
+  std::fprintf(stderr,
+               "broomtide: '%s' is not understood; the window takes no folder.\n"
+               "Run broomtide --help for more information.\n",
+               qPrintable(display::text(arguments[1].toStdString())));
+  return wrongUsage;
+}
+
+}  // namespace broomtide::ui::commandline
