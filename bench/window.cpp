@@ -135,6 +135,13 @@ class Application final : public QApplication {
   int frames = 0;
 };
 
+constexpr int rounds = 9;
+
+double median(std::vector<double> times) {
+  std::ranges::nth_element(times, times.begin() + static_cast<std::ptrdiff_t>(times.size()) / 2);
+  return times[times.size() / 2];
+}
+
 class Session {
  public:
   Session(Application& application, std::size_t count, std::size_t updates)
@@ -164,7 +171,6 @@ class Session {
   double act(
       const std::function<void(int)>& action, const std::function<void()>& before = [] {}) {
     std::vector<double> times;
-    constexpr int rounds = 9;
     for (int round = 0; round < rounds; ++round) {
       before();
       awaitQuiet();
@@ -172,8 +178,7 @@ class Session {
       action(round);
       times.push_back(finish());
     }
-    std::ranges::nth_element(times, times.begin() + rounds / 2);
-    return times[rounds / 2];
+    return median(times);
   }
 
   void press(int key) {
@@ -226,8 +231,12 @@ void printTime(const char* what, std::size_t count, double milliseconds, const c
 
 void measureResults(Application& application, std::size_t count, const char* bar) {
   const double before = memory("VmRSS");
+  std::vector<double> scans;
+  for (int round = 0; round < rounds - 1; ++round)
+    scans.push_back(Session(application, count, 10).scan());
   Session session(application, count, 10);
-  printTime("end of scan to results on screen", count, session.scan(), bar);
+  scans.push_back(session.scan());
+  printTime("end of scan to results on screen", count, median(scans), bar);
   std::printf("%-44s %7zu  %8.0f MB  (%.0f MB before, %.0f MB at most)\n",
               "memory with the results on screen", count, memory("VmRSS"), before, memory("VmHWM"));
   printTime("toggle by Space", count, session.act([&](int) { session.press(Qt::Key_Space); }),
@@ -273,15 +282,13 @@ void measureAnswering(Application& application, std::size_t count) {
 // From the start of the process to the first frame: one child after the other.
 void measureStart(const QString& program) {
   std::vector<double> times;
-  constexpr int rounds = 9;
   for (int round = 0; round < rounds; ++round) {
     QProcess child;
     child.start(program, {QStringLiteral("first-frame"), QString::number(nowInNanoseconds())});
     child.waitForFinished();
     times.push_back(child.readAllStandardOutput().toDouble());
   }
-  std::ranges::nth_element(times, times.begin() + rounds / 2);
-  printTime("start to first frame, real services", 0, times[rounds / 2], "(at most 250 ms)");
+  printTime("start to first frame, real services", 0, median(times), "(at most 250 ms)");
 }
 
 int showFirstFrame(Application& application, std::int64_t start) {
