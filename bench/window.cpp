@@ -232,6 +232,7 @@ void printTime(const char* what, std::size_t count, double milliseconds, const c
 void measureResults(Application& application, std::size_t count, const char* bar) {
   const double before = memory("VmRSS");
   std::vector<double> scans;
+  scans.reserve(rounds);
   for (int round = 0; round < rounds - 1; ++round)
     scans.push_back(Session(application, count, 10).scan());
   Session session(application, count, 10);
