@@ -29,6 +29,8 @@ DIALOGS = {  # the title, what the button says, and the message
     "Scan Downloads": ("Choose your Downloads folder", "Scan Folder", ONLY_THIS_FOLDER),
 }
 CONTROLS = ("push button", "check box", "combo box", "text", "table", "list")
+# What Qt says of the list in its folder dialog when it is read while the folder is still being read.
+QT_AT_FAULT = re.compile(r'QAccessibleTree::indexFromLogical: invalid index: .* name="treeView"\)\n')
 YEAR = 365 * 24 * 60 * 60
 
 desktop = None
@@ -61,7 +63,7 @@ class WindowJourney(Journey):
         self.app.press("ctrl+q")
         self.assertEqual(self.app.process.wait(timeout=30), 0, self.app.output())
         self.assertLess(time.monotonic() - start, 5)
-        self.assertEqual(self.app.output(), "")
+        self.assertEqual(QT_AT_FAULT.sub("", self.app.output()), "")
 
     # Reading
 
