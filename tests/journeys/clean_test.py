@@ -366,12 +366,13 @@ class Killing(CleanJourney):
         self.moved = 0
         trash = os.path.join(self.data, "Trash")
         in_trash = {}
-        for name in os.listdir(os.path.join(trash, "files")) if os.path.exists(trash) else []:
+        files = os.path.join(trash, "files")  # the last part of a Trash that is made
+        for name in os.listdir(files) if os.path.exists(files) else []:
             with open(os.path.join(trash, "info", name + ".trashinfo")) as file:
                 title, path, date = file.read().splitlines()
             self.assertEqual(title, "[Trash Info]")
             self.assertTrue(path.startswith("Path=") and date.startswith("DeletionDate="))
-            in_trash[urllib.parse.unquote(path[5:])] = os.path.join(trash, "files", name)
+            in_trash[urllib.parse.unquote(path[5:])] = os.path.join(files, name)
         for item in items:
             place = os.path.join(self.work, item)
             moved = in_trash.pop(place, None)
