@@ -160,14 +160,14 @@ set -e
 cd "$1"
 mkdir -p mount
 {mount}
-mkdir -p mount/work/app/.next
+mkdir -p mount/code/app/.next
 cd mount
-echo page > work/app/.next/page
-echo '{{}}' > work/app/package.json
+echo page > code/app/.next/page
+echo '{{}}' > code/app/package.json
 {arrange}
 cd ..
 {remount}
-"$2" clean --yes --json "$1/mount/work" > result.json || echo $? > status
+"$2" clean --yes --json "$1/mount/code" > result.json || echo $? > status
 cd mount
 find . -name page > ../pages
 cat $(find . -name '.next.trashinfo') > ../info || true
@@ -209,15 +209,15 @@ class OtherMounts(CleanJourney):
     def check_moved(self, results, trash):
         self.assertNotIn("status", results)
         self.assertEqual(results["pages"], f"./{trash}/files/.next/page\n")
-        self.assertIn("\nPath=work/app/.next\n", results["info"])
-        self.assertIn(self.path("mount/work/app/.next"), results["listed"])
+        self.assertIn("\nPath=code/app/.next\n", results["info"])
+        self.assertIn(self.path("mount/code/app/.next"), results["listed"])
         self.assertFalse(os.path.exists(os.path.join(self.data, "Trash")))
 
     def check_refused(self, results):
         self.assertEqual(results["status"], "3\n")
         failures = json.loads(results["result.json"])["failures"]
         self.assertEqual([(failure["path"], failure["message"]) for failure in failures], [("app/.next", NOT_MOVED)])
-        self.assertEqual(results["pages"], "./work/app/.next/page\n")
+        self.assertEqual(results["pages"], "./code/app/.next/page\n")
 
     def test_the_trash_at_the_top_of_a_mount(self):
         uid = 0  # also in a namespace of one's own
@@ -232,7 +232,7 @@ class OtherMounts(CleanJourney):
                     self.check_refused(results)
 
     def test_what_is_mounted_below_an_item_keeps_it_in_its_place(self):
-        inner = "mkdir work/app/.next/inner; mount -t tmpfs none work/app/.next/inner; touch work/app/.next/inner/kept"
+        inner = "mkdir code/app/.next/inner; mount -t tmpfs none code/app/.next/inner; touch code/app/.next/inner/kept"
         self.check_refused(self.run_script(TMPFS, inner))
 
     def test_a_bind_mount_has_its_own_trash(self):
