@@ -46,7 +46,7 @@ void sortByName(CandidateRows& rows) {
 
 }  // namespace
 
-CandidateRows rowsOf(const std::vector<ScanCandidate>& candidates) {
+CandidateRows rowsOf(std::span<const ScanCandidate> candidates) {
   CandidateRows rows;
   rows.reserve(candidates.size());
   for (const ScanCandidate& candidate : candidates) rows.push_back(&candidate);

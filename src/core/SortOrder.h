@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "core/ScanCandidate.h"
@@ -10,7 +11,7 @@ namespace broomtide {
 using CandidateRows = std::vector<const ScanCandidate*>;
 
 /// All of these candidates, in their order. They must outlive the rows.
-CandidateRows rowsOf(const std::vector<ScanCandidate>& candidates);
+CandidateRows rowsOf(std::span<const ScanCandidate> candidates);
 
 /// How candidates of equal safety are ordered.
 enum class SortOrder { size, name, date };

@@ -18,9 +18,7 @@ ResultsRows::ResultsRows(std::span<const ScanCandidate> candidates, std::size_t 
 
 void ResultsRows::sort(SortOrder order) {
   order_ = order;
-  CandidateRows rows;
-  rows.reserve(candidates_.size());
-  for (const ScanCandidate& candidate : candidates_) rows.push_back(&candidate);
+  CandidateRows rows = rowsOf(candidates_);
   sortRows(rows, order_);
   sorted_.clear();
   sorted_.reserve(rows.size());
