@@ -86,10 +86,11 @@ class GivenScanner final : public FileScanning {
     std::size_t known = 0;
     for (std::size_t update = 1; update <= updates_; ++update) {
       const std::size_t found = count_ * update / updates_;
-      onUpdate({.entriesScanned = static_cast<std::int64_t>(found) * 10,
-                .reclaimableBytes = static_cast<std::int64_t>(found),
-                .currentPath = result.candidates[found - 1].relativePath},
-               std::span(result.candidates).first(found), known);
+      const ScanUpdate told{.progress = {.entriesScanned = static_cast<std::int64_t>(found) * 10,
+                                         .reclaimableBytes = static_cast<std::int64_t>(found),
+                                         .currentPath = result.candidates[found - 1].relativePath},
+                            .candidateCount = found};
+      onUpdate({&told, 1}, std::span(result.candidates).first(found), known);
       known = found;
     }
     return result;

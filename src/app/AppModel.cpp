@@ -1,5 +1,6 @@
 #include "app/AppModel.h"
 
+#include <algorithm>
 #include <chrono>
 #include <exception>
 #include <utility>
@@ -79,12 +80,11 @@ void AppModel::startScan(const std::string& identifier) {
     try {
       ScanResult result = scanner.scan(
           root, mode, std::chrono::system_clock::now(),
-          [&](const ScanProgress& progress, std::span<const ScanCandidate> candidates,
+          [&](std::span<const ScanUpdate> updates, std::span<const ScanCandidate> candidates,
               std::size_t unchanged) {
             link.postAndWait(
                 [&](AppModel& model) {
-                  if (model.isCurrent(identifier))
-                    model.takeUpdate(progress, candidates, unchanged);
+                  model.takeUpdates(identifier, updates, candidates, unchanged);
                 },
                 stop);
           },
@@ -105,15 +105,23 @@ void AppModel::startScan(const std::string& identifier) {
   }
 }
 
-void AppModel::takeUpdate(const ScanProgress& progress, std::span<const ScanCandidate> candidates,
-                          std::size_t unchanged) {
-  progress_ = progress;
-  change(Field::progress);
-  candidates_.resize(unchanged);
-  const std::span<const ScanCandidate> others = candidates.subspan(unchanged);
-  candidates_.insert(candidates_.end(), others.begin(), others.end());
-  change(Field::candidates);
-  tellChanges();
+void AppModel::takeUpdates(const std::string& scanIdentifier, std::span<const ScanUpdate> updates,
+                           std::span<const ScanCandidate> candidates, std::size_t unchanged) {
+  for (const ScanUpdate& update : updates) {
+    if (!isCurrent(scanIdentifier)) return;  // an observer may have ended it
+    progress_ = update.progress;
+    change(Field::progress);
+    // Candidates that are replaced hold memory for those that take their place.
+    const std::size_t kept = std::min(candidates_.size(), update.candidateCount);
+    for (; unchanged < kept; ++unchanged) candidates_[unchanged] = candidates[unchanged];
+    candidates_.resize(kept);
+    const std::span<const ScanCandidate> added =
+        candidates.first(update.candidateCount).subspan(kept);
+    candidates_.insert(candidates_.end(), added.begin(), added.end());
+    unchanged = candidates_.size();
+    change(Field::candidates);
+    tellChanges();
+  }
 }
 
 void AppModel::finishScan(ScanResult result) {

@@ -159,8 +159,8 @@ class AppModel {
   void clearResults(ScanProgress progress);
   void giveAccessBack();
   void startScan(const std::string& identifier);
-  void takeUpdate(const ScanProgress& progress, std::span<const ScanCandidate> candidates,
-                  std::size_t unchanged);
+  void takeUpdates(const std::string& scanIdentifier, std::span<const ScanUpdate> updates,
+                   std::span<const ScanCandidate> candidates, std::size_t unchanged);
   void finishScan(ScanResult result);
   void failScan(std::string reason);
   bool isCurrent(const std::string& scanIdentifier) const {

@@ -14,6 +14,7 @@ namespace {
 
 // As terminals lay characters out.
 std::size_t columnsOf(char32_t codePoint) {
+  if (codePoint >= ' ' && codePoint <= '~') return 1;
   const auto character = static_cast<UChar32>(codePoint);
   const int type = u_charType(character);
   if (type == U_NON_SPACING_MARK || type == U_ENCLOSING_MARK) return 0;

@@ -33,13 +33,20 @@ struct ScanResult {
   std::vector<ProjectContext> projects;   ///< deepest first
 };
 
-/// Receives the progress of a scan and every candidate found so far, of which the first `unchanged`
-/// are those of the call before: all of them, until the last call carries them sorted. The scanner
-/// calls it from the thread that runs the scan and waits for it to return. The candidates stay
-/// valid only during the call.
+/// One report of a running scan.
+struct ScanUpdate {
+  ScanProgress progress;
+  std::size_t candidateCount = 0;  ///< how many candidates had been found by then
+};
+
+/// Receives the updates of a scan in their order, as many as came up since the call before, and
+/// every candidate found so far, of which the first `unchanged` are those of the call before: all
+/// of them, until the last call carries one update and the candidates sorted. The scanner calls it
+/// from the thread that runs the scan and waits for it to return. Updates and candidates stay valid
+/// only during the call.
 using UpdateFunction =
-    std::function<void(const ScanProgress& progress, std::span<const ScanCandidate> candidates,
-                       std::size_t unchanged)>;
+    std::function<void(std::span<const ScanUpdate> updates,
+                       std::span<const ScanCandidate> candidates, std::size_t unchanged)>;
 
 /// Finds disposable items below a folder.
 class FileScanning {

@@ -68,13 +68,6 @@ void DirectoryEnumerator::begin(FileDescriptor top) {
   enter(std::move(top));
 }
 
-FileDescriptor DirectoryEnumerator::end() {
-  FileDescriptor top = std::move(levels_.front().folder);
-  levels_.clear();
-  willEnter_ = false;
-  return top;
-}
-
 bool DirectoryEnumerator::next() {
   return order_ == Order::byName ? nextByName() : nextFoldersAfter();
 }

@@ -51,9 +51,6 @@ class DirectoryEnumerator {
   /// Starts over, with the open folder `top`.
   void begin(FileDescriptor top);
 
-  /// Ends the enumeration early, in its top folder, and gives that folder back.
-  FileDescriptor end();
-
   /// Advances to the next entry; false when there is none. A folder that was the current entry is
   /// entered unless it was skipped.
   bool next();

@@ -65,9 +65,6 @@ class FileManager {
   virtual std::error_code readFolder(int folder, std::span<std::byte> buffer,
                                      std::size_t& filled) = 0;
 
-  /// Makes the next read of an open folder begin with its first entry again.
-  virtual std::error_code rewindFolder(int folder) = 0;
-
   /// Reads the attributes of an entry; an empty name means the open folder itself.
   virtual std::error_code readAttributes(int folder, const char* name, LinkPolicy links,
                                          FileAttributes& attributes) = 0;

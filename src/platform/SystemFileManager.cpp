@@ -64,10 +64,6 @@ class SystemFileManager final : public FileManager {
     return {};
   }
 
-  std::error_code rewindFolder(int folder) override {
-    return outcome(::lseek(folder, 0, SEEK_SET) < 0 ? -1 : 0);
-  }
-
   std::error_code readAttributes(int folder, const char* name, LinkPolicy links,
                                  FileAttributes& attributes) override {
     const int follow = links == LinkPolicy::follow ? 0 : AT_SYMLINK_NOFOLLOW;

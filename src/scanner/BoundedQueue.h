@@ -53,14 +53,9 @@ class BoundedQueue {
     return item;
   }
 
-  bool isEmpty() const {
-    const std::scoped_lock lock(mutex_);
-    return items_.empty();
-  }
-
  private:
   const std::size_t capacity_;
-  mutable std::mutex mutex_;
+  std::mutex mutex_;
   std::condition_variable_any changed_;
   std::deque<Item> items_;
   bool isClosed_ = false;

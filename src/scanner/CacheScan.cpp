@@ -15,7 +15,6 @@
 #include "platform/FileIdentity.h"
 #include "platform/PathSafety.h"
 #include "rules/CacheRules.h"
-#include "scanner/CandidateList.h"
 #include "scanner/MeasurementPool.h"
 
 namespace broomtide {
@@ -35,22 +34,21 @@ struct CacheItem {
 class CacheScan {
  public:
   CacheScan(const std::string& root, FileManager& fileManager, const ScannerSettings& settings,
-            const UpdateFunction& onUpdate, const std::stop_token& stop)
+            ScanReports& reports, const std::stop_token& stop)
       : root_(root),
         fileManager_(fileManager),
         stop_(stop),
-        candidates_(onUpdate, stop),
+        reports_(reports),
         measurements_(fileManager, settings.measuringThreads, stop) {}
 
-  ScanResult run() {
+  ScanOutcome run() {
     for (const CacheTarget& target : CacheRules::targets) {
       checkForCancellation();
       visit(target);
     }
     while (!ahead_.empty()) reportFirst();
-    candidates_.sort();
-    candidates_.report(0, candidates_.totalBytes(), "Scan complete");
-    return {.candidates = candidates_.take(), .issues = std::move(issues_), .projects = {}};
+    return {
+        .entries = 0, .bytes = reports_.totalBytes(), .issues = std::move(issues_), .projects = {}};
   }
 
  private:
@@ -102,6 +100,7 @@ class CacheScan {
         return;
       }
       measurement = measurements_.measure(std::move(folder), location);
+      measurements_.start();
     }
     ahead_.push_back({&target, std::move(location), attributes, std::move(measurement)});
     if (ahead_.size() > mostAhead) reportFirst();
@@ -115,18 +114,18 @@ class CacheScan {
     const CacheTarget& target = *item.target;
     const std::string path = paths::relativePath(item.location, root_);
     const std::string label = "Calculating " + path + "…";
-    candidates_.report(entries_, candidates_.totalBytes(), label);
+    reports_.report(entries_, reports_.totalBytes(), label);
     Measurement::Result result;
     if (item.measurement) {
       result = item.measurement->await(stop_, [&](std::int64_t bytes, std::int64_t entries) {
-        candidates_.report(entries_ + entries, candidates_.totalBytes() + bytes, label);
+        reports_.report(entries_ + entries, reports_.totalBytes() + bytes, label);
       });
     }
     entries_ += result.entries;
     std::ranges::move(result.issues, std::back_inserter(issues_));
     if (result.bytes < 1) return;
 
-    candidates_.add({
+    reports_.add({
         .url = item.location,
         .relativePath = path,
         .kind = CandidateKind::directory,
@@ -148,7 +147,7 @@ class CacheScan {
         .confidence = DetectionConfidence::high,
         .gitStatus = GitItemStatus::unavailable,
     });
-    candidates_.report(entries_, candidates_.totalBytes(), path);
+    reports_.report(entries_, reports_.totalBytes(), path);
   }
 
   void checkForCancellation() const {
@@ -158,7 +157,7 @@ class CacheScan {
   const std::string& root_;
   FileManager& fileManager_;
   const std::stop_token& stop_;
-  CandidateList candidates_;
+  ScanReports& reports_;
   std::vector<ScanIssue> issues_;
   std::deque<CacheItem> ahead_;
   const CacheTarget* reportedTarget_ = nullptr;
@@ -168,10 +167,10 @@ class CacheScan {
 
 }  // namespace
 
-ScanResult scanKnownCaches(const std::string& root, FileManager& fileManager,
-                           const ScannerSettings& settings, const UpdateFunction& onUpdate,
-                           const std::stop_token& stop) {
-  return CacheScan(root, fileManager, settings, onUpdate, stop).run();
+ScanOutcome scanKnownCaches(const std::string& root, FileManager& fileManager,
+                            const ScannerSettings& settings, ScanReports& reports,
+                            const std::stop_token& stop) {
+  return CacheScan(root, fileManager, settings, reports, stop).run();
 }
 
 }  // namespace broomtide

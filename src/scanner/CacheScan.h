@@ -3,16 +3,16 @@
 #include <stop_token>
 #include <string>
 
-#include "core/FileScanning.h"
 #include "platform/FileManager.h"
+#include "scanner/ReportedScan.h"
 #include "scanner/ScannerSettings.h"
 
 namespace broomtide {
 
 /// Measures the well-known developer cache locations below `root`, a standardised absolute path;
 /// nothing else is read. Throws as FileScanning::scan does.
-ScanResult scanKnownCaches(const std::string& root, FileManager& fileManager,
-                           const ScannerSettings& settings, const UpdateFunction& onUpdate,
-                           const std::stop_token& stop);
+ScanOutcome scanKnownCaches(const std::string& root, FileManager& fileManager,
+                            const ScannerSettings& settings, ScanReports& reports,
+                            const std::stop_token& stop);
 
 }  // namespace broomtide

@@ -8,6 +8,7 @@
 #include "core/Paths.h"
 #include "core/ScannerError.h"
 #include "scanner/CacheScan.h"
+#include "scanner/ReportedScan.h"
 #include "scanner/TreeScan.h"
 
 namespace broomtide {
@@ -26,10 +27,12 @@ ScanResult DefaultFileScanner::scan(const std::string& root, ScanMode mode, Date
   if (stop.stop_requested()) throw CancellationError();
   const std::string folder = paths::standardized(root);
   validate(folder);
-  if (mode == ScanMode::caches) {
-    return scanKnownCaches(folder, fileManager_, settings_, onUpdate, stop);
-  }
-  return TreeScan(folder, mode, now, fileManager_, settings_, onUpdate, std::move(stop)).run();
+  const auto scan = [&](ScanReports& reports, const std::stop_token& stopping) {
+    return mode == ScanMode::caches
+               ? scanKnownCaches(folder, fileManager_, settings_, reports, stopping)
+               : TreeScan(folder, mode, now, fileManager_, settings_, reports, stopping).run();
+  };
+  return runReporting(scan, onUpdate, stop);
 }
 
 void DefaultFileScanner::validate(const std::string& root) const {

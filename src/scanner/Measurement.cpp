@@ -1,6 +1,7 @@
 #include "scanner/Measurement.h"
 
 #include <algorithm>
+#include <chrono>
 #include <string_view>
 #include <utility>
 
@@ -9,6 +10,8 @@
 
 namespace broomtide {
 namespace {
+
+constexpr std::chrono::milliseconds longestSilence{5};
 
 // The order of a depth-first walk with siblings by name: a slash sorts before every other byte.
 bool comesFirst(std::string_view left, std::string_view right) {
@@ -20,22 +23,19 @@ bool comesFirst(std::string_view left, std::string_view right) {
 
 Measurement::Result Measurement::await(const std::stop_token& stop,
                                        const ProgressFunction& onProgress) {
-  std::unique_lock lock(mutex_);
-  isAwaited_ = true;
-  std::size_t reported = 0;
-  for (;;) {
-    changed_.wait(lock, stop, [&] {
-      return reported < bytesAtIntervals_.size() || partsUnderWay_ == 0 || failure_;
-    });
+  std::int64_t reported = 0;
+  bool hasEnded = false;
+  while (!hasEnded) {
+    std::unique_lock lock(mutex_);
+    // Being woken up for every interval would cost the threads that measure much of their time.
+    hasEnded = ended_.wait_for(lock, stop, longestSilence,
+                               [this] { return partsUnderWay_ == 0 || failure_; });
     if (stop.stop_requested()) throw CancellationError();
     if (failure_) std::rethrow_exception(failure_);
-    if (reported == bytesAtIntervals_.size()) break;
-    const std::int64_t bytes = bytesAtIntervals_[reported++];
+    const std::vector<std::int64_t> passed = std::exchange(bytesAtIntervals_, {});
     lock.unlock();
-    onProgress(bytes, static_cast<std::int64_t>(reported) * progressInterval);
-    lock.lock();
+    for (const std::int64_t bytes : passed) onProgress(bytes, reported += progressInterval);
   }
-  lock.unlock();
   onProgress(bytes_, entries_);
   return {.bytes = bytes_, .entries = entries_, .issues = issuesInOrder()};
 }
@@ -48,13 +48,13 @@ void Measurement::beginPart() {
 void Measurement::endPart() {
   const std::scoped_lock lock(mutex_);
   --partsUnderWay_;
-  if (partsUnderWay_ == 0 && isAwaited_) changed_.notify_all();
+  if (partsUnderWay_ == 0) ended_.notify_all();
 }
 
 void Measurement::fail(std::exception_ptr failure) {
   const std::scoped_lock lock(mutex_);
   failure_ = std::move(failure);
-  changed_.notify_all();
+  ended_.notify_all();
 }
 
 void Measurement::add(std::int64_t bytes, std::int64_t entries) {
@@ -62,9 +62,7 @@ void Measurement::add(std::int64_t bytes, std::int64_t entries) {
   const std::int64_t intervals = entries_ / progressInterval;
   bytes_ += bytes;
   entries_ += entries;
-  if (entries_ / progressInterval == intervals) return;
-  bytesAtIntervals_.push_back(bytes_);
-  if (isAwaited_) changed_.notify_all();
+  if (entries_ / progressInterval != intervals) bytesAtIntervals_.push_back(bytes_);
 }
 
 void Measurement::addIssue(std::string relativePath, std::error_code error) {

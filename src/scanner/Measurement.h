@@ -69,13 +69,12 @@ class Measurement {
   std::atomic<bool> isAbandoned_ = false;
 
   std::mutex mutex_;
-  std::condition_variable_any changed_;
-  bool isAwaited_ = false;
+  std::condition_variable_any ended_;
   int partsUnderWay_ = 1;
   std::exception_ptr failure_;
   std::int64_t bytes_ = 0;
   std::int64_t entries_ = 0;
-  std::vector<std::int64_t> bytesAtIntervals_;
+  std::vector<std::int64_t> bytesAtIntervals_;  // of the intervals not told of yet
   std::vector<Problem> problems_;
 };
 

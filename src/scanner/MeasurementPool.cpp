@@ -1,6 +1,8 @@
 #include "scanner/MeasurementPool.h"
 
+#include <algorithm>
 #include <exception>
+#include <iterator>
 #include <utility>
 
 #include "core/Paths.h"
@@ -9,7 +11,11 @@
 namespace broomtide {
 namespace {
 
-constexpr std::size_t mostWaitingFolders = 16;
+constexpr std::size_t mostWaitingFolders = 32;
+
+// Measuring a small folder takes less than handing it to a thread, so several are handed over
+// together.
+constexpr std::size_t foldersPerHandover = 16;
 
 }  // namespace
 
@@ -106,14 +112,24 @@ MeasurementPool::~MeasurementPool() { stopping_.requestStop(); }
 
 std::shared_ptr<Measurement> MeasurementPool::measure(FileDescriptor folder, std::string path) {
   auto measurement = std::make_shared<Measurement>(std::move(path));
-  const std::stop_token stop = stopping_.token();
-  std::unique_lock lock(mutex_);
-  if (threads_.empty()) startThreads();
-  partTaken_.wait(lock, stop, [this] { return folders_.size() < mostWaitingFolders; });
-  folders_.push_back({.measurement = measurement, .folder = std::move(folder), .relativePath = {}});
-  updateHungry();
-  partAdded_.notify_one();
+  collected_.push_back(
+      {.measurement = measurement, .folder = std::move(folder), .relativePath = {}});
+  if (collected_.size() == foldersPerHandover) start();
   return measurement;
+}
+
+void MeasurementPool::start() {
+  if (collected_.empty()) return;
+  if (threads_.empty()) startThreads();
+  {
+    const std::stop_token stop = stopping_.token();
+    std::unique_lock lock(mutex_);
+    partTaken_.wait(lock, stop, [this] { return folders_.size() < mostWaitingFolders; });
+    std::ranges::move(collected_, std::back_inserter(folders_));
+    updateHungry();
+  }
+  collected_.size() == 1 ? partAdded_.notify_one() : partAdded_.notify_all();
+  collected_.clear();
 }
 
 void MeasurementPool::startThreads() {
@@ -138,16 +154,18 @@ std::optional<MeasurementPool::Part> MeasurementPool::take(const std::stop_token
   } else {
     part = std::move(folders_.front());
     folders_.pop_front();
-    partTaken_.notify_one();
+    if (folders_.size() == mostWaitingFolders / 2) partTaken_.notify_one();
   }
   updateHungry();
   return part;
 }
 
 void MeasurementPool::give(Part part) {
-  const std::scoped_lock lock(mutex_);
-  subtrees_.push_back(std::move(part));
-  updateHungry();
+  {
+    const std::scoped_lock lock(mutex_);
+    subtrees_.push_back(std::move(part));
+    updateHungry();
+  }
   partAdded_.notify_one();
 }
 

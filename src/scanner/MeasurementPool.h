@@ -33,9 +33,13 @@ class MeasurementPool {
   MeasurementPool(const MeasurementPool&) = delete;
   MeasurementPool& operator=(const MeasurementPool&) = delete;
 
-  /// Starts to measure an open folder; `path` is its absolute path. Blocks while many folders are
-  /// waiting, so that their descriptors stay few.
+  /// Has an open folder measured, after start() at the latest; `path` is its absolute path. Blocks
+  /// while many folders are waiting, so that their descriptors stay few. Folders come from one
+  /// thread.
   std::shared_ptr<Measurement> measure(FileDescriptor folder, std::string path);
+
+  /// Has everything measured that was given to measure().
+  void start();
 
  private:
   class Worker;
@@ -55,6 +59,7 @@ class MeasurementPool {
 
   FileManager& fileManager_;
   const std::size_t threadCount_;
+  std::vector<Part> collected_;  // not handed over yet
 
   std::mutex mutex_;
   std::condition_variable_any partAdded_;

@@ -18,8 +18,7 @@ constexpr std::int64_t reportInterval = 64;
 }  // namespace
 
 TreeScan::TreeScan(std::string root, ScanMode mode, Date now, FileManager& fileManager,
-                   const ScannerSettings& settings, const UpdateFunction& onUpdate,
-                   std::stop_token stop)
+                   const ScannerSettings& settings, ScanReports& reports, std::stop_token stop)
     : root_(std::move(root)),
       mode_(mode),
       now_(now),
@@ -27,9 +26,9 @@ TreeScan::TreeScan(std::string root, ScanMode mode, Date now, FileManager& fileM
       settings_(settings),
       stop_(std::move(stop)),
       git_(settings.git, settings.gitRunLimit, stop_),
-      candidates_(onUpdate, stop_) {}
+      reports_(reports) {}
 
-ScanResult TreeScan::run() {
+ScanOutcome TreeScan::run() {
   std::string label = "Scanning Downloads…";
   if (mode_ == ScanMode::project) {
     discovery_ = ProjectDetector::discover(root_, fileManager_, stop_,
@@ -39,16 +38,15 @@ ScanResult TreeScan::run() {
   issues_ = std::move(discovery_.issues);
   entries_ = discovery_.entriesInspected;
   projects_.emplace(discovery_);
-  candidates_.report(entries_, 0, label);
+  reports_.report(entries_, 0, label);
 
   FileDescriptor top;
   if (fileManager_.openFolder(workingDirectory, root_.c_str(), LinkPolicy::follow, top)) {
     throw ScannerError(ScannerError::Case::permissionDenied);
   }
   walk(std::move(top));
-  candidates_.sort();
-  candidates_.report(entries_, 0, "Scan complete");
-  return {.candidates = candidates_.take(),
+  return {.entries = entries_,
+          .bytes = 0,
           .issues = std::move(issues_),
           .projects = std::move(discovery_.projects)};
 }
@@ -80,7 +78,7 @@ void TreeScan::visit(WalkBatch& batch, const WalkBatch::Step& step) {
       break;
     case unmatched:
       if (entries_ % reportInterval == 0) {
-        candidates_.report(entries_, candidates_.totalBytes(), batch.relativePath(step));
+        reports_.report(entries_, reports_.totalBytes(), batch.relativePath(step));
       }
       break;
     case matched:
@@ -108,7 +106,7 @@ void TreeScan::visitMatch(const std::string& relativePath, WalkMatch& match) {
 
   const bool isFolder = match.rule->kind == CandidateKind::directory;
   const std::string label = isFolder ? "Calculating " + relativePath + "…" : relativePath;
-  candidates_.report(entries_, candidates_.totalBytes(), label);
+  reports_.report(entries_, reports_.totalBytes(), label);
   if (match.error) {
     const bool hasVanished = match.error == std::errc::no_such_file_or_directory;
     addIssue(relativePath, hasVanished ? "The item disappeared while it was being scanned."
@@ -117,7 +115,7 @@ void TreeScan::visitMatch(const std::string& relativePath, WalkMatch& match) {
   }
 
   const std::int64_t size = isFolder ? measure(label, match) : match.attributes.allocatedBytes;
-  candidates_.add({
+  reports_.add({
       .url = location,
       .relativePath = relativePath,
       .kind = match.rule->kind,
@@ -136,7 +134,7 @@ void TreeScan::visitMatch(const std::string& relativePath, WalkMatch& match) {
       .confidence = evaluation->confidence,
       .gitStatus = gitStatus,
   });
-  candidates_.report(entries_, candidates_.totalBytes(), relativePath);
+  reports_.report(entries_, reports_.totalBytes(), relativePath);
 }
 
 std::optional<RuleEvaluation> TreeScan::evaluate(const WalkMatch& match,
@@ -162,15 +160,10 @@ std::optional<RuleEvaluation> TreeScan::evaluate(const WalkMatch& match,
 
 std::int64_t TreeScan::measure(const std::string& label, WalkMatch& match) {
   const auto onProgress = [&](std::int64_t bytes, std::int64_t entries) {
-    candidates_.report(entries_ + entries, candidates_.totalBytes() + bytes, label);
+    reports_.report(entries_ + entries, reports_.totalBytes() + bytes, label);
   };
   Measurement::Result result;
-  if (match.measurement) {
-    result = match.measurement->await(stop_, onProgress);
-  } else if (match.measured) {
-    result = std::move(*match.measured);
-    onProgress(result.bytes, result.entries);
-  }
+  if (match.measurement) result = match.measurement->await(stop_, onProgress);
   entries_ += result.entries;
   std::ranges::move(result.issues, std::back_inserter(issues_));
   return result.bytes;

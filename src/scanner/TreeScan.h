@@ -11,24 +11,23 @@
 #include "core/FileScanning.h"
 #include "platform/FileManager.h"
 #include "rules/ScanRules.h"
-#include "scanner/CandidateList.h"
+#include "scanner/ReportedScan.h"
 #include "scanner/ScannerSettings.h"
 #include "scanner/WalkAhead.h"
 
 namespace broomtide {
 
 /// One scan of a folder of projects or of a Downloads folder: everything is read ahead on other
-/// threads, and judged and reported here, on the caller's, as if it had happened one after the
-/// other.
+/// threads, and judged and reported here, as if it had happened one after the other.
 class TreeScan {
  public:
   /// `root` is a standardised absolute path; the mode is project or downloads. The references must
   /// outlive the scan.
   TreeScan(std::string root, ScanMode mode, Date now, FileManager& fileManager,
-           const ScannerSettings& settings, const UpdateFunction& onUpdate, std::stop_token stop);
+           const ScannerSettings& settings, ScanReports& reports, std::stop_token stop);
 
   /// Runs the scan, once. Throws as FileScanning::scan does.
-  ScanResult run();
+  ScanOutcome run();
 
  private:
   void walk(FileDescriptor top);
@@ -49,7 +48,7 @@ class TreeScan {
   GitInspection git_;
   ProjectDiscovery discovery_;
   std::optional<ProjectLookup> projects_;
-  CandidateList candidates_;
+  ScanReports& reports_;
   std::vector<ScanIssue> issues_;
   std::int64_t entries_ = 0;  // examined so far
 };

@@ -9,7 +9,6 @@
 #include "platform/PathSafety.h"
 #include "rules/ContextPolicy.h"
 #include "rules/ScanRules.h"
-#include "scanner/SmallFolder.h"
 
 namespace broomtide {
 namespace {
@@ -36,8 +35,7 @@ class WalkAhead::Walker {
             [this](std::string_view relativePath, std::error_code error) {
               batch_.addIssue(WalkBatch::Kind::folderIssue, relativePath, {}, error.message());
             },
-            stop_),
-        smallFolder_(setup_.fileManager) {}
+            stop_) {}
 
   void run(FileDescriptor top) {
     entries_.begin(std::move(top));
@@ -50,16 +48,18 @@ class WalkAhead::Walker {
   }
 
  private:
-  // Waking the reader up costs as much as many steps, so it gets them in large portions, and what
-  // it can spend some time on, or has waited for, at once.
+  // Waking the reader up costs as much as many steps, so it gets them in large portions.
   bool isTimeToFlush() {
     const std::size_t steps = batch_.steps().size();
     if (steps >= mostSteps || batch_.textSize() >= mostText) return true;
-    if (std::exchange(hasHandedOver_, false)) return batches_.isEmpty();
-    return steps % stepsPerClockReading == 0 && Clock::now() - lastFlush_ > longestDelay;
+    const bool mayHaveBlocked = std::exchange(hasHandedOver_, false);
+    return (mayHaveBlocked || steps % stepsPerClockReading == 0) &&
+           Clock::now() - lastFlush_ > longestDelay;
   }
 
+  // Before the reader learns of a folder, its measurement must be under way.
   bool flush() {
+    setup_.measurements.start();
     lastFlush_ = Clock::now();
     return batches_.push(std::exchange(batch_, {}), stop_);
   }
@@ -171,11 +171,8 @@ class WalkAhead::Walker {
                                                     match.attributes);
     if (match.error) return true;
     const std::string location = paths::appending(setup_.root, entries_.relativePath());
-    match.measured = smallFolder_.measure(folder, location);
-    if (!match.measured) {
-      match.measurement = setup_.measurements.measure(std::move(folder), location);
-      hasHandedOver_ = true;
-    }
+    match.measurement = setup_.measurements.measure(std::move(folder), location);
+    hasHandedOver_ = true;
     return true;
   }
 
@@ -194,7 +191,6 @@ class WalkAhead::Walker {
   BoundedQueue<WalkBatch>& batches_;
   const std::stop_token stop_;
   DirectoryEnumerator entries_;
-  SmallFolder smallFolder_;
   WalkBatch batch_;
   bool hasHandedOver_ = false;  // a folder to the measuring threads, since the last step
   Clock::time_point lastFlush_ = Clock::now();

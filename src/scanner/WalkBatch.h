@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -23,10 +22,7 @@ struct WalkMatch {
   std::error_code error;                    ///< set when the entry cannot be examined any more
   FileAttributes attributes;
 
-  /// The size of a folder: measured already, or being measured, or neither when the folder cannot
-  /// be opened.
-  std::optional<Measurement::Result> measured;
-  std::shared_ptr<Measurement> measurement;
+  std::shared_ptr<Measurement> measurement;  ///< of a folder; null when it cannot be opened
 };
 
 /// What the walk met, in its order. A few hundred steps share one block of text.

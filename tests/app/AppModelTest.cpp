@@ -83,12 +83,12 @@ TEST_F(Model, AScanShowsItsUpdatesAndThenItsResult) {
   std::vector<std::vector<std::string>> shown;
   script.scans.push_back([&](const UpdateFunction& onUpdate, const auto&) {
     std::vector<ScanCandidate> found{candidate("b", 5)};
-    onUpdate({1, 5, "b"}, found, 0);
+    test::tell(onUpdate, {1, 5, "b"}, found, 0);
     found.push_back(candidate("a", 7));
-    onUpdate({2, 12, "a"}, found, 1);
+    test::tell(onUpdate, {2, 12, "a"}, found, 1);
     shown.push_back(paths());  // safe to read: the main thread does nothing before the next call
     std::swap(found[0], found[1]);
-    onUpdate({3, 0, "Finalizing"}, found, 0);
+    test::tell(onUpdate, {3, 0, "Finalizing"}, found, 0);
     shown.push_back(paths());
     return ScanResult{found, {ScanIssue::about("x", "y")}, {ProjectContext{}}};
   });
@@ -110,6 +110,33 @@ TEST_F(Model, AScanShowsItsUpdatesAndThenItsResult) {
   EXPECT_THAT(access.record, ElementsAre("+/some/root"));
 }
 
+TEST_F(Model, UpdatesThatCameTogetherAreShownOneByOne) {
+  const std::vector<ScanCandidate> found{candidate("b", 5), candidate("a", 7), candidate("c", 1)};
+  const std::vector<ScanUpdate> updates{
+      {{1, 0, "b"}, 0}, {{2, 5, "a"}, 1}, {{3, 12, "a"}, 2}, {{4, 13, "c"}, 3}};
+  script.scans.push_back([&](const UpdateFunction& onUpdate, const auto&) {
+    onUpdate(updates, found, 0);
+    return ScanResult{found, {}, {}};
+  });
+  std::vector<std::pair<ScanProgress, std::vector<std::string>>> shown;
+  const auto watch = model->observe([&](AppModel::Field field) {
+    if (field == candidates && model->route() == Route::scanning) {
+      shown.emplace_back(model->progress(), paths());
+    }
+    if (shown.size() == 4 && model->rootURL()) model->returnHome();
+  });
+  model->beginScan("/root", ScanMode::project, true);
+  main.runNext();
+  ASSERT_EQ(shown.size(), 4U);  // the scan's start, and three updates until somebody went home
+  EXPECT_EQ(shown[1].first, updates[0].progress);
+  EXPECT_THAT(shown[1].second, testing::IsEmpty());
+  EXPECT_THAT(shown[2].second, ElementsAre("b"));
+  EXPECT_EQ(shown[3].first, updates[2].progress);
+  EXPECT_THAT(shown[3].second, ElementsAre("b", "a"));
+  EXPECT_THAT(paths(), testing::IsEmpty());
+  EXPECT_EQ(model->progress().entriesScanned, 0);
+}
+
 TEST_F(Model, NothingOfASupersededScanIsShown) {
   // The first scan ends in every possible way after the second one has begun.
   const std::vector<std::function<ScanResult()>> ends{
@@ -125,7 +152,7 @@ TEST_F(Model, NothingOfASupersededScanIsShown) {
       hasBegun.count_down();
       isSuperseded.wait();
       const std::vector<ScanCandidate> old{candidate("old")};
-      onUpdate({9, 9, "old"}, old, 0);
+      test::tell(onUpdate, {9, 9, "old"}, old, 0);
       return end();
     });
     script.scans.push_back([&](const auto&, const auto&) {
@@ -146,7 +173,7 @@ TEST_F(Model, NothingOfASupersededScanIsShown) {
 
 TEST_F(Model, GoingHomeEndsAScanSilently) {
   script.scans.push_back([&](const UpdateFunction& onUpdate, const std::stop_token& stop) {
-    onUpdate({1, 1, "x"}, {}, 0);
+    test::tell(onUpdate, {1, 1, "x"}, {}, 0);
     test::waitFor(stop);
     throw CancellationError();
     return ScanResult();
@@ -396,7 +423,7 @@ TEST_F(Model, GoingHomeDoesNotStopACleanup) {
 TEST_F(Model, MayGoAwayWhileAScanWaitsForTheMainThread) {
   script.scans.push_back([](const UpdateFunction& onUpdate, const std::stop_token& stop) {
     const std::vector<ScanCandidate> found{candidate("a")};
-    onUpdate({1, 1, "a"}, found, 0);
+    test::tell(onUpdate, {1, 1, "a"}, found, 0);
     if (stop.stop_requested()) throw CancellationError();
     return ScanResult();
   });

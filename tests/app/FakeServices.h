@@ -62,6 +62,13 @@ inline void waitFor(const std::stop_token& stop) {
   never.wait(lock, stop, [] { return false; });
 }
 
+/// Tells `onUpdate` one update, with every candidate found so far.
+inline void tell(const UpdateFunction& onUpdate, ScanProgress progress,
+                 std::span<const ScanCandidate> candidates, std::size_t unchanged) {
+  const ScanUpdate update{.progress = std::move(progress), .candidateCount = candidates.size()};
+  onUpdate({&update, 1}, candidates, unchanged);
+}
+
 /// What the services of a test do; they outlive the model.
 struct Script {
   using Scan =

@@ -37,9 +37,10 @@ class Cancellation : public testing::Test {
     try {
       scanner.scan(
           tree.root(), mode, std::chrono::system_clock::now(),
-          [&](const auto&...) {
-            EXPECT_FALSE(stopping.stop_requested()) << "an update after the request to stop";
-            if (count++ == number) stopping.request_stop();
+          [&](std::span<const ScanUpdate> told, const auto&...) {
+            EXPECT_FALSE(stopping.stop_requested()) << "a call after the request to stop";
+            if (count <= number && number < count + told.size()) stopping.request_stop();
+            count += told.size();
           },
           stopping.get_token());
     } catch (const CancellationError&) {
@@ -88,8 +89,8 @@ TEST_F(Cancellation, ComesBeforeAnythingIsRead) {
 TEST_F(Cancellation, AnErrorOfTheReceiverEndsTheScanAsItIs) {
   DefaultFileScanner scanner(files);
   EXPECT_THROW(scanner.scan(tree.root(), ScanMode::project, {},
-                            [](const ScanProgress& progress, const auto&...) {
-                              if (progress.reclaimableBytes > 0)
+                            [](std::span<const ScanUpdate> told, const auto&...) {
+                              if (told.back().progress.reclaimableBytes > 0)
                                 throw std::out_of_range("receiver");
                             },
                             {}),

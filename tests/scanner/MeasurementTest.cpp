@@ -1,7 +1,6 @@
 #include "scanner/Measurement.h"
 
 #include "scanner/MeasurementPool.h"
-#include "scanner/SmallFolder.h"
 #include "support/FaultyFileManager.h"
 #include "support/TemporaryTree.h"
 
@@ -19,10 +18,11 @@ class Measuring : public testing::Test {
         files.openFolder(workingDirectory, tree.root().c_str(), LinkPolicy::doNotFollow, folder));
     MeasurementPool pool(files, threads, {});
     calls.clear();
-    return pool.measure(std::move(folder), tree.root())
-        ->await({}, [this](std::int64_t bytes, std::int64_t entries) {
-          calls.emplace_back(bytes, entries);
-        });
+    const auto measurement = pool.measure(std::move(folder), tree.root());
+    pool.start();
+    return measurement->await({}, [this](std::int64_t bytes, std::int64_t entries) {
+      calls.emplace_back(bytes, entries);
+    });
   }
 
   std::vector<std::int64_t> entriesOfCalls() const {
@@ -98,28 +98,6 @@ TEST_F(Measuring, PassesOnWhatMadeItFail) {
   tree.file("a/b");
   files.onAttributes = [](const std::string&) -> std::error_code { throw std::bad_alloc(); };
   EXPECT_THROW(measure(), std::bad_alloc);
-}
-
-TEST_F(Measuring, SmallFoldersGiveWhatThePoolGives) {
-  SmallFolder small(files);
-  FileDescriptor folder;
-  const auto onTheSpot = [&] {
-    EXPECT_FALSE(
-        files.openFolder(workingDirectory, tree.root().c_str(), LinkPolicy::doNotFollow, folder));
-    return small.measure(folder, tree.root());
-  };
-  tree.file("f", "x");
-  tree.link("f", "l");
-  EXPECT_EQ(onTheSpot()->bytes, measure().bytes);
-  EXPECT_EQ(onTheSpot()->entries, 2);
-
-  for (int count = 0; count < 40; ++count) tree.file("g" + std::to_string(count), "x");
-  EXPECT_EQ(onTheSpot(), std::nullopt);
-  MeasurementPool pool(files, 1, {});
-  EXPECT_EQ(pool.measure(std::move(folder), tree.root())->await({}, [](auto, auto) {}).entries, 42);
-
-  files.onRead = [] { return std::make_error_code(std::errc::io_error); };
-  EXPECT_EQ(onTheSpot()->issues.at(0).message, "Input/output error");
 }
 
 }  // namespace

@@ -25,10 +25,6 @@ std::error_code FaultyFileManager::readFolder(int folder, std::span<std::byte> b
   return error;
 }
 
-std::error_code FaultyFileManager::rewindFolder(int folder) {
-  return systemFileManager().rewindFolder(folder);
-}
-
 std::error_code FaultyFileManager::readAttributes(int folder, const char* name, LinkPolicy links,
                                                   FileAttributes& attributes) {
   if (const std::error_code error = onAttributes(name)) return error;

@@ -25,7 +25,6 @@ class FaultyFileManager final : public FileManager {
   std::error_code openFolder(int folder, const char* name, LinkPolicy links,
                              FileDescriptor& opened) override;
   std::error_code readFolder(int folder, std::span<std::byte> buffer, std::size_t& filled) override;
-  std::error_code rewindFolder(int folder) override;
   std::error_code readAttributes(int folder, const char* name, LinkPolicy links,
                                  FileAttributes& attributes) override;
   bool isReadable(const std::string& path) override;

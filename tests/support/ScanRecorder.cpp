@@ -16,16 +16,20 @@ ScanResult ScanRecorder::scan(const std::string& root, ScanMode mode, Date now) 
                                             .gitRunLimit = GitInspector::runLimit});
   std::vector<ScanCandidate> before;
   return scanner.scan(root, mode, now,
-                      [&](const ScanProgress& progress, std::span<const ScanCandidate> candidates,
-                          std::size_t unchanged) {
+                      [&](std::span<const ScanUpdate> told,
+                          std::span<const ScanCandidate> candidates, std::size_t unchanged) {
                         ASSERT_LE(unchanged, before.size());
                         EXPECT_TRUE(std::ranges::equal(candidates.first(unchanged),
                                                        std::span(before).first(unchanged)));
                         before.assign(candidates.begin(), candidates.end());
-                        updates.push_back(std::to_string(progress.entriesScanned) + ' ' +
-                                          std::to_string(progress.reclaimableBytes) + ' ' +
-                                          progress.currentPath + " (" +
-                                          std::to_string(candidates.size()) + ")");
+                        ASSERT_FALSE(told.empty());
+                        EXPECT_EQ(told.back().candidateCount, candidates.size());
+                        for (const auto& [progress, candidateCount] : told) {
+                          updates.push_back(std::to_string(progress.entriesScanned) + ' ' +
+                                            std::to_string(progress.reclaimableBytes) + ' ' +
+                                            progress.currentPath + " (" +
+                                            std::to_string(candidateCount) + ")");
+                        }
                       },
                       {});
 }

@@ -127,8 +127,8 @@ void shootAll(Photographer photographer) {
   photographer.shoot(test, "welcome");
   test.script.scans.push_back([&](const UpdateFunction& onUpdate, const std::stop_token& stop) {
     const ScanResult found = exampleResult();
-    onUpdate({4711, 823'500'000, "website/node_modules/some/long/path/inside/of/it"},
-             found.candidates, 0);
+    test::tell(onUpdate, {4711, 823'500'000, "website/node_modules/some/long/path/inside/of/it"},
+               found.candidates, 0);
     test::waitFor(stop);
     throw CancellationError();
     return found;

@@ -26,7 +26,7 @@ class Scanning : public testing::Test {
           std::vector<ScanCandidate> found;
           for (const ScanProgress& update : updates) {
             found.push_back(test::selectedItem(std::to_string(found.size()), 1));
-            onUpdate(update, found, found.size() - 1);
+            test::tell(onUpdate, update, found, found.size() - 1);
             mayGoOn.acquire();
           }
           test::waitFor(stop);

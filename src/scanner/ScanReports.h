@@ -1,0 +1,67 @@
+#pragma once
+
+#include <condition_variable>
+#include <cstddef>
+#include <cstdint>
+#include <exception>
+#include <mutex>
+#include <optional>
+#include <stop_token>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/FileScanning.h"
+
+namespace broomtide {
+
+/// What a scan finds and reports, on its way from the thread that scans to the one that tells the
+/// receiver. The scanning thread goes on while the receiver is told; what it reports meanwhile
+/// waits and is told at once. Neither thread wakes the other up for a single report.
+class ScanReports {
+ public:
+  /// Reports and candidates that follow those taken before.
+  struct Batch {
+    std::vector<ScanUpdate> updates;
+    std::vector<ScanCandidate> candidates;
+  };
+
+  explicit ScanReports(std::stop_token stop) : stop_(std::move(stop)) {}
+
+  // For the scanning thread.
+
+  /// The summed size of the candidates, in bytes.
+  std::int64_t totalBytes() const { return totalBytes_; }
+
+  /// Reports progress with the candidates found so far. Throws CancellationError instead once
+  /// `stop` was asked to stop; blocks while very many reports wait.
+  void report(std::int64_t entries, std::int64_t bytes, std::string label);
+
+  /// Adds a candidate, which belongs to the reports that follow.
+  void add(ScanCandidate candidate);
+
+  /// Says that nothing more will come; `failure`, when there is one, is thrown by next() after the
+  /// last report.
+  void close(std::exception_ptr failure = nullptr);
+
+  // For the thread that tells the receiver.
+
+  /// What was reported since the last call, a few milliseconds after that at the latest; nothing
+  /// at the end. Throws CancellationError once `stop` was asked to stop.
+  std::optional<Batch> next();
+
+ private:
+  const std::stop_token stop_;
+  std::int64_t totalBytes_ = 0;
+  std::size_t candidateCount_ = 0;
+  std::vector<ScanCandidate> added_;  // since the last report
+
+  std::mutex mutex_;
+  std::condition_variable_any taken_;
+  std::condition_variable_any urgent_;  // the end has come, or too much waits
+  Batch waiting_;
+  bool isClosed_ = false;
+  std::exception_ptr failure_;
+};
+
+}  // namespace broomtide
