@@ -13,8 +13,9 @@
 namespace broomtide {
 namespace {
 
-// Checks a candidate and moves it. What is wrong, or nothing when it is in the Trash.
-Revalidation::Problem clean(const ScanCandidate& candidate, const std::string& root,
+// Checks a candidate and moves it. What is wrong, or nothing when it is in the Trash. `realRoot` is
+// the scanned folder, links resolved.
+Revalidation::Problem clean(const ScanCandidate& candidate, const std::string& realRoot,
                             const Revalidation& revalidation, Trash& trash) {
   if (const Revalidation::Problem problem = revalidation.problemOf(candidate)) return problem;
 
@@ -26,7 +27,7 @@ Revalidation::Problem clean(const ScanCandidate& candidate, const std::string& r
                        .identity = candidate.fileIdentity,
                        .size = candidate.size,
                        .isFolder = candidate.kind == CandidateKind::directory};
-  if (!paths::isBelow(paths::appending(item.folder, item.name), PathSafety::resolved(root))) {
+  if (!paths::isBelow(paths::appending(item.folder, item.name), realRoot)) {
     return CleanupMessages::outside;
   }
   if (trash.move(item)) return CleanupMessages::notMoved;
@@ -47,10 +48,11 @@ CleanupResult DefaultTrashManager::moveToTrash(const std::vector<ScanCandidate>&
   const std::lock_guard lock(oneAtATime_);
   const std::map<std::string, GitSnapshot> snapshots = askGit(candidates, stop);
   const Revalidation revalidation(fileManager_, root, snapshots, stop);
+  const std::string realRoot = PathSafety::resolved(root);
   Trash trash(fileManager_, homeTrash_);
   CleanupResult result;
   for (const ScanCandidate& candidate : candidates) {
-    if (const auto problem = clean(candidate, root, revalidation, trash)) {
+    if (const auto problem = clean(candidate, realRoot, revalidation, trash)) {
       result.failures.push_back(
           {.id = newUuid(), .path = candidate.relativePath, .message = std::string(*problem)});
     } else {

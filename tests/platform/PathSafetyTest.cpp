@@ -29,6 +29,25 @@ TEST(PathSafety, ResolvesLinksBeforeItCompares) {
   EXPECT_FALSE(PathSafety::contains(root, "/"));
 }
 
+TEST(PathSafety, ResolvesWhatTheKernelNamesInItsOwnWay) {
+  TemporaryTree tree;
+  tree.folder("gone (deleted)");
+  tree.link("gone (deleted)", "link");
+  tree.link("nowhere", "dangling");
+  std::string deep = tree.root();  // longer than a path that the kernel gives
+  for (int level = 0; level < 20; ++level) deep += '/' + std::string(250, 'd');
+  const std::vector<std::pair<std::string, std::string>> cases{
+      {tree.path("link"), tree.path("gone (deleted)")},
+      {tree.path("link/../link/x"), tree.path("gone (deleted)/x")},
+      {tree.path("./link/."), tree.path("gone (deleted)")},
+      {tree.path("dangling"), tree.path("dangling")},
+      {tree.path("missing/./below"), tree.path("missing/below")},
+      {deep, deep},
+      {"/", "/"},
+  };
+  for (const auto& [path, expected] : cases) EXPECT_EQ(PathSafety::resolved(path), expected);
+}
+
 TEST(FileIdentity, ChangesWithTheItemAndNotWithItsContents) {
   TemporaryTree tree;
   FileManager& files = systemFileManager();
