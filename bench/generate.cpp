@@ -32,10 +32,15 @@
 #include <utility>
 #include <vector>
 
+#include "rules/CacheRules.h"
+
 namespace {
+
+namespace CacheRules = broomtide::CacheRules;
 
 constexpr std::size_t largestFile = 100'000;
 constexpr std::size_t entriesPerRepository = 5'000;
+constexpr std::size_t entriesPerCacheFolder = 5'000;
 constexpr std::size_t artefactsPerProject = 1'000;
 constexpr std::size_t entriesPerArtefact =
     6;  // the package, its __init__.py, __pycache__ and three files
@@ -373,6 +378,20 @@ void writeFlat(const Folder& root, std::size_t entries, std::uint64_t seed) {
   }
 }
 
+// A home folder with something in every known cache location.
+void writeCaches(const std::filesystem::path& root, std::size_t entries, std::uint64_t seed) {
+  inParallel(CacheRules::targets.size(), [&](std::size_t index) {
+    const std::size_t share = entries / CacheRules::targets.size();
+    Dice dice(seed, index);
+    std::size_t made = 0;
+    for (std::size_t part = 0; made < share; ++part) {
+      const auto path = root / CacheRules::targets[index].relativePath;
+      const Folder folder(path / ("part-" + std::to_string(part)), made);
+      installPackages(folder, std::min(share, made + entriesPerCacheFolder), dice);
+    }
+  });
+}
+
 void writeChain(Folder folder, std::size_t entries) {
   for (std::size_t i = 1; i < entries; ++i) folder = folder.folder("level");
   folder.file("deepest.txt", filler(1'000));
@@ -383,14 +402,17 @@ struct Options {
   std::filesystem::path folder;
   std::optional<std::size_t> entries;
   std::uint64_t seed = 1;
+  bool isArtefact = false;
 };
 
 constexpr std::string_view usage =
-    "usage: broomtide-bench-tree KIND FOLDER [--entries N] [--seed S]\n"
+    "usage: broomtide-bench-tree KIND FOLDER [--entries N] [--seed S] [--artefact]\n"
+    "With --artefact the tree becomes the node_modules of a project in FOLDER.\n"
     "kinds (entries unless given):\n"
     "  repositories (1000000)    Git repositories of about 5000 entries with nested node_modules\n"
     "  tiny-artefacts (300000)   projects of 1000 packages, each with a __pycache__ of three "
     "files\n"
+    "  caches (1000000)          a home folder with packages in every known cache location\n"
     "  flat (500000)             one folder of files\n"
     "  chain (10001)             folders one in the other, a file in the last\n";
 
@@ -410,6 +432,8 @@ Options parse(const std::vector<std::string>& arguments) {
   for (auto word = arguments.begin(); word != arguments.end(); ++word) {
     if (!word->starts_with("--")) {
       plain.push_back(*word);
+    } else if (*word == "--artefact") {
+      options.isArtefact = true;
     } else if (*word != "--entries" && *word != "--seed") {
       throw std::invalid_argument("unknown option " + *word);
     } else if (word + 1 == arguments.end()) {
@@ -430,10 +454,18 @@ Options parse(const std::vector<std::string>& arguments) {
 void generate(const Options& options) {
   std::size_t made = 0;
   Folder root(options.folder, made);
+  std::filesystem::path folder = options.folder;
+  if (options.isArtefact) {
+    root.file("package.json", manifest("bench"));
+    root = root.folder("node_modules");
+    folder /= "node_modules";
+  }
   if (options.kind == "repositories") {
-    writeRepositories(options.folder, options.entries.value_or(1'000'000), options.seed);
+    writeRepositories(folder, options.entries.value_or(1'000'000), options.seed);
   } else if (options.kind == "tiny-artefacts") {
-    writeTinyArtefacts(options.folder, options.entries.value_or(300'000), options.seed);
+    writeTinyArtefacts(folder, options.entries.value_or(300'000), options.seed);
+  } else if (options.kind == "caches") {
+    writeCaches(folder, options.entries.value_or(1'000'000), options.seed);
   } else if (options.kind == "flat") {
     writeFlat(root, options.entries.value_or(500'000), options.seed);
   } else {
@@ -446,8 +478,8 @@ void generate(const Options& options) {
 int main(int argc, char** argv) {
   try {
     const auto options = parse({argv + 1, argv + argc});
-    static constexpr std::array<std::string_view, 4> kinds{"repositories", "tiny-artefacts", "flat",
-                                                           "chain"};
+    static constexpr std::array<std::string_view, 5> kinds{"repositories", "tiny-artefacts",
+                                                           "caches", "flat", "chain"};
     if (std::find(kinds.begin(), kinds.end(), options.kind) == kinds.end()) {
       throw std::invalid_argument("unknown kind " + options.kind);
     }

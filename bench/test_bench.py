@@ -13,6 +13,10 @@ ROOT = Path(__file__).resolve().parent.parent
 BIN = Path(os.environ.get("BROOMTIDE_BIN", ROOT / "build/release/bin"))
 TREE = BIN / "broomtide-bench-tree"
 FLOOR = BIN / "broomtide-bench-floor"
+ENGINE = BIN / "broomtide-bench-engine"
+PEAK = BIN / "broomtide-bench-peak"
+CLI = BIN / "broomtide-cli"
+FIGURES = ROOT / "bench/figures"
 COMPARE = ROOT / "bench/compare"
 
 
@@ -109,6 +113,56 @@ class BenchTest(unittest.TestCase):
         self.assertEqual(result.returncode, 1)
         self.assertIn("is not empty", result.stderr)
         self.assertEqual([entry.name for entry in self.folder.iterdir()], ["mine"])
+
+    def test_caches_lie_in_every_known_location(self):
+        self.generate("caches", "--entries", "1500")
+        scanned = run(CLI, "scan", "--mode", "caches", self.folder)
+        self.assertEqual((scanned.returncode, scanned.stderr), (0, ""))
+        self.assertIn("15 items", scanned.stdout)
+
+    def test_an_artefact_is_one_item_of_a_project(self):
+        self.generate("flat", "--entries", "50", "--artefact")
+        self.assertEqual(len(list((self.folder / "node_modules").iterdir())), 50)
+        scanned = run(CLI, "scan", self.folder)
+        self.assertIn("1 item · ", scanned.stdout)
+
+    def test_peak_tells_the_memory_of_a_program_and_its_failure(self):
+        small, large = (
+            int(run(PEAK, sys.executable, "-c", f"x = b'1' * {size}").stdout)
+            for size in (1, 100_000_000)
+        )
+        self.assertAlmostEqual(large - small, 100_000_000 / 1024, delta=3000)
+        self.assertLess(int(run(PEAK, "true").stdout), 5000)
+        self.assertEqual(run(PEAK, "false").returncode, 1)
+        self.assertIn("no-such-program", run(PEAK, "no-such-program").stderr)
+
+    def test_engine_takes_times_and_cleans_only_into_its_trash(self):
+        for how in "bare", "clean":
+            place = self.folder.with_name(how)
+            self.generate("tiny-artefacts", "--entries", "600", folder=place / "items")
+            trash = place / "trash"
+            trash.mkdir()
+            result = run(ENGINE, how, place / "items", "--trash", trash)
+            self.assertRegex(result.stdout, r"^100 items after \d+\.\d+ s$")
+            self.assertEqual(len(list((trash / "files").iterdir())), 100)
+            self.assertEqual(len(list((trash / "info").iterdir())), 100)
+            self.assertEqual(list((place / "items").rglob("__pycache__")), [])
+        self.generate("tiny-artefacts", "--entries", "600")
+        scanned = run(ENGINE, "scan", self.folder)
+        self.assertRegex(scanned.stdout, r"^100 candidates, first after .* s, end after .* s$")
+        self.assertRegex(run(ENGINE, "git", self.folder).stdout, r"^1 repositories after")
+        cancelled = run(ENGINE, "cancel", self.folder, "--rounds", "4")
+        self.assertRegex(cancelled.stdout, r"^[1-4] of 4 cancelled, the slowest after")
+        self.assertIn("--trash", run(ENGINE, "clean", self.folder).stderr)
+        self.assertEqual(len(list(self.folder.rglob("__pycache__"))), 100)
+
+    def test_figures_fail_when_one_does_not_hold(self):
+        result = run(FIGURES, self.folder, "--only", "empty", "--rounds", "1", "--programs", BIN)
+        self.assertRegex(result.stdout, r"whole process, ms +\d+\.\d+ +10 +(yes|no)")
+        self.assertEqual(result.returncode, 0 if "yes" in result.stdout else 1)
+        result = run(FIGURES, self.folder, "--only", "empty", "--programs", self.folder)
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("not taken", result.stdout)
 
     def test_compare_prints_a_row_for_each_program(self):
         self.generate("flat", "--entries", "20")

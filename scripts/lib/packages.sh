@@ -7,8 +7,9 @@ packages_run=(
 )
 packages_test=(
   at-spi2-core dbus dbus-daemon fonts-dejavu-core gir1.2-atspi-2.0 gvfs gvfs-daemons libglib2.0-bin
-  libgmock-dev libgtest-dev openbox python3-gi trash-cli util-linux xdotool xvfb
+  libbenchmark-dev libgmock-dev libgtest-dev openbox python3-gi trash-cli util-linux xdotool xvfb
 )
+packages_bench=(gdu libbenchmark-dev libglib2.0-bin ncdu trash-cli)
 packages_lint=(clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev)
 
 # missing_packages PACKAGE...: those that are not installed, one a line.
