@@ -114,7 +114,7 @@ TEST_F(Model, UpdatesThatCameTogetherAreShownOneByOne) {
   const std::vector<ScanCandidate> found{candidate("b", 5), candidate("a", 7), candidate("c", 1)};
   const std::vector<ScanUpdate> updates{
       {{1, 0, "b"}, 0}, {{2, 5, "a"}, 1}, {{3, 12, "a"}, 2}, {{4, 13, "c"}, 3}};
-  script.scans.push_back([&](const UpdateFunction& onUpdate, const auto&) {
+  script.scans.push_back([found, updates](const UpdateFunction& onUpdate, const auto&) {
     onUpdate(updates, found, 0);
     return ScanResult{found, {}, {}};
   });
