@@ -18,7 +18,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <iostream>
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <stdexcept>
@@ -178,9 +178,8 @@ void timeBareMoves(const Options& options) {
   printCleaned(items.size(), start);
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+// Reads the command line and does what it says.
+int run(int argc, char** argv) {
   const std::map<std::string, void (*)(const Options&)> tasks{{"scan", timeScan},
                                                               {"git", timeGit},
                                                               {"cancel", timeCancelling},
@@ -195,25 +194,29 @@ int main(int argc, char** argv) {
   application.add_option("TASK", task, "scan, git, cancel, clean or bare")
       ->required()
       ->check(CLI::IsMember(tasks));
-  application.add_option("FOLDER", options.folder, "An absolute path")
-      ->required()
-      ->check(CLI::ExistingDirectory);
+  application.add_option("FOLDER", options.folder)->required()->check(CLI::ExistingDirectory);
   application.add_option("--mode", options.mode)->transform(CLI::CheckedTransformer(modes));
   application.add_option("--threads", options.threads, "Measuring threads")
       ->check(CLI::Range(1, 64));
   application.add_flag("--without-git", options.withoutGit, "As on a machine without Git");
   application.add_option("--rounds", options.rounds, "Scans to cancel")->check(CLI::Range(1, 1000));
-  application.add_option("--trash", options.trash, "An absolute path, for clean and bare");
+  application.add_option("--trash", options.trash, "Where to move items; it is made if need be");
   CLI11_PARSE(application, argc, argv);
+  const bool needsTrash = task == "clean" || task == "bare";
+  if (needsTrash && options.trash.empty()) throw std::runtime_error(task + " needs --trash FOLDER");
+  options.folder = std::filesystem::absolute(options.folder);
+  if (needsTrash) options.trash = std::filesystem::absolute(options.trash);
+  tasks.at(task)(options);
+  return EXIT_SUCCESS;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
   try {
-    const bool needsTrash = task == "clean" || task == "bare";
-    if (needsTrash && !options.trash.starts_with('/')) {
-      throw std::runtime_error("--trash with an absolute path is needed");
-    }
-    tasks.at(task)(options);
-    return EXIT_SUCCESS;
+    return run(argc, argv);
   } catch (const std::exception& error) {
-    std::cerr << "broomtide-bench-engine: " << error.what() << '\n';
+    std::fprintf(stderr, "broomtide-bench-engine: %s\n", error.what());
     return EXIT_FAILURE;
   }
 }

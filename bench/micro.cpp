@@ -34,7 +34,7 @@ void matchName(benchmark::State& state) {
   }};
   const Date now = std::chrono::system_clock::now();
   std::size_t next = 0;
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     const auto& [name, kind] = entries[next++ % entries.size()];
     benchmark::DoNotOptimize(ScanRules::match(name, kind, ScanMode::project, now, now));
   }
@@ -73,14 +73,14 @@ void gitStatus(benchmark::State& state) {
     locations.push_back(snapshot.root + numbered("/services/part", number / 50) + "/dist");
   }
   std::size_t next = 0;
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     benchmark::DoNotOptimize(snapshot.status(locations[next++ % locations.size()], true));
   }
 }
 BENCHMARK(gitStatus);
 
 void readGitsAnswer(benchmark::State& state) {
-  for (auto _ : state) benchmark::DoNotOptimize(largeSnapshot());
+  while (state.KeepRunning()) benchmark::DoNotOptimize(largeSnapshot());
 }
 BENCHMARK(readGitsAnswer)->Unit(benchmark::kMillisecond);
 
@@ -99,7 +99,7 @@ void nearestProject(benchmark::State& state) {
     locations.push_back(project.root + "/packages/site/node_modules");
   }
   std::size_t next = 0;
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     next = (next + 7'919) % locations.size();
     benchmark::DoNotOptimize(lookup.nearestProject(locations[next]));
   }
@@ -129,7 +129,7 @@ class ScannedModel {
 
 void projectSummaries(benchmark::State& state) {
   ScannedModel model;
-  for (auto _ : state) benchmark::DoNotOptimize((*model).projectReclaimSummaries());
+  while (state.KeepRunning()) benchmark::DoNotOptimize((*model).projectReclaimSummaries());
 }
 BENCHMARK(projectSummaries)->Unit(benchmark::kMillisecond);
 
@@ -137,7 +137,7 @@ BENCHMARK(projectSummaries)->Unit(benchmark::kMillisecond);
 void toggle(benchmark::State& state) {
   ScannedModel model;
   const std::string last = (*model).candidates().back().id();
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     (*model).toggleCandidate(last);
     benchmark::DoNotOptimize((*model).totals());
   }

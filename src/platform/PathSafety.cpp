@@ -18,6 +18,7 @@ namespace {
 // The kernel's own answer, for a tenth of the system calls that following each component takes.
 // Nothing when it cannot be had or could mean something else.
 std::optional<std::string> resolvedByKernel(const std::string& path) {
+  if (!path.starts_with('/')) return std::nullopt;
   const FileDescriptor item(::open(path.c_str(), O_PATH | O_CLOEXEC));
   if (!item.isOpen()) return std::nullopt;
   const std::string entry = "/proc/self/fd/" + std::to_string(item.get());

@@ -100,7 +100,7 @@ class CacheScan {
         return;
       }
       measurement = measurements_.measure(std::move(folder), location);
-      measurements_.start();
+      measurements_.start(stop_);
     }
     ahead_.push_back({&target, std::move(location), attributes, std::move(measurement)});
     if (ahead_.size() > mostAhead) reportFirst();

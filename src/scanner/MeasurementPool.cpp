@@ -11,11 +11,7 @@
 namespace broomtide {
 namespace {
 
-constexpr std::size_t mostWaitingFolders = 32;
-
-// Measuring a small folder takes less than handing it to a thread, so several are handed over
-// together.
-constexpr std::size_t foldersPerHandover = 16;
+constexpr std::size_t mostWaitingFolders = 16;
 
 }  // namespace
 
@@ -114,15 +110,13 @@ std::shared_ptr<Measurement> MeasurementPool::measure(FileDescriptor folder, std
   auto measurement = std::make_shared<Measurement>(std::move(path));
   collected_.push_back(
       {.measurement = measurement, .folder = std::move(folder), .relativePath = {}});
-  if (collected_.size() == foldersPerHandover) start();
   return measurement;
 }
 
-void MeasurementPool::start() {
+void MeasurementPool::start(const std::stop_token& stop) {
   if (collected_.empty()) return;
   if (threads_.empty()) startThreads();
   {
-    const std::stop_token stop = stopping_.token();
     std::unique_lock lock(mutex_);
     partTaken_.wait(lock, stop, [this] { return folders_.size() < mostWaitingFolders; });
     std::ranges::move(collected_, std::back_inserter(folders_));

@@ -37,7 +37,7 @@ class ScanReports {
   /// `stop` was asked to stop; blocks while very many reports wait.
   void report(std::int64_t entries, std::int64_t bytes, std::string label);
 
-  /// Adds a candidate, which belongs to the reports that follow.
+  /// Adds a candidate, which belongs to the reports that follow; at least one must.
   void add(ScanCandidate candidate);
 
   /// Says that nothing more will come; `failure`, when there is one, is thrown by next() after the

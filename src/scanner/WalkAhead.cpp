@@ -16,6 +16,7 @@ namespace {
 constexpr std::size_t mostBatches = 16;
 constexpr std::size_t mostSteps = 512;
 constexpr std::size_t mostText = 64 * 1024;
+constexpr std::size_t mostFolders = 8;
 
 using Clock = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds longestDelay{10};
@@ -51,15 +52,14 @@ class WalkAhead::Walker {
   // Waking the reader up costs as much as many steps, so it gets them in large portions.
   bool isTimeToFlush() {
     const std::size_t steps = batch_.steps().size();
-    if (steps >= mostSteps || batch_.textSize() >= mostText) return true;
-    const bool mayHaveBlocked = std::exchange(hasHandedOver_, false);
-    return (mayHaveBlocked || steps % stepsPerClockReading == 0) &&
-           Clock::now() - lastFlush_ > longestDelay;
+    if (steps >= mostSteps || batch_.textSize() >= mostText || folders_ >= mostFolders) return true;
+    return steps % stepsPerClockReading == 0 && Clock::now() - lastFlush_ > longestDelay;
   }
 
-  // Before the reader learns of a folder, its measurement must be under way.
+  // While this waits for the measuring threads, the reader has all folders that came before.
   bool flush() {
-    setup_.measurements.start();
+    setup_.measurements.start(stop_);
+    folders_ = 0;
     lastFlush_ = Clock::now();
     return batches_.push(std::exchange(batch_, {}), stop_);
   }
@@ -172,7 +172,7 @@ class WalkAhead::Walker {
     if (match.error) return true;
     const std::string location = paths::appending(setup_.root, entries_.relativePath());
     match.measurement = setup_.measurements.measure(std::move(folder), location);
-    hasHandedOver_ = true;
+    ++folders_;
     return true;
   }
 
@@ -192,7 +192,7 @@ class WalkAhead::Walker {
   const std::stop_token stop_;
   DirectoryEnumerator entries_;
   WalkBatch batch_;
-  bool hasHandedOver_ = false;  // a folder to the measuring threads, since the last step
+  std::size_t folders_ = 0;  // in the batch that are to be measured
   Clock::time_point lastFlush_ = Clock::now();
   const bool nothingIsInside_ = PathSafety::resolved(setup_.root) == "/";
 };

@@ -19,7 +19,7 @@ class Measuring : public testing::Test {
     MeasurementPool pool(files, threads, {});
     calls.clear();
     const auto measurement = pool.measure(std::move(folder), tree.root());
-    pool.start();
+    pool.start({});
     return measurement->await({}, [this](std::int64_t bytes, std::int64_t entries) {
       calls.emplace_back(bytes, entries);
     });

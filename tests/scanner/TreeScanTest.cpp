@@ -4,8 +4,10 @@
 #include <sys/un.h>
 
 #include <filesystem>
+#include <future>
 
 #include "core/ScannerError.h"
+#include "scanner/DefaultFileScanner.h"
 #include "support/FaultyFileManager.h"
 #include "support/ScanRecorder.h"
 #include "support/TemporaryTree.h"
@@ -48,6 +50,31 @@ TEST(TreeScan, LabelsEverySixtyFourthEntryThatNoRuleAccepts) {
   EXPECT_EQ(recorder.updates, (std::vector<std::string>{
                                   "0 0 Scanning Downloads… (0)", "64 0 f163 (0)", "128 0 f227 (0)",
                                   "192 0 f291 (0)", "200 0 Scan complete (0)"}));
+}
+
+TEST(TreeScan, TellsOfFoldersBeforeAnyIsMeasured) {
+  TemporaryTree tree;
+  tree.run("for i in $(seq 200); do mkdir -p $i/node_modules/inner; echo > $i/package.json; done");
+  std::promise<void> isTold;
+  const std::shared_future<void> told = isTold.get_future().share();
+  FaultyFileManager files;
+  files.onOpen = [&](const std::string& name) {
+    if (name == "inner") {
+      EXPECT_EQ(told.wait_for(20s), std::future_status::ready);
+    }
+    return std::error_code();
+  };
+  DefaultFileScanner scanner(files,
+                             {.measuringThreads = 2, .git = std::nullopt, .gitRunLimit = 10min});
+  bool isFirst = true;
+  scanner.scan(tree.root(), ScanMode::project, {},
+               [&](std::span<const ScanUpdate> updates, const auto&...) {
+                 const bool isFolder =
+                     updates.back().progress.currentPath.starts_with("Calculating");
+                 if (isFolder && std::exchange(isFirst, false)) isTold.set_value();
+               },
+               {});
+  EXPECT_FALSE(isFirst);
 }
 
 TEST(TreeScan, RefusesWhatIsNoReadableFolder) {
