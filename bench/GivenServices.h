@@ -13,6 +13,7 @@
 #include "core/FileScanning.h"
 #include "core/HistoryStoring.h"
 #include "core/TrashManaging.h"
+#include "scanner/ScanReports.h"
 
 /// Services of an app model that touch no file.
 namespace broomtide::bench {
@@ -45,7 +46,8 @@ inline std::vector<ScanCandidate> makeCandidates(std::size_t count) {
   return candidates;
 }
 
-/// Finds so many candidates and tells of them in so many updates.
+/// Finds so many candidates and tells of them in so many updates, as many together as a scan does
+/// at most.
 class GivenScanner final : public FileScanning {
  public:
   GivenScanner(std::size_t count, std::size_t updates) : count_(count), updates_(updates) {}
@@ -55,14 +57,17 @@ class GivenScanner final : public FileScanning {
     ScanResult result;
     result.candidates = makeCandidates(count_);
     std::size_t known = 0;
+    std::vector<ScanUpdate> waiting;
     for (std::size_t update = 1; update <= updates_; ++update) {
       const std::size_t found = count_ * update / updates_;
-      const ScanUpdate told{.progress = {.entriesScanned = static_cast<std::int64_t>(found) * 10,
-                                         .reclaimableBytes = static_cast<std::int64_t>(found),
-                                         .currentPath = result.candidates[found - 1].relativePath},
-                            .candidateCount = found};
-      onUpdate({&told, 1}, std::span(result.candidates).first(found), known);
+      waiting.push_back({.progress = {.entriesScanned = static_cast<std::int64_t>(found) * 10,
+                                      .reclaimableBytes = static_cast<std::int64_t>(found),
+                                      .currentPath = result.candidates[found - 1].relativePath},
+                         .candidateCount = found});
+      if (waiting.size() < ScanReports::mostWaiting && update < updates_) continue;
+      onUpdate(waiting, std::span(result.candidates).first(found), known);
       known = found;
+      waiting.clear();
     }
     return result;
   }

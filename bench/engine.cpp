@@ -9,11 +9,11 @@
 //           can fall below
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -21,6 +21,7 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <span>
 #include <stdexcept>
 #include <stop_token>
 #include <string>
@@ -120,6 +121,7 @@ void timeCancelling(const Options& options) {
     ++cancelled;
     slowest = std::max(slowest, *taken);
   }
+  if (cancelled == 0) throw std::runtime_error("every scan ended before it could be cancelled");
   std::printf("%d of %d cancelled, the slowest after %.4f s\n", cancelled, options.rounds,
               slowest.count());
 }
@@ -160,16 +162,15 @@ void moveBarely(const std::string& path, const std::string& trash, std::size_t n
   const std::string text = trashInfo(path, std::chrono::system_clock::now());
   const int file = ::open(information.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
   if (file < 0) fail(information);
-  const bool isWritten = ::write(file, text.data(), text.size()) == std::ssize(text);
+  if (::write(file, text.data(), text.size()) < 0) fail(information);
   ::close(file);
-  const bool isMoved = ::rename(path.c_str(), (trash + "/files/" + name).c_str()) == 0;
-  if (!isWritten || !isMoved) fail(path);
+  if (::rename(path.c_str(), (trash + "/files/" + name).c_str()) != 0) fail(path);
 }
 
 void timeBareMoves(const Options& options) {
   const std::vector<ScanCandidate> items = scan(options).result.candidates;
-  for (const char* part : {"", "/info", "/files"}) {
-    if (::mkdir((options.trash + part).c_str(), 0700) != 0 && errno != EEXIST) fail(options.trash);
+  for (const char* part : {"/info", "/files"}) {
+    std::filesystem::create_directories(options.trash + part);
   }
   const auto start = Clock::now();
   for (std::size_t number = 0; number < items.size(); ++number) {
@@ -200,7 +201,7 @@ int run(int argc, char** argv) {
       ->check(CLI::Range(1, 64));
   application.add_flag("--without-git", options.withoutGit, "As on a machine without Git");
   application.add_option("--rounds", options.rounds, "Scans to cancel")->check(CLI::Range(1, 1000));
-  application.add_option("--trash", options.trash, "Where to move items; it is made if need be");
+  application.add_option("--trash", options.trash, "Where clean and bare move items");
   CLI11_PARSE(application, argc, argv);
   const bool needsTrash = task == "clean" || task == "bare";
   if (needsTrash && options.trash.empty()) throw std::runtime_error(task + " needs --trash FOLDER");

@@ -6,7 +6,8 @@ import tempfile
 import time
 from pathlib import Path
 
-BIN = Path(__file__).resolve().parent.parent / "build/release/bin"
+ROOT = Path(__file__).resolve().parent.parent
+BIN = Path(os.environ.get("BROOMTIDE_BIN", ROOT / "build/release/bin"))
 
 
 class Failed(Exception):

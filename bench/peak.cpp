@@ -31,7 +31,10 @@ int main(int count, char** words) {
   }
   int status = 0;
   rusage usage{};
-  if (wait4(child, &status, 0, &usage) != child || status != 0) return EXIT_FAILURE;
+  if (wait4(child, &status, 0, &usage) != child || status != 0) {
+    std::fprintf(stderr, "broomtide-bench-peak: %s failed with wait status %d\n", words[1], status);
+    return EXIT_FAILURE;
+  }
   std::printf("%ld\n", usage.ru_maxrss);
   return EXIT_SUCCESS;
 }

@@ -111,7 +111,7 @@ void AppModel::takeUpdates(const std::string& scanIdentifier, std::span<const Sc
     if (!isCurrent(scanIdentifier)) return;  // an observer may have ended it
     progress_ = update.progress;
     change(Field::progress);
-    // Candidates that are replaced hold memory for those that take their place.
+    // Assigned one by one, candidates take over the memory of those that they replace.
     const std::size_t kept = std::min(candidates_.size(), update.candidateCount);
     for (; unchanged < kept; ++unchanged) candidates_[unchanged] = candidates[unchanged];
     candidates_.resize(kept);

@@ -42,7 +42,7 @@ struct ScanUpdate {
 /// Receives the updates of a scan in their order, as many as came up since the call before, and
 /// every candidate found so far, of which the first `unchanged` are those of the call before: all
 /// of them, until the last call carries one update and the candidates sorted. The scanner calls it
-/// from the thread that runs the scan and waits for it to return. Updates and candidates stay valid
+/// from the thread that called scan() and waits for it to return. Updates and candidates stay valid
 /// only during the call.
 using UpdateFunction =
     std::function<void(std::span<const ScanUpdate> updates,

@@ -37,8 +37,8 @@ class MeasurementPool {
   /// one thread. Handing over several together costs that thread less than each on its own.
   std::shared_ptr<Measurement> measure(FileDescriptor folder, std::string path);
 
-  /// Starts what was given to measure(). Blocks while many folders are waiting, so that their
-  /// descriptors stay few, but not once `stop` is asked to stop.
+  /// Starts what was given to measure(), from the same thread. Blocks while many folders are
+  /// waiting, so that their descriptors stay few, but not once `stop` is asked to stop.
   void start(const std::stop_token& stop);
 
  private:

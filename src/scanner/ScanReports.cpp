@@ -11,7 +11,6 @@ namespace broomtide {
 namespace {
 
 constexpr std::chrono::milliseconds longestDelay{5};
-constexpr std::size_t mostWaiting = 4096;
 
 }  // namespace
 

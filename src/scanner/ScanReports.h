@@ -26,6 +26,9 @@ class ScanReports {
     std::vector<ScanCandidate> candidates;
   };
 
+  /// How many reports wait until the scanning thread does.
+  static constexpr std::size_t mostWaiting = 512;
+
   explicit ScanReports(std::stop_token stop) : stop_(std::move(stop)) {}
 
   // For the scanning thread.
@@ -34,7 +37,7 @@ class ScanReports {
   std::int64_t totalBytes() const { return totalBytes_; }
 
   /// Reports progress with the candidates found so far. Throws CancellationError instead once
-  /// `stop` was asked to stop; blocks while very many reports wait.
+  /// `stop` was asked to stop; blocks while too many reports wait.
   void report(std::int64_t entries, std::int64_t bytes, std::string label);
 
   /// Adds a candidate, which belongs to the reports that follow; at least one must.
@@ -46,8 +49,9 @@ class ScanReports {
 
   // For the thread that tells the receiver.
 
-  /// What was reported since the last call, a few milliseconds after that at the latest; nothing
-  /// at the end. Throws CancellationError once `stop` was asked to stop.
+  /// Blocks until there is something, and a few milliseconds longer for what follows: what was
+  /// reported since the last call, at most `mostWaiting` reports; nothing at the end. Throws
+  /// CancellationError once `stop` was asked to stop.
   std::optional<Batch> next();
 
  private:

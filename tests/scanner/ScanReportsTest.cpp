@@ -63,9 +63,10 @@ TEST(ScanReports, StopBothSidesHoweverMuchWaits) {
   std::latch isFull(1);
   std::jthread scanning([&] {
     try {
-      for (std::int64_t number = 0;; ++number) {
-        if (number == 4096) isFull.count_down();  // the next report waits until one was taken
-        reports.report(number, 0, "");
+      for (std::size_t number = 0;; ++number) {
+        if (number == ScanReports::mostWaiting)
+          isFull.count_down();  // the next report waits until one was taken
+        reports.report(0, 0, "");
       }
     } catch (const CancellationError&) {
       isCancelled = true;
