@@ -121,7 +121,10 @@ void DirectoryEnumerator::enter(FileDescriptor folder) {
   bufferFilled_ = bufferPosition_ = 0;
   isReading_ = true;
   if (order_ == Order::byName) {
-    while (readRecord()) addPending();
+    while (readRecord()) {
+      askForType();
+      addPending();
+    }
     sortPending();
   }
 }
@@ -184,13 +187,17 @@ void DirectoryEnumerator::makeCurrent(const char* name, std::size_t length, Entr
   name_ = name;
   nameLength_ = length;
   type_ = type;
-  typeError_.clear();
-  if (type_ == EntryType::unreadable) {
-    FileAttributes attributes;
-    typeError_ = readAttributes(attributes);
-    if (!typeError_) type_ = entryType(attributes);
-  }
+  askForType();
   willEnter_ = type_ == EntryType::folder;
+}
+
+// Asks the current entry itself when its folder did not say.
+void DirectoryEnumerator::askForType() {
+  typeError_.clear();
+  if (type_ != EntryType::unreadable) return;
+  FileAttributes attributes;
+  typeError_ = readAttributes(attributes);
+  if (!typeError_) type_ = entryType(attributes);
 }
 
 // Keeps the current name and type for later.
@@ -258,6 +265,10 @@ std::error_code DirectoryEnumerator::openIn(const Level& level, const char* name
 
 void DirectoryEnumerator::report(std::string_view relativePath, std::error_code error) {
   onError_(relativePath, error);
+}
+
+bool DirectoryEnumerator::isFirstInFolder() const {
+  return levels_.back().nextPending == levels_.back().pendingStart + 1;
 }
 
 std::string_view DirectoryEnumerator::relativePath() {

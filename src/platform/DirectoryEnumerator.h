@@ -62,6 +62,20 @@ class DirectoryEnumerator {
   std::string_view relativePath();
   std::error_code typeError() const { return typeError_; }  ///< why the type is `unreadable`
 
+  /// Whether the current entry is the first one of its folder. Only in the order `byName`.
+  bool isFirstInFolder() const;
+
+  /// Calls `visit` with the name and the type of each entry of the current entry's folder, in
+  /// order. Only in the order `byName`.
+  template <typename Visit>
+  void forEachInFolder(Visit visit) const {
+    const Level& level = levels_.back();
+    for (std::size_t index = level.pendingStart; index < level.pendingEnd; ++index) {
+      const PendingEntry& entry = pending_[index];
+      visit(std::string_view(nameOf(entry), entry.length), entry.type);
+    }
+  }
+
   /// Keeps the enumeration from entering the current entry.
   void skipDescendants() { willEnter_ = false; }
 
@@ -87,7 +101,7 @@ class DirectoryEnumerator {
     std::uint64_t prefix;  // the first bytes of the name, which decide most comparisons
     std::uint32_t offset;
     std::uint16_t length;
-    EntryType type;  // `unreadable` stands for "not said by the folder"
+    EntryType type;
   };
 
   // A folder on the way from the top to the current entry.
@@ -108,6 +122,7 @@ class DirectoryEnumerator {
   void leave();
   bool readRecord();
   void makeCurrent(const char* name, std::size_t length, EntryType type);
+  void askForType();
   void addPending();
   void sortPending();
   void checkForStop() const;

@@ -107,6 +107,15 @@ class FileManager {
   virtual std::error_code tryLock(int folder) = 0;
 };
 
+/// Opens the folder at `path`, which leads there from an open folder, with no link on the way and
+/// however long it is.
+std::error_code openFolderBelow(FileManager& fileManager, int folder, std::string_view path,
+                                FileDescriptor& opened);
+
+/// Reads the attributes of the item at such a path; those of the link itself when it is one.
+std::error_code readAttributesBelow(FileManager& fileManager, int folder, std::string_view path,
+                                    FileAttributes& attributes);
+
 /// The real file system.
 FileManager& systemFileManager();
 

@@ -150,14 +150,6 @@ class SystemFileManager final : public FileManager {
 
 const int workingDirectory = AT_FDCWD;
 
-bool FileAttributes::isFolder() const { return typeBits == S_IFDIR; }
-bool FileAttributes::isRegularFile() const { return typeBits == S_IFREG; }
-bool FileAttributes::isLink() const { return typeBits == S_IFLNK; }
-
-bool isNoFolderAnyMore(std::error_code error) {
-  return error == std::errc::not_a_directory || error == std::errc::too_many_symbolic_link_levels;
-}
-
 FileManager& systemFileManager() {
   static SystemFileManager manager;
   return manager;
