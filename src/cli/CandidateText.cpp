@@ -60,20 +60,20 @@ std::string factLine(const ScanCandidate& candidate, std::size_t pathColumns, co
          '\n';
 }
 
-std::string section(Rows rows, const Style& style, Detail detail) {
+void writeSection(std::ostream& out, Rows rows, const Style& style, Detail detail) {
   const SafetyLevel safety = rows.front()->safety;
-  std::string text = style(roleOf(safety), title(safety)) + " · " + counted(rows.size(), "item") +
-                     " · " + formatByteCount(sum(rows)) + '\n';
+  out << style(roleOf(safety), title(safety)) << " · " << counted(rows.size(), "item") << " · "
+      << formatByteCount(sum(rows)) << '\n';
   std::size_t pathColumns = 0;
   for (const ScanCandidate* candidate : rows) {
     pathColumns = std::max(pathColumns, columns(visible(candidate->relativePath)));
   }
   pathColumns = std::min(pathColumns, mostPathColumns);
   for (const ScanCandidate* candidate : rows) {
-    text += factLine(*candidate, pathColumns, style);
-    if (detail == Detail::reasons) text += reasonLines(*candidate, style);
+    out << factLine(*candidate, pathColumns, style);
+    if (detail == Detail::reasons) out << reasonLines(*candidate, style);
   }
-  return text + '\n';
+  out << '\n';
 }
 
 }  // namespace
@@ -84,7 +84,7 @@ void writeCandidates(std::ostream& out, const CandidateRows& rows, const Style& 
     const auto end = std::find_if(start, rows.end(), [start](const ScanCandidate* candidate) {
       return candidate->safety != (*start)->safety;
     });
-    out << section({start, end}, style, detail);
+    writeSection(out, {start, end}, style, detail);
     start = end;
   }
 }

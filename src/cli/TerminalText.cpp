@@ -3,6 +3,7 @@
 #include <unicode/uchar.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <vector>
@@ -12,9 +13,11 @@
 namespace broomtide::cli {
 namespace {
 
+bool isPlain(char byte) { return byte >= ' ' && byte <= '~'; }
+
 // As terminals lay characters out.
 std::size_t columnsOf(char32_t codePoint) {
-  if (codePoint >= ' ' && codePoint <= '~') return 1;
+  if (codePoint < 0x80 && isPlain(static_cast<char>(codePoint))) return 1;
   const auto character = static_cast<UChar32>(codePoint);
   const int type = u_charType(character);
   if (type == U_NON_SPACING_MARK || type == U_ENCLOSING_MARK) return 0;
@@ -25,7 +28,9 @@ std::size_t columnsOf(char32_t codePoint) {
 }  // namespace
 
 std::size_t columns(std::string_view text) {
-  std::size_t count = 0;
+  const auto special = std::ranges::find_if_not(text, isPlain);
+  std::size_t count = static_cast<std::size_t>(special - text.begin());
+  text.remove_prefix(count);
   while (!text.empty()) {
     const utf8::Sequence sequence = utf8::decode(text);
     count += columnsOf(sequence.codePoint);
