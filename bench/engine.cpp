@@ -32,7 +32,6 @@
 #include "cleanup/DefaultTrashManager.h"
 #include "cleanup/JSONHistoryStore.h"
 #include "context/GitInspector.h"
-#include "context/ProjectDetector.h"
 #include "core/Paths.h"
 #include "core/ScannerError.h"
 #include "core/Uuid.h"
@@ -84,11 +83,18 @@ void timeScan(const Options& options) {
               timed.result.candidates.size(), timed.toFirstCandidate.count(), timed.toEnd.count());
 }
 
+std::vector<std::string> repositoriesBelow(const std::string& folder) {
+  std::vector<std::string> roots;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+    if (entry.path().filename() == ".git") roots.push_back(entry.path().parent_path());
+  }
+  return roots;
+}
+
 void timeGit(const Options& options) {
-  const ProjectDiscovery discovery =
-      ProjectDetector::discover(options.folder, systemFileManager(), {}, [](const auto&) {});
+  const std::vector<std::string> repositories = repositoriesBelow(options.folder);
   const auto start = Clock::now();
-  const auto snapshots = GitInspector::inspect(discovery.gitRoots, {});
+  const auto snapshots = GitInspector::inspect(repositories, {});
   std::printf("%zu repositories after %.4f s\n", snapshots.size(),
               Seconds(Clock::now() - start).count());
 }

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <map>
-#include <set>
 #include <system_error>
 #include <utility>
 
@@ -70,11 +68,9 @@ bool isXcodeBundle(std::string_view name) {
   return name.ends_with(".xcodeproj") || name.ends_with(".xcworkspace");
 }
 
-// A project under construction.
-struct Draft {
-  std::set<ProjectKind> kinds;
-  std::set<std::string> manifests;
-};
+bool isInside(std::string_view path, std::string_view folder) {
+  return folder.empty() || path == folder || paths::isBelow(path, folder);
+}
 
 // The paths with the longest first, in characters; equal ones keep their order.
 void sortDeepestFirst(std::vector<std::string>& paths) {
@@ -90,115 +86,84 @@ void sortDeepestFirst(std::vector<std::string>& paths) {
                          [](auto& item) { return std::move(item.second); });
 }
 
-// One pass over a tree.
-class Discoverer {
- public:
-  Discoverer(std::string root, FileManager& fileManager,
-             const ProjectDetector::RepositoryFunction& onRepository, std::stop_token stop)
-      : root_(std::move(root)),
-        onRepository_(onRepository),
-        entries_(
-            fileManager, DirectoryEnumerator::Order::foldersAfter,
-            [this](std::string_view relativePath, std::error_code error) {
-              addIssue(relativePath, error);
-            },
-            stop),
-        stop_(std::move(stop)) {}
-
-  ProjectDiscovery discover(FileDescriptor top) {
-    entries_.begin(std::move(top));
-    while (entries_.next()) {
-      if (stop_.stop_requested()) throw CancellationError();
-      ++discovery_.entriesInspected;
-      visit();
-    }
-    finish();
-    return std::move(discovery_);
-  }
-
- private:
-  // A folder that only a lack of resources keeps closed may hold a repository that the walk, a
-  // moment later, would not know of; so that ends the scan.
-  void addIssue(std::string_view relativePath, std::error_code error) {
-    if (error == std::errc::too_many_files_open ||
-        error == std::errc::too_many_files_open_in_system ||
-        error == std::errc::not_enough_memory) {
-      throw std::system_error(error);
-    }
-    const std::string path = relativePath.empty() ? root_ : paths::appending(root_, relativePath);
-    discovery_.issues.push_back(ScanIssue::about(path, error.message()));
-  }
-
-  void visit() {
-    const std::string_view name = entries_.name();
-    const EntryType type = entries_.type();
-    if (type != EntryType::file && type != EntryType::folder) return;
-    if (name == ".git") {
-      entries_.skipDescendants();
-      discovery_.gitRoots.push_back(folder());
-      onRepository_(discovery_.gitRoots.back());
-    } else if (type == EntryType::folder) {
-      visitFolder(name);
-    } else if (const auto kind = ProjectDetector::manifestKind(name)) {
-      addManifest(*kind, name);
-    }
-  }
-
-  void visitFolder(std::string_view name) {
-    if (ScanRules::isSensitiveDirectory(name) || ScanRules::isKnownArtifactDirectory(name)) {
-      entries_.skipDescendants();
-    } else if (isXcodeBundle(name)) {
-      entries_.skipDescendants();
-      addManifest(swift, name);
-    }
-  }
-
-  void addManifest(ProjectKind kind, std::string_view name) {
-    Draft& draft = drafts_[folder()];
-    draft.kinds.insert(kind);
-    draft.manifests.emplace(name);
-  }
-
-  std::string folder() const {
-    const std::string_view path = entries_.folderPath();
-    return path.empty() ? root_ : paths::appending(root_, path);
-  }
-
-  void finish() {
-    sortDeepestFirst(discovery_.gitRoots);
-    const ProjectLookup repositories(discovery_);
-
-    // The map holds the roots in byte order, which the stable sort keeps.
-    std::vector<std::string> roots;
-    roots.reserve(drafts_.size());
-    for (const auto& [root, draft] : drafts_) roots.push_back(root);
-    sortDeepestFirst(roots);
-    for (std::string& root : roots) {
-      Draft& draft = drafts_.at(root);
-      const std::string* gitRoot = repositories.nearestGitRoot(root);
-      discovery_.projects.push_back({.root = std::move(root),
-                                     .kinds = std::move(draft.kinds),
-                                     .manifests = {draft.manifests.begin(), draft.manifests.end()},
-                                     .gitRoot = gitRoot ? std::optional(*gitRoot) : std::nullopt});
-    }
-  }
-
-  const std::string root_;
-  const ProjectDetector::RepositoryFunction& onRepository_;
-  DirectoryEnumerator entries_;
-  const std::stop_token stop_;
-  std::map<std::string, Draft> drafts_;
-  ProjectDiscovery discovery_;
-};
-
 }  // namespace
 
-ProjectDiscovery ProjectDetector::discover(const std::string& root, FileManager& fileManager,
-                                           std::stop_token stop,
-                                           const RepositoryFunction& onRepository) {
-  FileDescriptor top;
-  if (fileManager.openFolder(workingDirectory, root.c_str(), LinkPolicy::follow, top)) return {};
-  return Discoverer(root, fileManager, onRepository, std::move(stop)).discover(std::move(top));
+ProjectDetector::ProjectDetector(std::string root, RepositoryFunction onRepository)
+    : root_(std::move(root)), onRepository_(std::move(onRepository)) {}
+
+void ProjectDetector::enterFolder(std::string_view path) {
+  folder_ = path;
+  const bool wasInBundle = std::exchange(isInBundle_, isInBundle(path));
+  if (isInBundle_ && !wasInBundle) bundle_ = path;
+}
+
+// Below the bundle that was entered last, or a bundle itself.
+bool ProjectDetector::isInBundle(std::string_view path) const {
+  return (!bundle_.empty() && isInside(path, bundle_)) || isXcodeBundle(path);
+}
+
+void ProjectDetector::addEntry(std::string_view name, EntryType type) {
+  if (isInBundle_) return;
+  ++discovery_.entriesInspected;
+  if (type != EntryType::file && type != EntryType::folder) return;
+  if (name == ".git") {
+    discovery_.gitRoots.push_back(location(folder_));
+    onRepository_(discovery_.gitRoots.back());
+  } else if (type == EntryType::folder) {
+    if (isXcodeBundle(name)) addManifest(swift, name);
+  } else if (const auto kind = manifestKind(name)) {
+    addManifest(*kind, name);
+  }
+}
+
+// A folder that only a lack of resources keeps closed may hold a repository, without which its
+// tracked files would be taken for unknown ones; so that ends the walk.
+void ProjectDetector::addIssue(std::string_view path, std::error_code error) {
+  if (error == std::errc::too_many_files_open ||
+      error == std::errc::too_many_files_open_in_system || error == std::errc::not_enough_memory) {
+    throw std::system_error(error);
+  }
+  if (isInBundle(path)) return;
+  discovery_.issues.push_back(ScanIssue::about(location(path), error.message()));
+}
+
+void ProjectDetector::addManifest(ProjectKind kind, std::string_view name) {
+  const std::string root = location(folder_);
+  ProjectContext& project = projects_[root];
+  if (project.root.empty()) {
+    project.root = root;
+    nearestProject(folder_);  // forgets those that do not enclose this one
+    enclosing_.push_back({.path = folder_, .project = &project});
+  }
+  project.kinds.insert(kind);
+  project.manifests.emplace_back(name);
+}
+
+const ProjectContext* ProjectDetector::nearestProject(std::string_view path) {
+  while (!enclosing_.empty() && !isInside(path, enclosing_.back().path)) enclosing_.pop_back();
+  return enclosing_.empty() ? nullptr : enclosing_.back().project;
+}
+
+ProjectDiscovery ProjectDetector::finish() {
+  sortDeepestFirst(discovery_.gitRoots);
+  const ProjectLookup repositories(discovery_);
+
+  // The map holds the roots in byte order, which the stable sort keeps.
+  std::vector<std::string> roots;
+  roots.reserve(projects_.size());
+  for (const auto& [root, project] : projects_) roots.push_back(root);
+  sortDeepestFirst(roots);
+  for (const std::string& root : roots) {
+    ProjectContext& project = projects_.at(root);
+    std::ranges::sort(project.manifests);
+    if (const std::string* gitRoot = repositories.nearestGitRoot(root)) project.gitRoot = *gitRoot;
+    discovery_.projects.push_back(std::move(project));
+  }
+  return std::move(discovery_);
+}
+
+std::string ProjectDetector::location(std::string_view path) const {
+  return path.empty() ? root_ : paths::appending(root_, path);
 }
 
 std::optional<ProjectKind> ProjectDetector::manifestKind(std::string_view name) {

@@ -2,16 +2,17 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
-#include <stop_token>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "context/EnclosingFolders.h"
 #include "core/ProjectContext.h"
 #include "core/ScanCandidate.h"
-#include "platform/FileManager.h"
+#include "platform/DirectoryEnumerator.h"
 
 namespace broomtide {
 
@@ -23,22 +24,59 @@ struct ProjectDiscovery {
   std::vector<ScanIssue> issues;
 };
 
-namespace ProjectDetector {
+/// Finds projects by their manifests and repositories by their ".git" entries, in what a walk
+/// through a tree tells of it. Nothing is looked for inside Xcode bundles. One object for one walk,
+/// used by one thread.
+class ProjectDetector {
+ public:
+  /// Called with each repository root as soon as it is found.
+  using RepositoryFunction = std::function<void(const std::string& root)>;
 
-/// Called with each repository root as soon as it is found.
-using RepositoryFunction = std::function<void(const std::string& root)>;
+  /// `root` is the folder that is walked, a standardised absolute path.
+  ProjectDetector(std::string root, RepositoryFunction onRepository);
 
-/// Finds every project by its manifests and every repository by its ".git" entry in one pass below
-/// `root`, a standardised absolute path; nothing is looked for inside artefacts. Throws
-/// CancellationError after `stop` was asked to stop, and std::system_error when open files or
-/// memory run out. A root that cannot be opened gives an empty discovery.
-ProjectDiscovery discover(const std::string& root, FileManager& fileManager, std::stop_token stop,
-                          const RepositoryFunction& onRepository);
+  /// Begins the entries of a folder, given by its path below the root. A folder comes after the
+  /// one that holds it, and before anything else when it lies in the one that came last.
+  void enterFolder(std::string_view path);
 
-/// The ecosystem that a regular file of this name marks its folder as belonging to.
-std::optional<ProjectKind> manifestKind(std::string_view name);
+  /// Tells of an entry of the folder that was entered last. All entries of a folder are told of
+  /// before the next one is entered.
+  void addEntry(std::string_view name, EntryType type);
 
-}  // namespace ProjectDetector
+  /// Records a problem with a folder, given by its path below the root. Throws std::system_error
+  /// when open files or memory have run out, because a repository may be hidden in that folder.
+  void addIssue(std::string_view path, std::error_code error);
+
+  /// The deepest project around what lies in a folder that was entered; null when there is none.
+  /// For the folder that was entered last and those above it.
+  const ProjectContext* nearestProject(std::string_view path);
+
+  /// Everything that was found. To be called once, after the last entry.
+  ProjectDiscovery finish();
+
+  /// The ecosystem that a regular file of this name marks its folder as belonging to.
+  static std::optional<ProjectKind> manifestKind(std::string_view name);
+
+ private:
+  // A project on the way to the folder that was entered last.
+  struct Enclosing {
+    std::string path;  // below the root
+    const ProjectContext* project;
+  };
+
+  bool isInBundle(std::string_view path) const;
+  void addManifest(ProjectKind kind, std::string_view name);
+  std::string location(std::string_view path) const;
+
+  const std::string root_;
+  const RepositoryFunction onRepository_;
+  ProjectDiscovery discovery_;
+  std::map<std::string, ProjectContext> projects_;  // by root; manifests as they come
+  std::vector<Enclosing> enclosing_;
+  std::string folder_;  // entered last
+  std::string bundle_;  // the last one entered
+  bool isInBundle_ = false;
+};
 
 /// Looks up the surroundings of a location in a discovery, which must outlive it unchanged.
 class ProjectLookup {

@@ -1,7 +1,6 @@
 #include "scanner/CacheScan.h"
 
 #include <algorithm>
-#include <deque>
 #include <iterator>
 #include <memory>
 #include <optional>
@@ -20,15 +19,11 @@
 namespace broomtide {
 namespace {
 
-// How many folders are opened and measured ahead of the one that is reported.
-constexpr std::size_t mostAhead = 16;
-
 // A folder that may become a candidate.
 struct CacheItem {
   const CacheTarget* target;
   std::string location;
-  FileAttributes attributes;
-  std::shared_ptr<Measurement> measurement;  // null when the folder cannot be opened
+  std::shared_ptr<Measurement> measurement;
 };
 
 class CacheScan {
@@ -39,19 +34,28 @@ class CacheScan {
         fileManager_(fileManager),
         stop_(stop),
         reports_(reports),
-        measurements_(fileManager, settings.measuringThreads, stop) {}
+        resolvedRoot_(PathSafety::resolved(root)),
+        measurements_(fileManager, openRoot(), settings.measuringThreads, stop) {}
 
   ScanOutcome run() {
     for (const CacheTarget& target : CacheRules::targets) {
       checkForCancellation();
       visit(target);
     }
-    while (!ahead_.empty()) reportFirst();
+    measurements_.finish();
+    for (const CacheItem& item : items_) report(item);
     return {
         .entries = 0, .bytes = reports_.totalBytes(), .issues = std::move(issues_), .projects = {}};
   }
 
  private:
+  // Nothing can be opened below a root that cannot.
+  FileDescriptor openRoot() const {
+    FileDescriptor root;
+    fileManager_.openFolder(workingDirectory, resolvedRoot_.c_str(), LinkPolicy::refuse, root);
+    return root;
+  }
+
   void visit(const CacheTarget& target) {
     const std::string location = paths::appending(root_, target.relativePath);
     FileAttributes attributes;
@@ -63,64 +67,52 @@ class CacheScan {
     // Opened by its resolved path and without links, so that a link put in its way after it was
     // found to lie inside leads nowhere.
     const std::string resolved = PathSafety::resolved(location);
-    if (!paths::isBelow(resolved, PathSafety::resolved(root_))) return;
-    FileDescriptor folder;
-    const bool isOpen =
-        !fileManager_.openFolder(workingDirectory, resolved.c_str(), LinkPolicy::refuse, folder);
-    if (!target.expandsChildren) {
-      visitItem(target, location, std::move(folder), attributes);
-    } else if (isOpen) {
-      visitChildren(target, location, std::move(folder));
+    if (!paths::isBelow(resolved, resolvedRoot_)) return;
+    if (target.expandsChildren) {
+      visitChildren(target, location, resolved);
+    } else {
+      visitItem(target, location, resolved);
     }
   }
 
   void visitChildren(const CacheTarget& target, const std::string& location,
-                     FileDescriptor folder) {
+                     const std::string& resolved) {
+    FileDescriptor folder;
+    if (fileManager_.openFolder(workingDirectory, resolved.c_str(), LinkPolicy::refuse, folder)) {
+      return;
+    }
     DirectoryEnumerator children(fileManager_, DirectoryEnumerator::Order::byName,
                                  [](std::string_view, std::error_code) {});
     children.begin(std::move(folder));
     while (children.next()) {
       children.skipDescendants();
       if (children.type() != EntryType::folder || children.name().starts_with('.')) continue;
-      FileDescriptor child;
-      FileAttributes attributes;
-      children.open(child);
-      if (children.readAttributes(attributes) || !attributes.isFolder()) continue;
-      visitItem(target, paths::appending(location, children.name()), std::move(child), attributes);
+      visitItem(target, paths::appending(location, children.name()),
+                paths::appending(resolved, children.name()));
     }
   }
 
-  void visitItem(const CacheTarget& target, std::string location, FileDescriptor folder,
-                 FileAttributes attributes) {
+  void visitItem(const CacheTarget& target, const std::string& location,
+                 const std::string& resolved) {
     checkForCancellation();
-    std::shared_ptr<Measurement> measurement;
-    if (folder.isOpen()) {
-      // What is measured is what was opened, which may have changed since it was found.
-      if (fileManager_.readAttributes(folder.get(), "", LinkPolicy::doNotFollow, attributes)) {
-        return;
-      }
-      measurement = measurements_.measure(std::move(folder), location);
-      measurements_.start(stop_);
-    }
-    ahead_.push_back({&target, std::move(location), attributes, std::move(measurement)});
-    if (ahead_.size() > mostAhead) reportFirst();
+    std::string path = resolved.substr(resolvedRoot_.size() + 1);
+    items_.push_back({&target, location, measurements_.measure(std::move(path), location)});
   }
 
-  void reportFirst() {
-    const CacheItem item = std::move(ahead_.front());
-    ahead_.pop_front();
+  void report(const CacheItem& item) {
     if (std::exchange(reportedTarget_, item.target) != item.target) entries_ = 0;
+    const Measurement::Folder folder = item.measurement->awaitFolder(stop_);
+    if (folder.error || !folder.attributes.isFolder()) return;
 
     const CacheTarget& target = *item.target;
     const std::string path = paths::relativePath(item.location, root_);
     const std::string label = "Calculating " + path + "…";
     reports_.report(entries_, reports_.totalBytes(), label);
-    Measurement::Result result;
-    if (item.measurement) {
-      result = item.measurement->await(stop_, [&](std::int64_t bytes, std::int64_t entries) {
-        reports_.report(entries_ + entries, reports_.totalBytes() + bytes, label);
-      });
-    }
+    if (!folder.isOpen) return;
+    Measurement::Result result =
+        item.measurement->await(stop_, [&](std::int64_t bytes, std::int64_t entries) {
+          reports_.report(entries_ + entries, reports_.totalBytes() + bytes, label);
+        });
     entries_ += result.entries;
     std::ranges::move(result.issues, std::back_inserter(issues_));
     if (result.bytes < 1) return;
@@ -130,11 +122,11 @@ class CacheScan {
         .relativePath = path,
         .kind = CandidateKind::directory,
         .size = result.bytes,
-        .modificationDate = item.attributes.modificationDate,
+        .modificationDate = folder.attributes.modificationDate,
         .category = std::string(target.category),
         .safety = target.safety,
         .explanation = std::string(target.explanation),
-        .fileIdentity = FileIdentity::token(item.attributes),
+        .fileIdentity = FileIdentity::token(folder.attributes),
         .isSelected = target.safety == SafetyLevel::safe,
         .projectRoot = std::nullopt,
         .gitRoot = std::nullopt,
@@ -159,9 +151,10 @@ class CacheScan {
   const std::stop_token& stop_;
   ScanReports& reports_;
   std::vector<ScanIssue> issues_;
-  std::deque<CacheItem> ahead_;
+  std::vector<CacheItem> items_;
   const CacheTarget* reportedTarget_ = nullptr;
   std::int64_t entries_ = 0;  // examined below the target that is reported
+  const std::string resolvedRoot_;
   MeasurementPool measurements_;
 };
 

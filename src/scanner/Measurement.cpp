@@ -21,6 +21,14 @@ bool comesFirst(std::string_view left, std::string_view right) {
 
 }  // namespace
 
+Measurement::Folder Measurement::awaitFolder(const std::stop_token& stop) {
+  std::unique_lock lock(mutex_);
+  changed_.wait(lock, stop, [this] { return folder_ || failure_; });
+  if (stop.stop_requested()) throw CancellationError();
+  if (!folder_) std::rethrow_exception(failure_);
+  return *folder_;
+}
+
 Measurement::Result Measurement::await(const std::stop_token& stop,
                                        const ProgressFunction& onProgress) {
   std::int64_t reported = 0;
@@ -28,8 +36,8 @@ Measurement::Result Measurement::await(const std::stop_token& stop,
   while (!hasEnded) {
     std::unique_lock lock(mutex_);
     // Being woken up for every interval would cost the threads that measure much of their time.
-    hasEnded = ended_.wait_for(lock, stop, longestSilence,
-                               [this] { return partsUnderWay_ == 0 || failure_; });
+    hasEnded = changed_.wait_for(lock, stop, longestSilence,
+                                 [this] { return partsUnderWay_ == 0 || failure_; });
     if (stop.stop_requested()) throw CancellationError();
     if (failure_) std::rethrow_exception(failure_);
     const std::vector<std::int64_t> passed = std::exchange(bytesAtIntervals_, {});
@@ -40,6 +48,12 @@ Measurement::Result Measurement::await(const std::stop_token& stop,
   return {.bytes = bytes_, .entries = entries_, .issues = issuesInOrder()};
 }
 
+void Measurement::setFolder(const Folder& folder) {
+  const std::scoped_lock lock(mutex_);
+  folder_ = folder;
+  changed_.notify_all();
+}
+
 void Measurement::beginPart() {
   const std::scoped_lock lock(mutex_);
   ++partsUnderWay_;
@@ -48,13 +62,13 @@ void Measurement::beginPart() {
 void Measurement::endPart() {
   const std::scoped_lock lock(mutex_);
   --partsUnderWay_;
-  if (partsUnderWay_ == 0) ended_.notify_all();
+  if (partsUnderWay_ == 0) changed_.notify_all();
 }
 
 void Measurement::fail(std::exception_ptr failure) {
   const std::scoped_lock lock(mutex_);
   failure_ = std::move(failure);
-  ended_.notify_all();
+  changed_.notify_all();
 }
 
 void Measurement::add(std::int64_t bytes, std::int64_t entries) {

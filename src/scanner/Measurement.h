@@ -7,19 +7,28 @@
 #include <exception>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <stop_token>
 #include <string>
 #include <system_error>
 #include <vector>
 
 #include "core/ScanCandidate.h"
+#include "platform/FileManager.h"
 
 namespace broomtide {
 
-/// The size of one folder while several threads add it up. Links are not followed and add nothing;
-/// hard-linked files count once for each name.
+/// What one folder is and how large, while several threads find it out. Links are not followed and
+/// add nothing; hard-linked files count once for each name.
 class Measurement {
  public:
+  /// The folder itself, before anything in it was read.
+  struct Folder {
+    bool isOpen = false;        ///< whether its entries can be read at all
+    std::error_code error;      ///< set when it cannot be examined any more
+    FileAttributes attributes;  ///< those of no folder when it has turned into something else
+  };
+
   struct Result {
     std::int64_t bytes = 0;    ///< allocated bytes of the regular files
     std::int64_t entries = 0;  ///< everything below the folder, each entry once
@@ -35,7 +44,9 @@ class Measurement {
   /// `path` is the folder's absolute path, for issues.
   explicit Measurement(std::string path) : path_(std::move(path)) {}
 
-  const std::string& path() const { return path_; }
+  /// Waits until the folder has been opened, and returns what was found there. Throws as await()
+  /// does.
+  Folder awaitFolder(const std::stop_token& stop);
 
   /// Waits for the end and returns the result. Progress is called on the waiting thread, once for
   /// every full interval of entries and once at the end, also for what was counted before the wait
@@ -46,8 +57,9 @@ class Measurement {
   void abandon() { isAbandoned_.store(true, std::memory_order_relaxed); }
   bool isAbandoned() const { return isAbandoned_.load(std::memory_order_relaxed); }
 
-  /// For the threads that measure. A measurement begins with one part under way, and has ended when
-  /// every part has.
+  /// For the threads that measure. A measurement begins with one part under way, which tells of the
+  /// folder first, and has ended when every part has.
+  void setFolder(const Folder& folder);
   void beginPart();
   void endPart();
   /// Makes the whole measurement fail with the exception, whatever other parts are under way.
@@ -69,7 +81,8 @@ class Measurement {
   std::atomic<bool> isAbandoned_ = false;
 
   std::mutex mutex_;
-  std::condition_variable_any ended_;
+  std::condition_variable_any changed_;  // the folder was opened, or the end has come
+  std::optional<Folder> folder_;
   int partsUnderWay_ = 1;
   std::exception_ptr failure_;
   std::int64_t bytes_ = 0;

@@ -9,11 +9,6 @@
 #include "platform/DirectoryEnumerator.h"
 
 namespace broomtide {
-namespace {
-
-constexpr std::size_t mostWaitingFolders = 16;
-
-}  // namespace
 
 // What one thread does.
 class MeasurementPool::Worker {
@@ -40,6 +35,35 @@ class MeasurementPool::Worker {
  private:
   // False when it was interrupted; the measurement then never ends.
   bool measure() {
+    if (!part_.folder.isOpen()) openWhole();
+    if (part_.folder.isOpen() && !addEntries()) return false;
+    part_.measurement->endPart();
+    part_.measurement.reset();
+    return true;
+  }
+
+  // Identifies what is opened, so that what is measured is what was identified.
+  void openWhole() {
+    const std::string path = std::exchange(part_.path, {});
+    if (part_.measurement->isAbandoned()) return;
+    Measurement::Folder folder;
+    folder.error = openFolderBelow(pool_.fileManager_, pool_.top_.get(), path, part_.folder);
+    if (!folder.error) {
+      folder.error = pool_.fileManager_.readAttributes(part_.folder.get(), "",
+                                                       LinkPolicy::doNotFollow, folder.attributes);
+      if (folder.error) part_.folder.reset();
+    } else if (isNoFolderAnyMore(folder.error)) {
+      folder.error.clear();
+    } else {
+      folder.error =
+          readAttributesBelow(pool_.fileManager_, pool_.top_.get(), path, folder.attributes);
+    }
+    folder.isOpen = part_.folder.isOpen();
+    part_.measurement->setFolder(folder);
+  }
+
+  // False when it was interrupted.
+  bool addEntries() {
     bytesToAdd_ = entriesToAdd_ = 0;
     entries_.begin(std::move(part_.folder));
     while (entries_.next()) {
@@ -55,8 +79,6 @@ class MeasurementPool::Worker {
       if (pool_.isHungry()) giveSubtree();
     }
     addToMeasurement();
-    part_.measurement->endPart();
-    part_.measurement.reset();
     return true;
   }
 
@@ -83,13 +105,13 @@ class MeasurementPool::Worker {
     part_.measurement->beginPart();
     pool_.give({.measurement = part_.measurement,
                 .folder = std::move(subtree->folder),
-                .relativePath = pathInMeasurement(subtree->relativePath)});
+                .path = pathInMeasurement(subtree->relativePath)});
   }
 
   std::string pathInMeasurement(std::string_view path) const {
-    if (part_.relativePath.empty()) return std::string(path);
-    if (path.empty()) return part_.relativePath;
-    return paths::appending(part_.relativePath, path);
+    if (part_.path.empty()) return std::string(path);
+    if (path.empty()) return part_.path;
+    return paths::appending(part_.path, path);
   }
 
   MeasurementPool& pool_;
@@ -100,35 +122,41 @@ class MeasurementPool::Worker {
   std::int64_t entriesToAdd_ = 0;
 };
 
-MeasurementPool::MeasurementPool(FileManager& fileManager, std::size_t threads,
+MeasurementPool::MeasurementPool(FileManager& fileManager, FileDescriptor top, std::size_t threads,
                                  std::stop_token stop)
-    : fileManager_(fileManager), threadCount_(threads), stopping_(std::move(stop)) {}
+    : fileManager_(fileManager),
+      top_(std::move(top)),
+      threadCount_(threads),
+      stopping_(std::move(stop)) {}
 
 MeasurementPool::~MeasurementPool() { stopping_.requestStop(); }
 
-std::shared_ptr<Measurement> MeasurementPool::measure(FileDescriptor folder, std::string path) {
-  auto measurement = std::make_shared<Measurement>(std::move(path));
-  collected_.push_back(
-      {.measurement = measurement, .folder = std::move(folder), .relativePath = {}});
+std::shared_ptr<Measurement> MeasurementPool::measure(std::string path, std::string location) {
+  auto measurement = std::make_shared<Measurement>(std::move(location));
+  collected_.push_back({.measurement = measurement, .folder = {}, .path = std::move(path)});
   return measurement;
 }
 
-void MeasurementPool::start(const std::stop_token& stop) {
+void MeasurementPool::start() {
   if (collected_.empty()) return;
-  if (threads_.empty()) startThreads();
+  startThreads(std::max<std::size_t>(threadCount_ - 1, 1));
   {
-    std::unique_lock lock(mutex_);
-    partTaken_.wait(lock, stop, [this] { return folders_.size() < mostWaitingFolders; });
+    const std::scoped_lock lock(mutex_);
     std::ranges::move(collected_, std::back_inserter(folders_));
     updateHungry();
   }
-  collected_.size() == 1 ? partAdded_.notify_one() : partAdded_.notify_all();
+  collected_.size() == 1 ? added_.notify_one() : added_.notify_all();
   collected_.clear();
 }
 
-void MeasurementPool::startThreads() {
+void MeasurementPool::finish() {
+  start();
+  if (!threads_.empty()) startThreads(threadCount_);
+}
+
+void MeasurementPool::startThreads(std::size_t count) {
   threads_.reserve(threadCount_);
-  for (std::size_t count = 0; count < threadCount_; ++count) {
+  while (threads_.size() < count) {
     threads_.emplace_back([this] { Worker(*this, stopping_.token()).run(); });
   }
 }
@@ -137,7 +165,7 @@ std::optional<MeasurementPool::Part> MeasurementPool::take(const std::stop_token
   std::unique_lock lock(mutex_);
   ++idleThreads_;
   updateHungry();
-  partAdded_.wait(lock, stop, [this] { return !folders_.empty() || !subtrees_.empty(); });
+  added_.wait(lock, stop, [this] { return !folders_.empty() || !subtrees_.empty(); });
   --idleThreads_;
   if (stop.stop_requested()) return std::nullopt;
 
@@ -148,7 +176,6 @@ std::optional<MeasurementPool::Part> MeasurementPool::take(const std::stop_token
   } else {
     part = std::move(folders_.front());
     folders_.pop_front();
-    if (folders_.size() == mostWaitingFolders / 2) partTaken_.notify_one();
   }
   updateHungry();
   return part;
@@ -160,7 +187,7 @@ void MeasurementPool::give(Part part) {
     subtrees_.push_back(std::move(part));
     updateHungry();
   }
-  partAdded_.notify_one();
+  added_.notify_one();
 }
 
 void MeasurementPool::updateHungry() {

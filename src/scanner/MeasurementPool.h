@@ -19,13 +19,14 @@
 
 namespace broomtide {
 
-/// Threads that measure folders: the folders in the order in which they were handed in, and when
-/// there are fewer folders than threads, several threads share one.
+/// Threads that open, identify and measure folders: the folders in the order in which they were
+/// handed in, and when there are fewer folders than threads, several threads share one.
 class MeasurementPool {
  public:
-  /// Uses `threads` threads, started with the first folder. They end early once `stop` is asked to
-  /// stop; no measurement is finished then.
-  MeasurementPool(FileManager& fileManager, std::size_t threads, std::stop_token stop);
+  /// Measures what is below the open folder `top`, with `threads` threads, started with the first
+  /// folder. They end early once `stop` is asked to stop; no measurement is finished then.
+  MeasurementPool(FileManager& fileManager, FileDescriptor top, std::size_t threads,
+                  std::stop_token stop);
 
   /// Stops measuring and waits for the threads.
   ~MeasurementPool();
@@ -33,37 +34,41 @@ class MeasurementPool {
   MeasurementPool(const MeasurementPool&) = delete;
   MeasurementPool& operator=(const MeasurementPool&) = delete;
 
-  /// Has an open folder measured, from start() on; `path` is its absolute path. Folders come from
-  /// one thread. Handing over several together costs that thread less than each on its own.
-  std::shared_ptr<Measurement> measure(FileDescriptor folder, std::string path);
+  /// Has a folder measured, from start() on; `path` leads there from the top, with no link on the
+  /// way, and `location` is its absolute path. Folders come from one thread. Handing over several
+  /// together costs that thread less than each on its own.
+  std::shared_ptr<Measurement> measure(std::string path, std::string location);
 
-  /// Starts what was given to measure(), from the same thread. Blocks while many folders are
-  /// waiting, so that their descriptors stay few, but not once `stop` is asked to stop.
-  void start(const std::stop_token& stop);
+  /// Starts what was given to measure(), from the same thread, which counts as one of the threads
+  /// as long as there is another one.
+  void start();
+
+  /// Starts the rest and says that no more will come, so that one more thread can measure.
+  void finish();
 
  private:
   class Worker;
 
-  // A folder to be added to a measurement.
+  // A folder to be added to a measurement: the whole folder, not open yet, or one below it.
   struct Part {
     std::shared_ptr<Measurement> measurement;
     FileDescriptor folder;
-    std::string relativePath;  // below the folder being measured
+    std::string path;  // from the top of the pool; once it is open, from the folder being measured
   };
 
-  void startThreads();
+  void startThreads(std::size_t count);
   std::optional<Part> take(const std::stop_token& stop);
   void give(Part part);
   void updateHungry();
   bool isHungry() const { return isHungry_.load(std::memory_order_relaxed); }
 
   FileManager& fileManager_;
+  const FileDescriptor top_;
   const std::size_t threadCount_;
   std::vector<Part> collected_;  // not handed over yet
 
   std::mutex mutex_;
-  std::condition_variable_any partAdded_;
-  std::condition_variable_any partTaken_;
+  std::condition_variable_any added_;
   std::deque<Part> folders_;
   std::vector<Part> subtrees_;  // given away by threads with more to do than the idle ones
   std::size_t idleThreads_ = 0;

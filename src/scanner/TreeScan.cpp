@@ -29,79 +29,92 @@ TreeScan::TreeScan(std::string root, ScanMode mode, Date now, FileManager& fileM
       reports_(reports) {}
 
 ScanOutcome TreeScan::run() {
-  std::string label = "Scanning Downloads…";
+  MeasurementPool measurements(fileManager_, openTop(), settings_.measuringThreads, stop_);
+  WalkAhead ahead(openTop(),
+                  {.root = root_,
+                   .mode = mode_,
+                   .now = now_,
+                   .fileManager = fileManager_,
+                   .measurements = measurements,
+                   .onRepository = [this](const std::string& root) { git_.add(root); }},
+                  stop_);
   if (mode_ == ScanMode::project) {
-    discovery_ = ProjectDetector::discover(root_, fileManager_, stop_,
-                                           [this](const std::string& root) { git_.add(root); });
-    label = "Detected " + std::to_string(discovery_.projects.size()) + " project context(s)…";
+    takeDiscovery(ahead.awaitDiscovery());
+  } else {
+    reports_.report(0, 0, "Scanning Downloads…");
   }
-  issues_ = std::move(discovery_.issues);
-  entries_ = discovery_.entriesInspected;
-  projects_.emplace(discovery_);
-  reports_.report(entries_, 0, label);
-
-  FileDescriptor top;
-  if (fileManager_.openFolder(workingDirectory, root_.c_str(), LinkPolicy::follow, top)) {
-    throw ScannerError(ScannerError::Case::permissionDenied);
+  while (const WalkStep* step = ahead.next()) {
+    if (stop_.stop_requested()) throw CancellationError();
+    visit(*step);
   }
-  walk(std::move(top));
+  if (stop_.stop_requested()) throw CancellationError();
   return {.entries = entries_,
           .bytes = 0,
           .issues = std::move(issues_),
           .projects = std::move(discovery_.projects)};
 }
 
-void TreeScan::walk(FileDescriptor top) {
-  MeasurementPool measurements(fileManager_, settings_.measuringThreads, stop_);
-  WalkAhead ahead(std::move(top),
-                  {.root = root_,
-                   .mode = mode_,
-                   .now = now_,
-                   .fileManager = fileManager_,
-                   .projects = *projects_,
-                   .measurements = measurements},
-                  stop_);
-  while (std::optional<WalkBatch> batch = ahead.next()) {
-    for (const WalkBatch::Step& step : batch->steps()) {
-      if (stop_.stop_requested()) throw CancellationError();
-      visit(*batch, step);
-    }
+FileDescriptor TreeScan::openTop() {
+  FileDescriptor top;
+  if (fileManager_.openFolder(workingDirectory, root_.c_str(), LinkPolicy::follow, top)) {
+    throw ScannerError(ScannerError::Case::permissionDenied);
   }
-  if (stop_.stop_requested()) throw CancellationError();
+  return top;
 }
 
-void TreeScan::visit(WalkBatch& batch, const WalkBatch::Step& step) {
-  using enum WalkBatch::Kind;
+void TreeScan::takeDiscovery(ProjectDiscovery discovery) {
+  discovery_ = std::move(discovery);
+  projects_.emplace(discovery_);
+  issues_ = std::move(discovery_.issues);
+  entries_ = discovery_.entriesInspected;
+  reports_.report(
+      entries_, 0,
+      "Detected " + std::to_string(discovery_.projects.size()) + " project context(s)…");
+}
+
+void TreeScan::visit(const WalkStep& step) {
+  using enum WalkStep::Kind;
   if (step.kind != folderIssue) ++entries_;
   switch (step.kind) {
     case passedOver:
       break;
     case unmatched:
       if (entries_ % reportInterval == 0) {
-        reports_.report(entries_, reports_.totalBytes(), batch.relativePath(step));
+        reports_.report(entries_, reports_.totalBytes(), step.relativePath());
       }
       break;
     case matched:
-      visitMatch(batch.relativePath(step), batch.match(step));
+      visitMatch(step.relativePath(), *step.match);
       break;
     case entryIssue:
     case folderIssue:
-      addIssue(batch.relativePath(step), batch.message(step));
+      addIssue(step.relativePath(), *step.issue);
       break;
   }
 }
 
 void TreeScan::visitMatch(const std::string& relativePath, WalkMatch& match) {
   const std::string location = paths::appending(root_, relativePath);
-  const ProjectContext* project = match.project;
-  const std::string* gitRoot = project != nullptr && project->gitRoot
-                                   ? &*project->gitRoot
-                                   : projects_->nearestGitRoot(location);
+  const ProjectContext* project = projects_ ? projects_->nearestProject(location) : nullptr;
+  const std::string* gitRoot = nullptr;
+  if (project != nullptr && project->gitRoot) {
+    gitRoot = &*project->gitRoot;
+  } else if (projects_) {
+    gitRoot = projects_->nearestGitRoot(location);
+  }
   GitItemStatus gitStatus = GitItemStatus::unavailable;
-  std::optional<RuleEvaluation> evaluation = evaluate(match, location, gitRoot, gitStatus);
+  std::optional<RuleEvaluation> evaluation =
+      evaluate(*match.rule, location, project, gitRoot, gitStatus);
   if (!evaluation) {
     if (match.measurement) match.measurement->abandon();
     return;
+  }
+  Measurement::Folder folder;
+  if (match.measurement) {
+    folder = match.measurement->awaitFolder(stop_);
+    if (!folder.error && !folder.attributes.isFolder()) return;
+    match.error = folder.error;
+    match.attributes = folder.attributes;
   }
 
   const bool isFolder = match.rule->kind == CandidateKind::directory;
@@ -114,7 +127,12 @@ void TreeScan::visitMatch(const std::string& relativePath, WalkMatch& match) {
     return;
   }
 
-  const std::int64_t size = isFolder ? measure(label, match) : match.attributes.allocatedBytes;
+  std::int64_t size = 0;
+  if (folder.isOpen) {
+    size = measure(label, *match.measurement);
+  } else if (!isFolder) {
+    size = match.attributes.allocatedBytes;
+  }
   reports_.add({
       .url = location,
       .relativePath = relativePath,
@@ -137,14 +155,14 @@ void TreeScan::visitMatch(const std::string& relativePath, WalkMatch& match) {
   reports_.report(entries_, reports_.totalBytes(), relativePath);
 }
 
-std::optional<RuleEvaluation> TreeScan::evaluate(const WalkMatch& match,
-                                                 const std::string& location,
+std::optional<RuleEvaluation> TreeScan::evaluate(const ScanRule& rule, const std::string& location,
+                                                 const ProjectContext* project,
                                                  const std::string* gitRoot,
                                                  GitItemStatus& gitStatus) {
   if (mode_ == ScanMode::downloads) {
-    return RuleEvaluation{.safety = match.rule->safety,
+    return RuleEvaluation{.safety = rule.safety,
                           .confidence = DetectionConfidence::high,
-                          .isSelected = match.rule->selection == SelectionPolicy::selected,
+                          .isSelected = rule.selection == SelectionPolicy::selected,
                           .evidence = {"Matched the Downloads cleanup rule."},
                           .regenerationCommand = std::nullopt};
   }
@@ -152,18 +170,17 @@ std::optional<RuleEvaluation> TreeScan::evaluate(const WalkMatch& match,
     const std::shared_ptr<const GitSnapshot> snapshot = git_.snapshot(*gitRoot);
     if (stop_.stop_requested()) throw CancellationError();
     if (snapshot) {
-      gitStatus = snapshot->status(location, match.rule->kind == CandidateKind::directory);
+      gitStatus = snapshot->status(location, rule.kind == CandidateKind::directory);
     }
   }
-  return ScanRules::evaluate(*match.rule, match.project, gitStatus, gitRoot != nullptr);
+  return ScanRules::evaluate(rule, project, gitStatus, gitRoot != nullptr);
 }
 
-std::int64_t TreeScan::measure(const std::string& label, WalkMatch& match) {
+std::int64_t TreeScan::measure(const std::string& label, Measurement& measurement) {
   const auto onProgress = [&](std::int64_t bytes, std::int64_t entries) {
     reports_.report(entries_ + entries, reports_.totalBytes() + bytes, label);
   };
-  Measurement::Result result;
-  if (match.measurement) result = match.measurement->await(stop_, onProgress);
+  Measurement::Result result = measurement.await(stop_, onProgress);
   entries_ += result.entries;
   std::ranges::move(result.issues, std::back_inserter(issues_));
   return result.bytes;

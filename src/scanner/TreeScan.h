@@ -30,12 +30,14 @@ class TreeScan {
   ScanOutcome run();
 
  private:
-  void walk(FileDescriptor top);
-  void visit(WalkBatch& batch, const WalkBatch::Step& step);
+  FileDescriptor openTop();
+  void takeDiscovery(ProjectDiscovery discovery);
+  void visit(const WalkStep& step);
   void visitMatch(const std::string& relativePath, WalkMatch& match);
-  std::optional<RuleEvaluation> evaluate(const WalkMatch& match, const std::string& location,
-                                         const std::string* gitRoot, GitItemStatus& gitStatus);
-  std::int64_t measure(const std::string& label, WalkMatch& match);
+  std::optional<RuleEvaluation> evaluate(const ScanRule& rule, const std::string& location,
+                                         const ProjectContext* project, const std::string* gitRoot,
+                                         GitItemStatus& gitStatus);
+  std::int64_t measure(const std::string& label, Measurement& measurement);
   void addIssue(const std::string& path, std::string message);
 
   const std::string root_;

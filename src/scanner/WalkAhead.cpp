@@ -2,9 +2,12 @@
 
 #include <chrono>
 #include <exception>
+#include <limits>
+#include <optional>
 #include <utility>
 
 #include "core/Paths.h"
+#include "core/ScannerError.h"
 #include "platform/DirectoryEnumerator.h"
 #include "platform/PathSafety.h"
 #include "rules/ContextPolicy.h"
@@ -13,7 +16,11 @@
 namespace broomtide {
 namespace {
 
-constexpr std::size_t mostBatches = 16;
+// Nothing of a project scan is read before everything is there.
+constexpr std::size_t mostBatchesOf(ScanMode mode) {
+  return mode == ScanMode::project ? std::numeric_limits<std::size_t>::max() : 16;
+}
+
 constexpr std::size_t mostSteps = 512;
 constexpr std::size_t mostText = 64 * 1024;
 constexpr std::size_t mostFolders = 8;
@@ -33,67 +40,86 @@ class WalkAhead::Walker {
         stop_(std::move(stop)),
         entries_(
             setup_.fileManager, DirectoryEnumerator::Order::byName,
-            [this](std::string_view relativePath, std::error_code error) {
-              batch_.addIssue(WalkBatch::Kind::folderIssue, relativePath, {}, error.message());
-            },
-            stop_) {}
+            [this](std::string_view path, std::error_code error) { addFolderIssue(path, error); },
+            stop_),
+        projects_(setup_.root, setup_.onRepository) {}
 
-  void run(FileDescriptor top) {
+  // Returns what a project scan found.
+  ProjectDiscovery run(FileDescriptor top) {
     entries_.begin(std::move(top));
     while (entries_.next()) {
-      if (stop_.stop_requested()) return;
-      visit();
-      if (isTimeToFlush() && !flush()) return;
+      if (stop_.stop_requested()) throw CancellationError();
+      if (isProjectScan() && entries_.isFirstInFolder()) lookForProject();
+      nothingIsInside_ ? visitOutside() : visit();
+      if (isTimeToFlush()) flush();
     }
+    setup_.measurements.finish();
     flush();
+    return projects_.finish();
   }
 
  private:
   // Waking the reader up costs as much as many steps, so it gets them in large portions.
   bool isTimeToFlush() {
-    const std::size_t steps = batch_.steps().size();
-    if (steps >= mostSteps || batch_.textSize() >= mostText || folders_ >= mostFolders) return true;
+    const std::size_t steps = steps_.batch().stepCount();
+    if (steps >= mostSteps || steps_.batch().textSize() >= mostText || folders_ >= mostFolders) {
+      return true;
+    }
     return steps % stepsPerClockReading == 0 && Clock::now() - lastFlush_ > longestDelay;
   }
 
-  // While this waits for the measuring threads, the reader has all folders that came before.
-  bool flush() {
-    setup_.measurements.start(stop_);
+  void flush() {
+    setup_.measurements.start();
     folders_ = 0;
     lastFlush_ = Clock::now();
-    return batches_.push(std::exchange(batch_, {}), stop_);
+    batches_.push(steps_.take(), stop_);
+  }
+
+  // All that a folder says of projects is known before anything in it is matched.
+  void lookForProject() {
+    projects_.enterFolder(entries_.folderPath());
+    entries_.forEachInFolder(
+        [this](std::string_view name, EntryType type) { projects_.addEntry(name, type); });
   }
 
   void visit() {
     switch (entries_.type()) {
       case EntryType::unreadable:
         addEntryIssue(entries_.typeError().message());
-        return;
-      case EntryType::link:
-        batch_.addPassedOver();
-        return;
+        break;
       case EntryType::folder:
+        visitFolder();
+        break;
       case EntryType::file:
+        visitFile();
+        break;
+      case EntryType::link:
       case EntryType::other:
+        steps_.addPassedOver();
         break;
     }
-    // Without following links an entry can only be outside when nothing counts as inside.
-    if (nothingIsInside_) {
-      entries_.skipDescendants();
-      addEntryIssue("Skipped an item outside the selected folder.");
-    } else if (entries_.type() == EntryType::folder) {
-      visitFolder();
-    } else if (entries_.type() == EntryType::file) {
-      visitFile();
+  }
+
+  // Without following links an entry can only be outside when nothing counts as inside. Projects
+  // are found all the same.
+  void visitOutside() {
+    const bool isFolder = entries_.type() == EntryType::folder;
+    const bool isInTop = entries_.folderPath().empty();
+    if (isFolder && !mayHoldProjects(entries_.name())) entries_.skipDescendants();
+    if (!isInTop) return;
+    if (entries_.type() == EntryType::link) {
+      steps_.addPassedOver();
+    } else if (entries_.type() == EntryType::unreadable) {
+      addEntryIssue(entries_.typeError().message());
     } else {
-      batch_.addPassedOver();
+      addEntryIssue("Skipped an item outside the selected folder.");
     }
   }
 
   void visitFolder() {
     if (isProjectScan() && ScanRules::isSensitiveDirectory(entries_.name())) {
       entries_.skipDescendants();
-      batch_.addPassedOver();
+      steps_.addPassedOver();
       return;
     }
     const ScanRule* rule = matchingRule(CandidateKind::directory, std::nullopt);
@@ -102,20 +128,27 @@ class WalkAhead::Walker {
       return;
     }
     entries_.skipDescendants();
-    WalkMatch match;
-    match.rule = rule;
-    match.project = nearestProject();
-    if (isAllowedHere(match) && examineFolder(match)) {
-      addMatch(std::move(match));
+    if (isAllowedHere(*rule)) {
+      addFolder(*rule);
     } else {
-      batch_.addPassedOver();
+      steps_.addPassedOver();
     }
+  }
+
+  void addFolder(const ScanRule& rule) {
+    std::string path(entries_.relativePath());
+    std::string location = paths::appending(setup_.root, path);
+    WalkMatch match;
+    match.rule = &rule;
+    match.measurement = setup_.measurements.measure(std::move(path), std::move(location));
+    ++folders_;
+    addMatch(std::move(match));
   }
 
   void visitFile() {
     const std::string_view name = entries_.name();
     if (isProjectScan() && ScanRules::isProtectedFile(name)) {
-      batch_.addPassedOver();
+      steps_.addPassedOver();
       return;
     }
     if (!ScanRules::recognises(name, CandidateKind::file, setup_.mode)) {
@@ -123,10 +156,9 @@ class WalkAhead::Walker {
       return;
     }
     WalkMatch match;
-    match.project = nearestProject();
     match.error = entries_.readAttributes(match.attributes);
     if (!match.error && !match.attributes.isRegularFile()) {
-      batch_.addPassedOver();
+      steps_.addPassedOver();
       return;
     }
     match.rule = matchingRule(CandidateKind::file, match.attributes.modificationDate);
@@ -134,11 +166,16 @@ class WalkAhead::Walker {
       addEntryIssue(match.error.message());
     } else if (match.rule == nullptr) {
       addUnmatched();
-    } else if (isAllowedHere(match)) {
+    } else if (isAllowedHere(*match.rule)) {
       addMatch(std::move(match));
     } else {
-      batch_.addPassedOver();
+      steps_.addPassedOver();
     }
+  }
+
+  bool mayHoldProjects(std::string_view name) const {
+    return isProjectScan() && !ScanRules::isSensitiveDirectory(name) &&
+           !ScanRules::isKnownArtifactDirectory(name);
   }
 
   bool isProjectScan() const { return setup_.mode == ScanMode::project; }
@@ -147,68 +184,63 @@ class WalkAhead::Walker {
     return ScanRules::match(entries_.name(), kind, setup_.mode, modificationDate, setup_.now);
   }
 
-  const ProjectContext* nearestProject() {
-    if (!isProjectScan()) return nullptr;
-    return setup_.projects.nearestProject(paths::appending(setup_.root, entries_.relativePath()));
-  }
-
   // What no answer of Git could make acceptable need not be measured.
-  bool isAllowedHere(const WalkMatch& match) const {
-    return !isProjectScan() || contextPolicy(match.rule->id).accepts(match.project);
+  bool isAllowedHere(const ScanRule& rule) {
+    return !isProjectScan() ||
+           contextPolicy(rule.id).accepts(projects_.nearestProject(entries_.folderPath()));
   }
 
-  // Opens the current folder and has what was opened identified and measured, so that both concern
-  // the same folder. False when it has turned into something else.
-  bool examineFolder(WalkMatch& match) {
-    FileDescriptor folder;
-    const std::error_code error = entries_.open(folder);
-    if (isNoFolderAnyMore(error)) return false;
-    if (error) {
-      match.error = entries_.readAttributes(match.attributes);
-      return match.error || match.attributes.isFolder();
-    }
-    match.error = setup_.fileManager.readAttributes(folder.get(), "", LinkPolicy::doNotFollow,
-                                                    match.attributes);
-    if (match.error) return true;
-    const std::string location = paths::appending(setup_.root, entries_.relativePath());
-    match.measurement = setup_.measurements.measure(std::move(folder), location);
-    ++folders_;
-    return true;
-  }
-
-  void addUnmatched() { batch_.addUnmatched(entries_.folderPath(), entries_.name()); }
+  void addUnmatched() { steps_.addUnmatched(entries_.folderPath(), entries_.name()); }
 
   void addMatch(WalkMatch match) {
-    batch_.addMatch(entries_.folderPath(), entries_.name(), std::move(match));
+    steps_.addMatch(entries_.folderPath(), entries_.name(), std::move(match));
   }
 
-  void addEntryIssue(std::string message) {
-    batch_.addIssue(WalkBatch::Kind::entryIssue, entries_.folderPath(), entries_.name(),
-                    std::move(message));
+  void addEntryIssue(std::string issue) {
+    steps_.addEntryIssue(entries_.folderPath(), entries_.name(), std::move(issue));
+  }
+
+  void addFolderIssue(std::string_view path, std::error_code error) {
+    if (isProjectScan()) projects_.addIssue(path, error);
+    if (!nothingIsInside_ || path.empty()) steps_.addFolderIssue(path, error.message());
   }
 
   Setup setup_;
   BoundedQueue<WalkBatch>& batches_;
   const std::stop_token stop_;
   DirectoryEnumerator entries_;
-  WalkBatch batch_;
+  ProjectDetector projects_;
+  WalkWriter steps_;
   std::size_t folders_ = 0;  // in the batch that are to be measured
   Clock::time_point lastFlush_ = Clock::now();
   const bool nothingIsInside_ = PathSafety::resolved(setup_.root) == "/";
 };
 
 WalkAhead::WalkAhead(FileDescriptor top, Setup setup, std::stop_token stop)
-    : stopping_(std::move(stop)), batches_(mostBatches) {
+    : stopping_(std::move(stop)), batches_(mostBatchesOf(setup.mode)) {
   thread_ = std::jthread([this, folder = std::move(top), what = std::move(setup)]() mutable {
     try {
-      Walker(std::move(what), batches_, stopping_.token()).run(std::move(folder));
+      discovery_.set_value(
+          Walker(std::move(what), batches_, stopping_.token()).run(std::move(folder)));
       batches_.close();
     } catch (...) {
+      discovery_.set_exception(std::current_exception());
       batches_.close(std::current_exception());
     }
   });
 }
 
 WalkAhead::~WalkAhead() { stopping_.requestStop(); }
+
+ProjectDiscovery WalkAhead::awaitDiscovery() { return discovery_.get_future().get(); }
+
+const WalkStep* WalkAhead::next() {
+  for (;;) {
+    if (const WalkStep* step = reader_.next()) return step;
+    std::optional<WalkBatch> batch = batches_.pop(stopping_.token());
+    if (!batch) return nullptr;
+    reader_.begin(*std::move(batch));
+  }
+}
 
 }  // namespace broomtide

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <optional>
+#include <future>
 #include <stop_token>
 #include <string>
 #include <thread>
@@ -12,12 +12,13 @@
 #include "platform/LinkedStopSource.h"
 #include "scanner/BoundedQueue.h"
 #include "scanner/MeasurementPool.h"
-#include "scanner/WalkBatch.h"
+#include "scanner/WalkRecord.h"
 
 namespace broomtide {
 
-/// Walks a tree on a thread of its own, a bounded distance ahead of its reader, and has every
-/// matched folder measured as soon as it is met.
+/// Walks a tree on a thread of its own, ahead of its reader, and has every matched folder measured
+/// as soon as it is met. In a project scan the same walk finds the projects and repositories, which
+/// the reader waits for before it looks at any step.
 class WalkAhead {
  public:
   struct Setup {
@@ -25,8 +26,8 @@ class WalkAhead {
     ScanMode mode;     ///< project or downloads
     Date now;          ///< the reference time of rules about age
     FileManager& fileManager;
-    const ProjectLookup& projects;
     MeasurementPool& measurements;
+    ProjectDetector::RepositoryFunction onRepository;  ///< called on the thread of the walk
   };
 
   /// Starts to walk the open folder `top`. What the setup refers to must outlive the walk.
@@ -38,15 +39,21 @@ class WalkAhead {
   WalkAhead(const WalkAhead&) = delete;
   WalkAhead& operator=(const WalkAhead&) = delete;
 
-  /// The next steps; nothing at the end, and once `stop` is asked to stop. Throws what the walk
-  /// threw.
-  std::optional<WalkBatch> next() { return batches_.pop(stopping_.token()); }
+  /// Waits for the end of a project scan's walk and returns what it found, once. Throws what the
+  /// walk threw, and CancellationError once `stop` is asked to stop.
+  ProjectDiscovery awaitDiscovery();
+
+  /// The next step, valid until the next call; null at the end, and once `stop` is asked to stop.
+  /// Throws what the walk threw.
+  const WalkStep* next();
 
  private:
   class Walker;
 
   LinkedStopSource stopping_;
   BoundedQueue<WalkBatch> batches_;
+  std::promise<ProjectDiscovery> discovery_;
+  WalkReader reader_;
   std::jthread thread_;
 };
 

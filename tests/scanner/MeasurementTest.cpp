@@ -1,5 +1,7 @@
 #include "scanner/Measurement.h"
 
+#include <filesystem>
+
 #include "scanner/MeasurementPool.h"
 #include "support/FaultyFileManager.h"
 #include "support/TemporaryTree.h"
@@ -13,13 +15,15 @@ using test::TemporaryTree;
 class Measuring : public testing::Test {
  protected:
   Measurement::Result measure(std::size_t threads = 2) {
-    FileDescriptor folder;
-    EXPECT_FALSE(
-        files.openFolder(workingDirectory, tree.root().c_str(), LinkPolicy::doNotFollow, folder));
-    MeasurementPool pool(files, threads, {});
+    const std::filesystem::path root = tree.root();
+    FileDescriptor top;
+    EXPECT_FALSE(files.openFolder(workingDirectory, root.parent_path().c_str(),
+                                  LinkPolicy::doNotFollow, top));
+    MeasurementPool pool(files, std::move(top), threads, {});
     calls.clear();
-    const auto measurement = pool.measure(std::move(folder), tree.root());
-    pool.start({});
+    const auto measurement = pool.measure(root.filename(), root);
+    pool.finish();
+    EXPECT_TRUE(measurement->awaitFolder({}).isOpen);
     return measurement->await({}, [this](std::int64_t bytes, std::int64_t entries) {
       calls.emplace_back(bytes, entries);
     });

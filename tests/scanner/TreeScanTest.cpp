@@ -167,6 +167,32 @@ TEST(TreeScan, ToldOfAnItemThatVanishesChangesOrCannotBeExamined) {
   }
 }
 
+// Whether a manifest comes before an artefact or after it in the order of names, and what lies
+// beside them, makes no difference.
+TEST(TreeScan, AcceptsWhatLiesInAProjectOfTheRightKind) {
+  TemporaryTree tree;
+  for (const char* path : {"a/dist/x", "a/package.json", "b/dist/x", "c/app/package.json",
+                           "c/dist/x", "d/deep/down/dist/x", "d/package.json", "e/build.rs",
+                           "e/target/x", "f/Cargo.toml", "f/src/target/x", "f/web/target/x",
+                           "f/web/webpack/package.json", "g/package.json", "g/target/x"}) {
+    tree.file(path);
+  }
+  EXPECT_THAT(
+      pathsOf(ScanRecorder().scan(tree.root())),
+      testing::UnorderedElementsAre("a/dist", "d/deep/down/dist", "f/src/target", "f/web/target"));
+}
+
+TEST(TreeScan, ReachesWhatLiesDeeperThanAnyPathMayBeLong) {
+  TemporaryTree tree;
+  const std::string name(200, 'd');
+  tree.run("echo > package.json; for i in $(seq 30); do mkdir " + name + " && cd " + name +
+           "; done; mkdir -p node_modules/m; head -c 5000 /dev/zero > node_modules/m/f");
+  const ScanResult result = ScanRecorder().scan(tree.root());
+  ASSERT_EQ(result.candidates.size(), 1U);
+  EXPECT_EQ(result.candidates[0].size, 8192);
+  EXPECT_TRUE(result.issues.empty());
+}
+
 TEST(TreeScan, NothingLiesInsideTheRootOfTheFileSystem) {
   TemporaryTree tree;
   tree.link("/", "everything");
@@ -174,12 +200,19 @@ TEST(TreeScan, NothingLiesInsideTheRootOfTheFileSystem) {
   files.onOpen = [](const std::string& name) {  // keeps the test from reading the whole machine
     return std::make_error_code(name.starts_with('/') ? std::errc() : std::errc::permission_denied);
   };
-  const ScanResult result = ScanRecorder(files).scan(tree.path("everything"), ScanMode::downloads);
-  EXPECT_TRUE(result.candidates.empty());
-  ASSERT_FALSE(result.issues.empty());
-  for (const ScanIssue& issue : result.issues) {
-    EXPECT_EQ(issue.message, "Skipped an item outside the selected folder.");
+  std::vector<std::vector<std::string>> passedOver;
+  for (const ScanMode mode : {ScanMode::downloads, ScanMode::project}) {
+    const ScanResult result = ScanRecorder(files).scan(tree.path("everything"), mode);
+    EXPECT_TRUE(result.candidates.empty());
+    std::vector<std::string>& paths = passedOver.emplace_back();
+    for (const ScanIssue& issue : result.issues) {
+      const bool isOutside = issue.message == "Skipped an item outside the selected folder.";
+      if (isOutside) paths.push_back(issue.path);
+      EXPECT_TRUE(isOutside || mode == ScanMode::project) << issue.message;
+    }
   }
+  EXPECT_FALSE(passedOver[0].empty());
+  EXPECT_EQ(passedOver[0], passedOver[1]);
 }
 
 }  // namespace
