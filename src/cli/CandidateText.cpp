@@ -40,12 +40,13 @@ std::string padding(std::size_t used, std::size_t width) {
 std::string reasonLines(const ScanCandidate& candidate, const Style& style) {
   const std::string indent(sizeColumns + 6, ' ');
   std::string lines = indent + style(Role::quiet, candidate.explanation) + '\n';
-  for (const std::string& reason : candidate.evidence) {
+  for (const std::string& reason : candidate.evidence.lines()) {
     lines += indent + style(Role::quiet, "- " + visible(reason)) + '\n';
   }
   if (candidate.regenerationCommand) {
-    lines +=
-        indent + style(Role::quiet, "To get it back: " + *candidate.regenerationCommand) + '\n';
+    lines += indent +
+             style(Role::quiet, "To get it back: " + std::string(*candidate.regenerationCommand)) +
+             '\n';
   }
   return lines;
 }
@@ -53,8 +54,9 @@ std::string reasonLines(const ScanCandidate& candidate, const Style& style) {
 std::string factLine(const ScanCandidate& candidate, std::size_t pathColumns, const Style& style) {
   const std::string size = formatByteCount(candidate.size);
   const std::string path = visible(candidate.relativePath);
-  const std::string facts = candidate.category + " · " + std::string(title(candidate.confidence)) +
-                            " · " + std::string(title(candidate.gitStatus));
+  const std::string facts = std::string(candidate.category) + " · " +
+                            std::string(title(candidate.confidence)) + " · " +
+                            std::string(title(candidate.gitStatus));
   return (candidate.isSelected ? "  ✓ " : "    ") + padding(size.size(), sizeColumns) + size +
          "  " + path + padding(columns(path), pathColumns) + "  " + style(Role::quiet, facts) +
          '\n';

@@ -17,10 +17,6 @@ Json location(const std::optional<std::string>& path) {
   return path ? Json(fileUrl(*path)) : Json(nullptr);
 }
 
-Json text(const std::optional<std::string>& bytes) {
-  return bytes ? Json(utf8::printable(*bytes)) : Json(nullptr);
-}
-
 Json texts(const std::vector<std::string>& list) {
   Json result = Json::array();
   for (const std::string& item : list) result.push_back(utf8::printable(item));
@@ -51,8 +47,9 @@ Json toJson(const ScanCandidate& candidate) {
       {"projectRoot", location(candidate.projectRoot)},
       {"gitRoot", location(candidate.gitRoot)},
       {"projectKinds", rawValues(candidate.projectKinds)},
-      {"evidence", texts(candidate.evidence)},
-      {"regenerationCommand", text(candidate.regenerationCommand)},
+      {"evidence", texts(candidate.evidence.lines())},
+      {"regenerationCommand",
+       candidate.regenerationCommand ? Json(*candidate.regenerationCommand) : Json(nullptr)},
       {"confidence", rawValue(candidate.confidence)},
       {"gitStatus", rawValue(candidate.gitStatus)},
       {"isSelected", candidate.isSelected},

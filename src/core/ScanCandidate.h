@@ -4,30 +4,32 @@
 #include <optional>
 #include <set>
 #include <string>
-#include <vector>
+#include <string_view>
 
 #include "core/Date.h"
 #include "core/Enumerations.h"
+#include "core/Evidence.h"
 
 namespace broomtide {
 
-/// One item that a scan proposes for removal. Locations are absolute paths, as bytes.
+/// One item that a scan proposes for removal. Locations are absolute paths, as bytes. Texts that
+/// come from the rules are constants, which nobody owns.
 struct ScanCandidate {
   std::string url;           ///< where the item is
   std::string relativePath;  ///< its path below the scanned folder
   CandidateKind kind = CandidateKind::file;
   std::int64_t size = 0;  ///< allocated bytes on disk, summed over a directory tree
   std::optional<Date> modificationDate;
-  std::string category;
+  std::string_view category;
   SafetyLevel safety = SafetyLevel::reviewFirst;
-  std::string explanation;
+  std::string_view explanation;
   std::string fileIdentity;  ///< what must stay the same until the item is moved
   bool isSelected = false;   ///< the only field that changes after the scan
   std::optional<std::string> projectRoot;
   std::optional<std::string> gitRoot;
   std::set<ProjectKind> projectKinds;
-  std::vector<std::string> evidence;  ///< the reasons for the judgement, one line each
-  std::optional<std::string> regenerationCommand;
+  Evidence evidence;
+  std::optional<std::string_view> regenerationCommand;
   DetectionConfidence confidence = DetectionConfidence::low;
   GitItemStatus gitStatus = GitItemStatus::unavailable;
 

@@ -155,10 +155,10 @@ std::optional<RuleEvaluation> evaluate(const ScanRule& rule, const ProjectContex
       .isSelected = judgement.safety == SafetyLevel::safe &&
                     judgement.confidence == DetectionConfidence::high &&
                     (gitStatus == GitItemStatus::ignored || !hasGitRepository),
-      .evidence = std::move(evidence),
+      .evidence = Evidence(std::move(evidence)),
       .regenerationCommand = policy.regenerationCommand.empty()
                                  ? std::nullopt
-                                 : std::optional<std::string>(policy.regenerationCommand),
+                                 : std::optional(policy.regenerationCommand),
   };
 }
 

@@ -1,11 +1,10 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <string_view>
-#include <vector>
 
 #include "core/Date.h"
+#include "core/Evidence.h"
 #include "core/ProjectContext.h"
 #include "rules/ScanRuleTables.h"
 
@@ -16,8 +15,8 @@ struct RuleEvaluation {
   SafetyLevel safety;
   DetectionConfidence confidence;
   bool isSelected;
-  std::vector<std::string> evidence;  ///< three lines: project, Git, name
-  std::optional<std::string> regenerationCommand;
+  Evidence evidence;  ///< three lines: project, Git, name
+  std::optional<std::string_view> regenerationCommand;
 
   bool operator==(const RuleEvaluation&) const = default;
 };

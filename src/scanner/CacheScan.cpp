@@ -123,9 +123,9 @@ class CacheScan {
         .kind = CandidateKind::directory,
         .size = result.bytes,
         .modificationDate = folder.attributes.modificationDate,
-        .category = std::string(target.category),
+        .category = target.category,
         .safety = target.safety,
-        .explanation = std::string(target.explanation),
+        .explanation = target.explanation,
         .fileIdentity = FileIdentity::token(folder.attributes),
         .isSelected = target.safety == SafetyLevel::safe,
         .projectRoot = std::nullopt,
@@ -133,9 +133,7 @@ class CacheScan {
         .projectKinds = {},
         .evidence = {"Well-known developer cache location (~/" + std::string(target.relativePath) +
                      ")."},
-        .regenerationCommand = target.regenerationCommand
-                                   ? std::optional<std::string>(*target.regenerationCommand)
-                                   : std::nullopt,
+        .regenerationCommand = target.regenerationCommand,
         .confidence = DetectionConfidence::high,
         .gitStatus = GitItemStatus::unavailable,
     });

@@ -21,11 +21,21 @@ bool comesFirst(std::string_view left, std::string_view right) {
 
 }  // namespace
 
+// Waits a few milliseconds for the condition, or for a failure, and returns whether it holds.
+// Throws the failure, and CancellationError once `stop` is asked to stop.
+template <typename Condition>
+bool Measurement::waitBriefly(std::unique_lock<std::mutex>& lock, const std::stop_token& stop,
+                              Condition condition) {
+  changed_.wait_for(lock, longestSilence, [&] { return condition() || failure_; });
+  if (stop.stop_requested()) throw CancellationError();
+  if (failure_) std::rethrow_exception(failure_);
+  return condition();
+}
+
 Measurement::Folder Measurement::awaitFolder(const std::stop_token& stop) {
   std::unique_lock lock(mutex_);
-  changed_.wait(lock, stop, [this] { return folder_ || failure_; });
-  if (stop.stop_requested()) throw CancellationError();
-  if (!folder_) std::rethrow_exception(failure_);
+  while (!waitBriefly(lock, stop, [this] { return folder_.has_value(); })) {
+  }
   return *folder_;
 }
 
@@ -36,10 +46,7 @@ Measurement::Result Measurement::await(const std::stop_token& stop,
   while (!hasEnded) {
     std::unique_lock lock(mutex_);
     // Being woken up for every interval would cost the threads that measure much of their time.
-    hasEnded = changed_.wait_for(lock, stop, longestSilence,
-                                 [this] { return partsUnderWay_ == 0 || failure_; });
-    if (stop.stop_requested()) throw CancellationError();
-    if (failure_) std::rethrow_exception(failure_);
+    hasEnded = waitBriefly(lock, stop, [this] { return partsUnderWay_ == 0; });
     const std::vector<std::int64_t> passed = std::exchange(bytesAtIntervals_, {});
     lock.unlock();
     for (const std::int64_t bytes : passed) onProgress(bytes, reported += progressInterval);

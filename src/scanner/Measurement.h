@@ -75,13 +75,16 @@ class Measurement {
     std::error_code error;
   };
 
+  template <typename Condition>
+  bool waitBriefly(std::unique_lock<std::mutex>& lock, const std::stop_token& stop,
+                   Condition condition);
   std::vector<ScanIssue> issuesInOrder();
 
   const std::string path_;
   std::atomic<bool> isAbandoned_ = false;
 
   std::mutex mutex_;
-  std::condition_variable_any changed_;  // the folder was opened, or the end has come
+  std::condition_variable changed_;  // the folder was opened, or the end has come
   std::optional<Folder> folder_;
   int partsUnderWay_ = 1;
   std::exception_ptr failure_;

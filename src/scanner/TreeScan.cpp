@@ -95,16 +95,8 @@ void TreeScan::visit(const WalkStep& step) {
 
 void TreeScan::visitMatch(const std::string& relativePath, WalkMatch& match) {
   const std::string location = paths::appending(root_, relativePath);
-  const ProjectContext* project = projects_ ? projects_->nearestProject(location) : nullptr;
-  const std::string* gitRoot = nullptr;
-  if (project != nullptr && project->gitRoot) {
-    gitRoot = &*project->gitRoot;
-  } else if (projects_) {
-    gitRoot = projects_->nearestGitRoot(location);
-  }
-  GitItemStatus gitStatus = GitItemStatus::unavailable;
-  std::optional<RuleEvaluation> evaluation =
-      evaluate(*match.rule, location, project, gitRoot, gitStatus);
+  const Surroundings around = surroundings(location, match.rule->kind);
+  const std::optional<RuleEvaluation>& evaluation = evaluate(*match.rule, around);
   if (!evaluation) {
     if (match.measurement) match.measurement->abandon();
     return;
@@ -139,41 +131,53 @@ void TreeScan::visitMatch(const std::string& relativePath, WalkMatch& match) {
       .kind = match.rule->kind,
       .size = size,
       .modificationDate = match.attributes.modificationDate,
-      .category = std::string(match.rule->category),
+      .category = match.rule->category,
       .safety = evaluation->safety,
-      .explanation = std::string(match.rule->explanation),
+      .explanation = match.rule->explanation,
       .fileIdentity = FileIdentity::token(match.attributes),
       .isSelected = evaluation->isSelected,
-      .projectRoot = project != nullptr ? std::optional(project->root) : std::nullopt,
-      .gitRoot = gitRoot != nullptr ? std::optional(*gitRoot) : std::nullopt,
-      .projectKinds = project != nullptr ? project->kinds : std::set<ProjectKind>{},
-      .evidence = std::move(evaluation->evidence),
-      .regenerationCommand = std::move(evaluation->regenerationCommand),
+      .projectRoot = around.project ? std::optional(around.project->root) : std::nullopt,
+      .gitRoot = around.gitRoot ? std::optional(*around.gitRoot) : std::nullopt,
+      .projectKinds = around.project ? around.project->kinds : std::set<ProjectKind>{},
+      .evidence = evaluation->evidence,
+      .regenerationCommand = evaluation->regenerationCommand,
       .confidence = evaluation->confidence,
-      .gitStatus = gitStatus,
+      .gitStatus = around.gitStatus,
   });
   reports_.report(entries_, reports_.totalBytes(), relativePath);
 }
 
-std::optional<RuleEvaluation> TreeScan::evaluate(const ScanRule& rule, const std::string& location,
-                                                 const ProjectContext* project,
-                                                 const std::string* gitRoot,
-                                                 GitItemStatus& gitStatus) {
+TreeScan::Surroundings TreeScan::surroundings(const std::string& location, CandidateKind kind) {
+  Surroundings around{
+      .project = nullptr, .gitRoot = nullptr, .gitStatus = GitItemStatus::unavailable};
+  if (!projects_) return around;
+  around.project = projects_->nearestProject(location);
+  around.gitRoot = around.project != nullptr && around.project->gitRoot
+                       ? &*around.project->gitRoot
+                       : projects_->nearestGitRoot(location);
+  if (around.gitRoot == nullptr) return around;
+  const std::shared_ptr<const GitSnapshot> snapshot = git_.snapshot(*around.gitRoot);
+  if (stop_.stop_requested()) throw CancellationError();
+  if (snapshot) around.gitStatus = snapshot->status(location, kind == CandidateKind::directory);
+  return around;
+}
+
+const std::optional<RuleEvaluation>& TreeScan::evaluate(const ScanRule& rule,
+                                                        const Surroundings& around) {
+  if (judgedRule_ == &rule && judgedAround_ == around) return judgement_;
+  judgedRule_ = &rule;
+  judgedAround_ = around;
   if (mode_ == ScanMode::downloads) {
-    return RuleEvaluation{.safety = rule.safety,
-                          .confidence = DetectionConfidence::high,
-                          .isSelected = rule.selection == SelectionPolicy::selected,
-                          .evidence = {"Matched the Downloads cleanup rule."},
-                          .regenerationCommand = std::nullopt};
+    judgement_ = RuleEvaluation{.safety = rule.safety,
+                                .confidence = DetectionConfidence::high,
+                                .isSelected = rule.selection == SelectionPolicy::selected,
+                                .evidence = {"Matched the Downloads cleanup rule."},
+                                .regenerationCommand = std::nullopt};
+  } else {
+    judgement_ =
+        ScanRules::evaluate(rule, around.project, around.gitStatus, around.gitRoot != nullptr);
   }
-  if (gitRoot != nullptr) {
-    const std::shared_ptr<const GitSnapshot> snapshot = git_.snapshot(*gitRoot);
-    if (stop_.stop_requested()) throw CancellationError();
-    if (snapshot) {
-      gitStatus = snapshot->status(location, rule.kind == CandidateKind::directory);
-    }
-  }
-  return ScanRules::evaluate(rule, project, gitStatus, gitRoot != nullptr);
+  return judgement_;
 }
 
 std::int64_t TreeScan::measure(const std::string& label, Measurement& measurement) {

@@ -34,9 +34,17 @@ class TreeScan {
   void takeDiscovery(ProjectDiscovery discovery);
   void visit(const WalkStep& step);
   void visitMatch(const std::string& relativePath, WalkMatch& match);
-  std::optional<RuleEvaluation> evaluate(const ScanRule& rule, const std::string& location,
-                                         const ProjectContext* project, const std::string* gitRoot,
-                                         GitItemStatus& gitStatus);
+  // Where a match lies and what is known of it there.
+  struct Surroundings {
+    const ProjectContext* project;
+    const std::string* gitRoot;
+    GitItemStatus gitStatus;
+
+    bool operator==(const Surroundings&) const = default;
+  };
+
+  Surroundings surroundings(const std::string& location, CandidateKind kind);
+  const std::optional<RuleEvaluation>& evaluate(const ScanRule& rule, const Surroundings& around);
   std::int64_t measure(const std::string& label, Measurement& measurement);
   void addIssue(const std::string& path, std::string message);
 
@@ -51,6 +59,12 @@ class TreeScan {
   ProjectDiscovery discovery_;
   std::optional<ProjectLookup> projects_;
   ScanReports& reports_;
+
+  // The last judgement, which mostly holds for the next match as well.
+  const ScanRule* judgedRule_ = nullptr;
+  Surroundings judgedAround_{};
+  std::optional<RuleEvaluation> judgement_;
+
   std::vector<ScanIssue> issues_;
   std::int64_t entries_ = 0;  // examined so far
 };

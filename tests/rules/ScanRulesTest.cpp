@@ -152,7 +152,7 @@ std::string judge(const Judgement& item) {
   const auto result = ScanRules::evaluate(*rule, item.project ? &project : nullptr, item.status,
                                           item.hasRepository);
   if (!result) return "no";
-  EXPECT_EQ(result->evidence.size(), 3U);
+  EXPECT_EQ(result->evidence.lines().size(), 3U);
   return std::string(rawValue(result->safety)) + ' ' + std::string(rawValue(result->confidence)) +
          (result->isSelected ? " selected" : "");
 }

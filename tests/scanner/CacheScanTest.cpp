@@ -36,7 +36,7 @@ TEST(CacheScan, ReportsItsTargetsInOrder) {
   EXPECT_TRUE(result.candidates[0].isSelected);
   EXPECT_FALSE(result.candidates[1].isSelected);
   EXPECT_EQ(
-      result.candidates[0].evidence,
+      result.candidates[0].evidence.lines(),
       std::vector<std::string>{"Well-known developer cache location (~/Library/Caches/pip)."});
 }
 

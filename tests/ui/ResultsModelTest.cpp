@@ -289,7 +289,7 @@ class RandomSession {
 
   bool isPicked(const ScanCandidate& candidate) const {
     const QString path = QString::fromStdString(candidate.relativePath);
-    const QString category = QString::fromStdString(candidate.category);
+    const QString category = QString::fromStdString(std::string(candidate.category));
     const QStringList words = filter_.split(' ', Qt::SkipEmptyParts);
     return std::ranges::all_of(words, [&](const QString& word) {
       return path.contains(word, Qt::CaseInsensitive) ||

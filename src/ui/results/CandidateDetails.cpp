@@ -59,7 +59,7 @@ CandidateDetails::CandidateDetails(const ScanCandidate& candidate, QWidget* pare
   if (candidate.projectRoot)
     addWithSymbol("shippingbox", tr("Project: %1").arg(display::name(*candidate.projectRoot)),
                   "project");
-  for (const std::string& reason : candidate.evidence)
+  for (const std::string& reason : candidate.evidence.lines())
     addWithSymbol("checkmark.circle", display::text(reason), "evidence");
   if (candidate.regenerationCommand) addCommand(display::text(*candidate.regenerationCommand));
   lines_->addStretch();

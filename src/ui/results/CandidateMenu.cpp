@@ -34,9 +34,8 @@ CandidateMenu::CandidateMenu(AppModel& model, const ScanCandidate& candidate, QW
   const std::string folder(paths::enclosingFolder(candidate.url));
   addAction(tr("Open Containing Folder"), this, [folder] { openFolder(folder); });
   addAction(tr("Copy Path"), this, [path = candidate.url] { copy(display::pasteable(path)); });
-  QAction* command = addAction(tr("Copy Command"), this, [text = candidate.regenerationCommand] {
-    copy(QString::fromStdString(text.value_or("")));
-  });
+  const QString commandText = display::text(candidate.regenerationCommand.value_or(""));
+  QAction* command = addAction(tr("Copy Command"), this, [commandText] { copy(commandText); });
   command->setEnabled(candidate.regenerationCommand.has_value());
 }
 

@@ -55,7 +55,7 @@ QString sentence(const ScanCandidate& candidate, bool areDetailsShown) {
 QString details(const ScanCandidate& candidate) {
   QStringList lines{display::text(candidate.explanation)};
   if (candidate.projectRoot) lines << tr("Project: %1").arg(display::name(*candidate.projectRoot));
-  for (const std::string& reason : candidate.evidence) lines << display::text(reason);
+  for (const std::string& reason : candidate.evidence.lines()) lines << display::text(reason);
   if (candidate.regenerationCommand)
     lines << tr("How to regenerate") + ": " + display::text(*candidate.regenerationCommand);
   return lines.join(u'\n');
