@@ -48,7 +48,6 @@ struct Options {
   std::string folder;
   ScanMode mode = ScanMode::project;
   std::size_t threads = ScannerSettings::forThisMachine().measuringThreads;
-  bool withoutGit = false;
   int rounds = 40;
   std::string trash;
 };
@@ -62,7 +61,6 @@ struct TimedScan {
 TimedScan scan(const Options& options, std::stop_token stop = {}) {
   ScannerSettings settings = ScannerSettings::forThisMachine();
   settings.measuringThreads = options.threads;
-  if (options.withoutGit) settings.git.reset();
   DefaultFileScanner scanner(systemFileManager(), settings);
   TimedScan timed;
   const auto start = Clock::now();
@@ -205,7 +203,6 @@ int run(int argc, char** argv) {
   application.add_option("--mode", options.mode)->transform(CLI::CheckedTransformer(modes));
   application.add_option("--threads", options.threads, "Measuring threads")
       ->check(CLI::Range(1, 64));
-  application.add_flag("--without-git", options.withoutGit, "As on a machine without Git");
   application.add_option("--rounds", options.rounds, "Scans to cancel")->check(CLI::Range(1, 1000));
   application.add_option("--trash", options.trash, "Where clean and bare move items");
   CLI11_PARSE(application, argc, argv);

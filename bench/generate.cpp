@@ -341,7 +341,7 @@ void writeRepositories(const std::filesystem::path& root, std::size_t entries, s
 // Python projects full of packages that each have their own bytecode cache.
 
 void writeProject(const std::filesystem::path& path, std::size_t index, std::size_t artefacts,
-                  std::uint64_t seed) {
+                  std::uint64_t seed, bool isRepository) {
   Dice dice(seed, index);
   std::size_t made = 1;
   const Folder project(path, made);
@@ -356,16 +356,16 @@ void writeProject(const std::filesystem::path& path, std::size_t index, std::siz
     part.file("__init__.py", "");
     part.folder("__pycache__").files("module", ".cpython-311.pyc", 3, dice);
   }
-  commit(path);
+  if (isRepository) commit(path);
 }
 
-void writeTinyArtefacts(const std::filesystem::path& root, std::size_t entries,
-                        std::uint64_t seed) {
+void writeTinyArtefacts(const std::filesystem::path& root, std::size_t entries, std::uint64_t seed,
+                        bool areRepositories) {
   const auto artefacts = std::max<std::size_t>(1, entries / entriesPerArtefact);
   const auto count = (artefacts + artefactsPerProject - 1) / artefactsPerProject;
   inParallel(count, [&](std::size_t index) {
     const auto share = artefacts / count + (index < artefacts % count ? 1 : 0);
-    writeProject(root / ("project-" + std::to_string(index)), index, share, seed);
+    writeProject(root / ("project-" + std::to_string(index)), index, share, seed, areRepositories);
   });
 }
 
@@ -403,11 +403,14 @@ struct Options {
   std::optional<std::size_t> entries;
   std::uint64_t seed = 1;
   bool isArtefact = false;
+  bool hasGit = true;
 };
 
 constexpr std::string_view usage =
-    "usage: broomtide-bench-tree KIND FOLDER [--entries N] [--seed S] [--artefact]\n"
-    "With --artefact the tree becomes the node_modules of a project in FOLDER.\n"
+    "usage: broomtide-bench-tree KIND FOLDER [--entries N] [--seed S] [--artefact] "
+    "[--without-git]\n"
+    "With --artefact the tree becomes the node_modules of a project in FOLDER; with --without-git\n"
+    "the projects of tiny-artefacts are no repositories.\n"
     "kinds (entries unless given):\n"
     "  repositories (1000000)    Git repositories of about 5000 entries with nested node_modules\n"
     "  tiny-artefacts (300000)   projects of 1000 packages, each with a __pycache__ of three "
@@ -434,6 +437,8 @@ Options parse(const std::vector<std::string>& arguments) {
       plain.push_back(*word);
     } else if (*word == "--artefact") {
       options.isArtefact = true;
+    } else if (*word == "--without-git") {
+      options.hasGit = false;
     } else if (*word != "--entries" && *word != "--seed") {
       throw std::invalid_argument("unknown option " + *word);
     } else if (word + 1 == arguments.end()) {
@@ -448,6 +453,9 @@ Options parse(const std::vector<std::string>& arguments) {
   if (plain.size() != 2) throw std::invalid_argument("one kind and one folder are needed");
   options.kind = plain.at(0);
   options.folder = plain.at(1);
+  if (!options.hasGit && options.kind != "tiny-artefacts") {
+    throw std::invalid_argument("--without-git is for tiny-artefacts");
+  }
   return options;
 }
 
@@ -463,7 +471,7 @@ void generate(const Options& options) {
   if (options.kind == "repositories") {
     writeRepositories(folder, options.entries.value_or(1'000'000), options.seed);
   } else if (options.kind == "tiny-artefacts") {
-    writeTinyArtefacts(folder, options.entries.value_or(300'000), options.seed);
+    writeTinyArtefacts(folder, options.entries.value_or(300'000), options.seed, options.hasGit);
   } else if (options.kind == "caches") {
     writeCaches(folder, options.entries.value_or(1'000'000), options.seed);
   } else if (options.kind == "flat") {

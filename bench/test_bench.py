@@ -84,7 +84,14 @@ class BenchTest(unittest.TestCase):
         caches = list(self.folder.rglob("__pycache__"))
         self.assertEqual(len(caches), 1200)
         self.assertEqual({len(list(cache.iterdir())) for cache in caches}, {3})
-        self.assertEqual(len(list(self.folder.iterdir())), 2)
+        self.assertEqual(len(list(self.folder.glob("*/.git"))), 2)
+
+        plain = self.folder.with_name("plain")
+        self.generate("tiny-artefacts", "--entries", "7200", "--without-git", folder=plain)
+        self.assertEqual(len(list(plain.iterdir())), 2)
+        self.assertEqual(len(list(plain.rglob(".git"))), 0)
+        refused = run(TREE, "flat", self.folder.with_name("flat"), "--without-git")
+        self.assertEqual(refused.returncode, 2)
 
     def test_floor_counts_what_there_is(self):
         self.generate("repositories", "--entries", "2000")

@@ -2,14 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <system_error>
 #include <utility>
 
 #include "core/Paths.h"
-#include "core/ScannerError.h"
 #include "core/Utf8.h"
-#include "platform/DirectoryEnumerator.h"
-#include "rules/ScanRules.h"
 
 namespace broomtide {
 namespace {

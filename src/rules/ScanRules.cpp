@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
+#include <vector>
 
 #include "core/Paths.h"
 #include "rules/ContextPolicy.h"
