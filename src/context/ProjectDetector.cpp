@@ -89,17 +89,15 @@ ProjectDetector::ProjectDetector(std::string root, RepositoryFunction onReposito
 
 void ProjectDetector::enterFolder(std::string_view path) {
   folder_ = path;
-  const bool wasInBundle = std::exchange(isInBundle_, isInBundle(path));
-  if (isInBundle_ && !wasInBundle) bundle_ = path;
+  if (!isInBundle(path)) bundle_ = isXcodeBundle(path) ? path : std::string_view();
 }
 
-// Below the bundle that was entered last, or a bundle itself.
 bool ProjectDetector::isInBundle(std::string_view path) const {
-  return (!bundle_.empty() && isInside(path, bundle_)) || isXcodeBundle(path);
+  return !bundle_.empty() && isInside(path, bundle_);
 }
 
 void ProjectDetector::addEntry(std::string_view name, EntryType type) {
-  if (isInBundle_) return;
+  if (!bundle_.empty()) return;
   ++discovery_.entriesInspected;
   if (type != EntryType::file && type != EntryType::folder) return;
   if (name == ".git") {
@@ -119,7 +117,7 @@ void ProjectDetector::addIssue(std::string_view path, std::error_code error) {
       error == std::errc::too_many_files_open_in_system || error == std::errc::not_enough_memory) {
     throw std::system_error(error);
   }
-  if (isInBundle(path)) return;
+  if (isXcodeBundle(path) || isInBundle(path)) return;
   discovery_.issues.push_back(ScanIssue::about(location(path), error.message()));
 }
 
@@ -128,7 +126,6 @@ void ProjectDetector::addManifest(ProjectKind kind, std::string_view name) {
   ProjectContext& project = projects_[root];
   if (project.root.empty()) {
     project.root = root;
-    nearestProject(folder_);  // forgets those that do not enclose this one
     enclosing_.push_back({.path = folder_, .project = &project});
   }
   project.kinds.insert(kind);

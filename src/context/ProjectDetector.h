@@ -47,8 +47,9 @@ class ProjectDetector {
   /// when open files or memory have run out, because a repository may be hidden in that folder.
   void addIssue(std::string_view path, std::error_code error);
 
-  /// The deepest project around what lies in a folder that was entered; null when there is none.
-  /// For the folder that was entered last and those above it.
+  /// The deepest project around what lies in a folder, null when there is none. The folder is the
+  /// one that was entered last or lies above it; asking about it forgets projects that lie deeper.
+  /// What is returned is valid until finish().
   const ProjectContext* nearestProject(std::string_view path);
 
   /// Everything that was found. To be called once, after the last entry.
@@ -74,8 +75,7 @@ class ProjectDetector {
   std::map<std::string, ProjectContext> projects_;  // by root; manifests as they come
   std::vector<Enclosing> enclosing_;
   std::string folder_;  // entered last
-  std::string bundle_;  // the last one entered
-  bool isInBundle_ = false;
+  std::string bundle_;  // the outermost one around that folder; empty when there is none
 };
 
 /// Looks up the surroundings of a location in a discovery, which must outlive it unchanged.

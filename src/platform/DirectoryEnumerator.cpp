@@ -284,10 +284,6 @@ std::error_code DirectoryEnumerator::readAttributes(FileAttributes& attributes) 
                                      attributes);
 }
 
-std::error_code DirectoryEnumerator::open(FileDescriptor& opened) {
-  return openIn(levels_.back(), name_, opened);
-}
-
 std::optional<DirectoryEnumerator::Subtree> DirectoryEnumerator::detachSubtree() {
   // The innermost folder may still be growing; the uppermost one promises the largest subtree.
   for (std::size_t index = uppermostOpen_; index + 1 < levels_.size(); ++index) {

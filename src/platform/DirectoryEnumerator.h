@@ -82,9 +82,6 @@ class DirectoryEnumerator {
   /// Reads the current entry's attributes; those of the link itself for a link.
   std::error_code readAttributes(FileAttributes& attributes);
 
-  /// Opens the current entry, which must be a folder.
-  std::error_code open(FileDescriptor& opened);
-
   /// A subfolder taken out of an enumeration.
   struct Subtree {
     FileDescriptor folder;

@@ -3,9 +3,25 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <climits>
 #include <utility>
 
 namespace broomtide {
+namespace {
+
+std::size_t endOfName(std::string_view path, std::size_t start) {
+  return std::min(path.find('/', start), path.size());
+}
+
+// As many components from `start` on as one system call takes.
+std::size_t endOfPiece(std::string_view path, std::size_t start) {
+  constexpr std::size_t longest = PATH_MAX - 1;
+  if (path.size() - start <= longest) return path.size();
+  const std::size_t slash = path.rfind('/', start + longest);
+  return slash > start && slash != std::string_view::npos ? slash : endOfName(path, start);
+}
+
+}  // namespace
 
 bool FileAttributes::isFolder() const { return typeBits == S_IFDIR; }
 bool FileAttributes::isRegularFile() const { return typeBits == S_IFREG; }
@@ -17,21 +33,23 @@ bool isNoFolderAnyMore(std::error_code error) {
 
 std::error_code openFolderBelow(FileManager& fileManager, int folder, std::string_view path,
                                 FileDescriptor& opened) {
-  const std::error_code error =
-      fileManager.openFolder(folder, std::string(path).c_str(), LinkPolicy::refuse, opened);
-  const bool isBeyondOneCall =
-      error == std::errc::filename_too_long || error == std::errc::function_not_supported;
-  if (!isBeyondOneCall) return error;
-
+  bool takesPaths = true;
   FileDescriptor current;
   for (std::size_t start = 0; start < path.size();) {
-    const std::size_t end = std::min(path.find('/', start), path.size());
-    const std::string name(path.substr(start, end - start));
-    FileDescriptor next;
+    const std::size_t end = takesPaths ? endOfPiece(path, start) : endOfName(path, start);
+    const std::string piece(path.substr(start, end - start));
     const int parent = current.isOpen() ? current.get() : folder;
-    const std::error_code failure =
-        fileManager.openFolder(parent, name.c_str(), LinkPolicy::doNotFollow, next);
-    if (failure) return failure;
+    FileDescriptor next;
+    const std::error_code error = fileManager.openFolder(
+        parent, piece.c_str(), takesPaths ? LinkPolicy::refuse : LinkPolicy::doNotFollow, next);
+    // What a system before Linux 5.6 says, and a sandbox that does not know the call.
+    const bool isUnknown =
+        error == std::errc::function_not_supported || error == std::errc::operation_not_permitted;
+    if (takesPaths && isUnknown) {
+      takesPaths = false;
+      continue;
+    }
+    if (error) return error;
     current = std::move(next);
     start = end + 1;
   }

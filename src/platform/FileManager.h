@@ -107,12 +107,14 @@ class FileManager {
   virtual std::error_code tryLock(int folder) = 0;
 };
 
-/// Opens the folder at `path`, which leads there from an open folder, with no link on the way and
-/// however long it is.
+/// Opens the folder at `path`, which leads there from an open folder and may be of any length. A
+/// link, or anything else that is no folder, on the way or at the end gives an error that
+/// isNoFolderAnyMore() recognises. `opened` is left alone on failure.
 std::error_code openFolderBelow(FileManager& fileManager, int folder, std::string_view path,
                                 FileDescriptor& opened);
 
-/// Reads the attributes of the item at such a path; those of the link itself when it is one.
+/// Reads the attributes of the item at such a path, whose last component may be a link: then those
+/// of the link itself.
 std::error_code readAttributesBelow(FileManager& fileManager, int folder, std::string_view path,
                                     FileAttributes& attributes);
 

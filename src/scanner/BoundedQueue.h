@@ -11,7 +11,7 @@
 
 namespace broomtide {
 
-/// Hands items from one thread to another, in order, and never holds more than a few.
+/// Hands items from one thread to another, in order, and never holds more than a given number.
 template <typename Item>
 class BoundedQueue {
  public:

@@ -64,8 +64,8 @@ class CacheScan {
         !attributes.isFolder()) {
       return;
     }
-    // Opened by its resolved path and without links, so that a link put in its way after it was
-    // found to lie inside leads nowhere.
+    // Opened later, by its resolved path and without links, so that a link put in its way after it
+    // was found to lie inside leads nowhere.
     const std::string resolved = PathSafety::resolved(location);
     if (!paths::isBelow(resolved, resolvedRoot_)) return;
     if (target.expandsChildren) {
@@ -96,7 +96,7 @@ class CacheScan {
                  const std::string& resolved) {
     checkForCancellation();
     std::string path = resolved.substr(resolvedRoot_.size() + 1);
-    items_.push_back({&target, location, measurements_.measure(std::move(path), location)});
+    items_.push_back({&target, location, measurements_.measure(std::move(path))});
   }
 
   void report(const CacheItem& item) {
@@ -109,8 +109,8 @@ class CacheScan {
     const std::string label = "Calculating " + path + "…";
     reports_.report(entries_, reports_.totalBytes(), label);
     if (!folder.isOpen) return;
-    Measurement::Result result =
-        item.measurement->await(stop_, [&](std::int64_t bytes, std::int64_t entries) {
+    Measurement::Result result = item.measurement->await(
+        item.location, stop_, [&](std::int64_t bytes, std::int64_t entries) {
           reports_.report(entries_ + entries, reports_.totalBytes() + bytes, label);
         });
     entries_ += result.entries;

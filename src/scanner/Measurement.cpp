@@ -39,7 +39,7 @@ Measurement::Folder Measurement::awaitFolder(const std::stop_token& stop) {
   return *folder_;
 }
 
-Measurement::Result Measurement::await(const std::stop_token& stop,
+Measurement::Result Measurement::await(const std::string& location, const std::stop_token& stop,
                                        const ProgressFunction& onProgress) {
   std::int64_t reported = 0;
   bool hasEnded = false;
@@ -52,7 +52,7 @@ Measurement::Result Measurement::await(const std::stop_token& stop,
     for (const std::int64_t bytes : passed) onProgress(bytes, reported += progressInterval);
   }
   onProgress(bytes_, entries_);
-  return {.bytes = bytes_, .entries = entries_, .issues = issuesInOrder()};
+  return {.bytes = bytes_, .entries = entries_, .issues = issuesInOrder(location)};
 }
 
 void Measurement::setFolder(const Folder& folder) {
@@ -91,13 +91,13 @@ void Measurement::addIssue(std::string relativePath, std::error_code error) {
   problems_.push_back({std::move(relativePath), error});
 }
 
-std::vector<ScanIssue> Measurement::issuesInOrder() {
+std::vector<ScanIssue> Measurement::issuesInOrder(const std::string& location) {
   std::ranges::stable_sort(problems_, comesFirst, &Problem::relativePath);
   std::vector<ScanIssue> issues;
   issues.reserve(problems_.size());
   for (const Problem& problem : problems_) {
     const std::string path =
-        problem.relativePath.empty() ? path_ : paths::appending(path_, problem.relativePath);
+        problem.relativePath.empty() ? location : paths::appending(location, problem.relativePath);
     issues.push_back(ScanIssue::about(path, problem.error.message()));
   }
   return issues;

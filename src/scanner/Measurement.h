@@ -2,7 +2,6 @@
 
 #include <atomic>
 #include <condition_variable>
-#include <cstddef>
 #include <cstdint>
 #include <exception>
 #include <functional>
@@ -11,6 +10,7 @@
 #include <stop_token>
 #include <string>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "core/ScanCandidate.h"
@@ -24,9 +24,9 @@ class Measurement {
  public:
   /// The folder itself, before anything in it was read.
   struct Folder {
-    bool isOpen = false;        ///< whether its entries can be read at all
+    bool isOpen = false;        ///< whether its entries can be read; if not, nothing is measured
     std::error_code error;      ///< set when it cannot be examined any more
-    FileAttributes attributes;  ///< those of no folder when it has turned into something else
+    FileAttributes attributes;  ///< without an error; no folder's when it is something else by now
   };
 
   struct Result {
@@ -41,9 +41,6 @@ class Measurement {
   /// How many entries lie between two progress calls.
   static constexpr std::int64_t progressInterval = 128;
 
-  /// `path` is the folder's absolute path, for issues.
-  explicit Measurement(std::string path) : path_(std::move(path)) {}
-
   /// Waits until the folder has been opened, and returns what was found there. Throws as await()
   /// does.
   Folder awaitFolder(const std::stop_token& stop);
@@ -51,7 +48,9 @@ class Measurement {
   /// Waits for the end and returns the result. Progress is called on the waiting thread, once for
   /// every full interval of entries and once at the end, also for what was counted before the wait
   /// began. Throws CancellationError once `stop` is asked to stop, and what made measuring fail.
-  Result await(const std::stop_token& stop, const ProgressFunction& onProgress);
+  /// Issues name what lies below `location`, the folder's absolute path.
+  Result await(const std::string& location, const std::stop_token& stop,
+               const ProgressFunction& onProgress);
 
   /// Says that nobody will ask for the result, so that measuring may end early.
   void abandon() { isAbandoned_.store(true, std::memory_order_relaxed); }
@@ -78,9 +77,8 @@ class Measurement {
   template <typename Condition>
   bool waitBriefly(std::unique_lock<std::mutex>& lock, const std::stop_token& stop,
                    Condition condition);
-  std::vector<ScanIssue> issuesInOrder();
+  std::vector<ScanIssue> issuesInOrder(const std::string& location);
 
-  const std::string path_;
   std::atomic<bool> isAbandoned_ = false;
 
   std::mutex mutex_;

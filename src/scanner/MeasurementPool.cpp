@@ -35,7 +35,7 @@ class MeasurementPool::Worker {
  private:
   // False when it was interrupted; the measurement then never ends.
   bool measure() {
-    if (!part_.folder.isOpen()) openWhole();
+    if (!part_.pathFromTop.empty()) openWhole();
     if (part_.folder.isOpen() && !addEntries()) return false;
     part_.measurement->endPart();
     part_.measurement.reset();
@@ -44,7 +44,7 @@ class MeasurementPool::Worker {
 
   // Identifies what is opened, so that what is measured is what was identified.
   void openWhole() {
-    const std::string path = std::exchange(part_.path, {});
+    const std::string path = std::exchange(part_.pathFromTop, {});
     if (part_.measurement->isAbandoned()) return;
     Measurement::Folder folder;
     folder.error = openFolderBelow(pool_.fileManager_, pool_.top_.get(), path, part_.folder);
@@ -104,6 +104,7 @@ class MeasurementPool::Worker {
     if (!subtree) return;
     part_.measurement->beginPart();
     pool_.give({.measurement = part_.measurement,
+                .pathFromTop = {},
                 .folder = std::move(subtree->folder),
                 .path = pathInMeasurement(subtree->relativePath)});
   }
@@ -131,9 +132,10 @@ MeasurementPool::MeasurementPool(FileManager& fileManager, FileDescriptor top, s
 
 MeasurementPool::~MeasurementPool() { stopping_.requestStop(); }
 
-std::shared_ptr<Measurement> MeasurementPool::measure(std::string path, std::string location) {
-  auto measurement = std::make_shared<Measurement>(std::move(location));
-  collected_.push_back({.measurement = measurement, .folder = {}, .path = std::move(path)});
+std::shared_ptr<Measurement> MeasurementPool::measure(std::string path) {
+  auto measurement = std::make_shared<Measurement>();
+  collected_.push_back(
+      {.measurement = measurement, .pathFromTop = std::move(path), .folder = {}, .path = {}});
   return measurement;
 }
 

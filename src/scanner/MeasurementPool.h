@@ -35,9 +35,9 @@ class MeasurementPool {
   MeasurementPool& operator=(const MeasurementPool&) = delete;
 
   /// Has a folder measured, from start() on; `path` leads there from the top, with no link on the
-  /// way, and `location` is its absolute path. Folders come from one thread. Handing over several
-  /// together costs that thread less than each on its own.
-  std::shared_ptr<Measurement> measure(std::string path, std::string location);
+  /// way. Folders come from one thread. Handing over several together costs that thread less than
+  /// each on its own.
+  std::shared_ptr<Measurement> measure(std::string path);
 
   /// Starts what was given to measure(), from the same thread, which counts as one of the threads
   /// as long as there is another one.
@@ -49,11 +49,13 @@ class MeasurementPool {
  private:
   class Worker;
 
-  // A folder to be added to a measurement: the whole folder, not open yet, or one below it.
+  // A folder to be added to a measurement: the whole folder, still to be opened, or an open one
+  // below it.
   struct Part {
     std::shared_ptr<Measurement> measurement;
+    std::string pathFromTop;  // of a whole folder
     FileDescriptor folder;
-    std::string path;  // from the top of the pool; once it is open, from the folder being measured
+    std::string path;  // of a folder below it, from there
   };
 
   void startThreads(std::size_t count);

@@ -29,8 +29,11 @@ TreeScan::TreeScan(std::string root, ScanMode mode, Date now, FileManager& fileM
       reports_(reports) {}
 
 ScanOutcome TreeScan::run() {
-  MeasurementPool measurements(fileManager_, openTop(), settings_.measuringThreads, stop_);
-  WalkAhead ahead(openTop(),
+  FileDescriptor top = open(workingDirectory, root_);
+  FileDescriptor topOfWalk =
+      open(top.get(), ".");  // the same folder, whatever is renamed meanwhile
+  MeasurementPool measurements(fileManager_, std::move(top), settings_.measuringThreads, stop_);
+  WalkAhead ahead(std::move(topOfWalk),
                   {.root = root_,
                    .mode = mode_,
                    .now = now_,
@@ -54,12 +57,12 @@ ScanOutcome TreeScan::run() {
           .projects = std::move(discovery_.projects)};
 }
 
-FileDescriptor TreeScan::openTop() {
-  FileDescriptor top;
-  if (fileManager_.openFolder(workingDirectory, root_.c_str(), LinkPolicy::follow, top)) {
+FileDescriptor TreeScan::open(int folder, const std::string& name) {
+  FileDescriptor opened;
+  if (fileManager_.openFolder(folder, name.c_str(), LinkPolicy::follow, opened)) {
     throw ScannerError(ScannerError::Case::permissionDenied);
   }
-  return top;
+  return opened;
 }
 
 void TreeScan::takeDiscovery(ProjectDiscovery discovery) {
@@ -93,7 +96,7 @@ void TreeScan::visit(const WalkStep& step) {
   }
 }
 
-void TreeScan::visitMatch(const std::string& relativePath, WalkMatch& match) {
+void TreeScan::visitMatch(const std::string& relativePath, const WalkMatch& match) {
   const std::string location = paths::appending(root_, relativePath);
   const Surroundings around = surroundings(location, match.rule->kind);
   const std::optional<RuleEvaluation>& evaluation = evaluate(*match.rule, around);
@@ -101,40 +104,40 @@ void TreeScan::visitMatch(const std::string& relativePath, WalkMatch& match) {
     if (match.measurement) match.measurement->abandon();
     return;
   }
+  const bool isFolder = match.rule->kind == CandidateKind::directory;
   Measurement::Folder folder;
-  if (match.measurement) {
+  if (isFolder) {
     folder = match.measurement->awaitFolder(stop_);
     if (!folder.error && !folder.attributes.isFolder()) return;
-    match.error = folder.error;
-    match.attributes = folder.attributes;
   }
+  const FileAttributes& attributes = isFolder ? folder.attributes : match.attributes;
+  const std::error_code error = isFolder ? folder.error : match.error;
 
-  const bool isFolder = match.rule->kind == CandidateKind::directory;
   const std::string label = isFolder ? "Calculating " + relativePath + "…" : relativePath;
   reports_.report(entries_, reports_.totalBytes(), label);
-  if (match.error) {
-    const bool hasVanished = match.error == std::errc::no_such_file_or_directory;
-    addIssue(relativePath, hasVanished ? "The item disappeared while it was being scanned."
-                                       : match.error.message());
+  if (error) {
+    const bool hasVanished = error == std::errc::no_such_file_or_directory;
+    addIssue(relativePath,
+             hasVanished ? "The item disappeared while it was being scanned." : error.message());
     return;
   }
 
   std::int64_t size = 0;
   if (folder.isOpen) {
-    size = measure(label, *match.measurement);
+    size = measure(location, label, *match.measurement);
   } else if (!isFolder) {
-    size = match.attributes.allocatedBytes;
+    size = attributes.allocatedBytes;
   }
   reports_.add({
       .url = location,
       .relativePath = relativePath,
       .kind = match.rule->kind,
       .size = size,
-      .modificationDate = match.attributes.modificationDate,
+      .modificationDate = attributes.modificationDate,
       .category = match.rule->category,
       .safety = evaluation->safety,
       .explanation = match.rule->explanation,
-      .fileIdentity = FileIdentity::token(match.attributes),
+      .fileIdentity = FileIdentity::token(attributes),
       .isSelected = evaluation->isSelected,
       .projectRoot = around.project ? std::optional(around.project->root) : std::nullopt,
       .gitRoot = around.gitRoot ? std::optional(*around.gitRoot) : std::nullopt,
@@ -180,11 +183,12 @@ const std::optional<RuleEvaluation>& TreeScan::evaluate(const ScanRule& rule,
   return judgement_;
 }
 
-std::int64_t TreeScan::measure(const std::string& label, Measurement& measurement) {
+std::int64_t TreeScan::measure(const std::string& location, const std::string& label,
+                               Measurement& measurement) {
   const auto onProgress = [&](std::int64_t bytes, std::int64_t entries) {
     reports_.report(entries_ + entries, reports_.totalBytes() + bytes, label);
   };
-  Measurement::Result result = measurement.await(stop_, onProgress);
+  Measurement::Result result = measurement.await(location, stop_, onProgress);
   entries_ += result.entries;
   std::ranges::move(result.issues, std::back_inserter(issues_));
   return result.bytes;

@@ -30,10 +30,6 @@ class TreeScan {
   ScanOutcome run();
 
  private:
-  FileDescriptor openTop();
-  void takeDiscovery(ProjectDiscovery discovery);
-  void visit(const WalkStep& step);
-  void visitMatch(const std::string& relativePath, WalkMatch& match);
   // Where a match lies and what is known of it there.
   struct Surroundings {
     const ProjectContext* project;
@@ -43,9 +39,14 @@ class TreeScan {
     bool operator==(const Surroundings&) const = default;
   };
 
+  FileDescriptor open(int folder, const std::string& name);
+  void takeDiscovery(ProjectDiscovery discovery);
+  void visit(const WalkStep& step);
+  void visitMatch(const std::string& relativePath, const WalkMatch& match);
   Surroundings surroundings(const std::string& location, CandidateKind kind);
   const std::optional<RuleEvaluation>& evaluate(const ScanRule& rule, const Surroundings& around);
-  std::int64_t measure(const std::string& label, Measurement& measurement);
+  std::int64_t measure(const std::string& location, const std::string& label,
+                       Measurement& measurement);
   void addIssue(const std::string& path, std::string message);
 
   const std::string root_;

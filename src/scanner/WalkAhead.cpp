@@ -6,7 +6,6 @@
 #include <optional>
 #include <utility>
 
-#include "core/Paths.h"
 #include "core/ScannerError.h"
 #include "platform/DirectoryEnumerator.h"
 #include "platform/PathSafety.h"
@@ -21,13 +20,13 @@ constexpr std::size_t mostBatchesOf(ScanMode mode) {
   return mode == ScanMode::project ? std::numeric_limits<std::size_t>::max() : 16;
 }
 
-constexpr std::size_t mostSteps = 512;
+constexpr std::size_t mostRecords = 512;
 constexpr std::size_t mostText = 64 * 1024;
 constexpr std::size_t mostFolders = 8;
 
 using Clock = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds longestDelay{10};
-constexpr std::size_t stepsPerClockReading = 16;
+constexpr std::size_t entriesPerClockReading = 16;
 
 }  // namespace
 
@@ -61,11 +60,10 @@ class WalkAhead::Walker {
  private:
   // Waking the reader up costs as much as many steps, so it gets them in large portions.
   bool isTimeToFlush() {
-    const std::size_t steps = steps_.batch().stepCount();
-    if (steps >= mostSteps || steps_.batch().textSize() >= mostText || folders_ >= mostFolders) {
-      return true;
-    }
-    return steps % stepsPerClockReading == 0 && Clock::now() - lastFlush_ > longestDelay;
+    const WalkBatch& batch = steps_.batch();
+    if (batch.recordCount() >= mostRecords || batch.textSize() >= mostText) return true;
+    if (folders_ >= mostFolders) return true;
+    return ++entriesSeen_ % entriesPerClockReading == 0 && Clock::now() - lastFlush_ > longestDelay;
   }
 
   void flush() {
@@ -136,11 +134,9 @@ class WalkAhead::Walker {
   }
 
   void addFolder(const ScanRule& rule) {
-    std::string path(entries_.relativePath());
-    std::string location = paths::appending(setup_.root, path);
     WalkMatch match;
     match.rule = &rule;
-    match.measurement = setup_.measurements.measure(std::move(path), std::move(location));
+    match.measurement = setup_.measurements.measure(std::string(entries_.relativePath()));
     ++folders_;
     addMatch(std::move(match));
   }
@@ -212,6 +208,7 @@ class WalkAhead::Walker {
   ProjectDetector projects_;
   WalkWriter steps_;
   std::size_t folders_ = 0;  // in the batch that are to be measured
+  std::size_t entriesSeen_ = 0;
   Clock::time_point lastFlush_ = Clock::now();
   const bool nothingIsInside_ = PathSafety::resolved(setup_.root) == "/";
 };

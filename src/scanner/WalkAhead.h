@@ -16,9 +16,9 @@
 
 namespace broomtide {
 
-/// Walks a tree on a thread of its own, ahead of its reader, and has every matched folder measured
-/// as soon as it is met. In a project scan the same walk finds the projects and repositories, which
-/// the reader waits for before it looks at any step.
+/// Walks a tree on a thread of its own, ahead of its reader, and while it goes on has every matched
+/// folder measured that the rules may accept where it lies. In a project scan the same walk finds
+/// the projects and repositories, which the reader waits for before it looks at any step.
 class WalkAhead {
  public:
   struct Setup {
@@ -39,8 +39,9 @@ class WalkAhead {
   WalkAhead(const WalkAhead&) = delete;
   WalkAhead& operator=(const WalkAhead&) = delete;
 
-  /// Waits for the end of a project scan's walk and returns what it found, once. Throws what the
-  /// walk threw, and CancellationError once `stop` is asked to stop.
+  /// Waits for the end of the walk and returns the projects that it found: to be called once, in
+  /// project mode, before next(). Throws what the walk threw, and CancellationError when `stop` was
+  /// asked to stop before the end.
   ProjectDiscovery awaitDiscovery();
 
   /// The next step, valid until the next call; null at the end, and once `stop` is asked to stop.

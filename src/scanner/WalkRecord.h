@@ -18,7 +18,7 @@ namespace broomtide {
 struct WalkMatch {
   const ScanRule* rule = nullptr;
   std::error_code error;      ///< set when a file cannot be examined any more
-  FileAttributes attributes;  ///< of a file
+  FileAttributes attributes;  ///< of a file that can
 
   std::shared_ptr<Measurement> measurement;  ///< of a folder
 };
@@ -36,7 +36,7 @@ struct WalkStep {
   Kind kind;
   std::string_view folder;             ///< the path below the scanned folder
   std::string_view name;               ///< empty for the folder itself
-  WalkMatch* match = nullptr;          ///< of a matched entry
+  const WalkMatch* match = nullptr;    ///< of a matched entry
   const std::string* issue = nullptr;  ///< what the problem is
 
   /// The path below the scanned folder.
@@ -47,8 +47,8 @@ struct WalkStep {
 /// project scan are kept until every project is known.
 class WalkBatch {
  public:
-  /// How many steps there are, and how many bytes of text belong to them.
-  std::size_t stepCount() const { return records_.size(); }
+  /// How large it has become: in records, of which a step takes one or two, and in bytes of text.
+  std::size_t recordCount() const { return records_.size(); }
   std::size_t textSize() const { return text_.size(); }
 
  private:

@@ -160,15 +160,25 @@ class Entries:
         if self.chance(0.12):
             build = self.random.choice([self.folder, self.any_link, self.special])
             build(folder + b"/" + self.random.choice(nasty_names.MANIFEST_FILES))
-        if self.chance(0.12):
-            bundle = folder + b"/" + self.random.choice(nasty_names.BUNDLES)
-            build = self.random.choice([self.folder, self.folder, self.file, self.any_link])
-            if build(bundle) and os.path.isdir(bundle) and not os.path.islink(bundle):
-                kinds.add("swift")
-                self.file(bundle + b"/package.json", 10)
-                self.file(bundle + b"/run.log")
-                for rule in self.random.sample(rules.PROJECT_RULES, 2):
-                    self.artefact(bundle, rule)
-                if self.chance(0.3):
-                    self.repositories.append(bundle)
+        if self.chance(0.15):
+            for name in self.some(nasty_names.BUNDLES, 3):
+                kinds |= self.bundle(folder + b"/" + name)
         return kinds
+
+    def bundle(self, path):
+        """Whatever lies in one makes no project."""
+        build = self.random.choice([self.folder, self.folder, self.folder, self.file, self.any_link])
+        if not build(path) or not os.path.isdir(path) or os.path.islink(path):
+            return set()
+        self.file(path + b"/package.json", 10)
+        self.file(path + b"/run.log")
+        for rule in self.random.sample(rules.PROJECT_RULES, 2):
+            self.artefact(path, rule)
+        if self.chance(0.3):
+            self.repositories.append(path)
+        inner = path + b"/inner"
+        if self.chance(0.5) and self.folder(inner):
+            self.file(inner + b"/go.mod", 10)
+            self.file(inner + b"/.git", 10)
+            self.artefact(inner, self.random.choice(rules.PROJECT_RULES))
+        return {"swift"}

@@ -21,10 +21,10 @@ class Measuring : public testing::Test {
                                   LinkPolicy::doNotFollow, top));
     MeasurementPool pool(files, std::move(top), threads, {});
     calls.clear();
-    const auto measurement = pool.measure(root.filename(), root);
+    const auto measurement = pool.measure(root.filename());
     pool.finish();
     EXPECT_TRUE(measurement->awaitFolder({}).isOpen);
-    return measurement->await({}, [this](std::int64_t bytes, std::int64_t entries) {
+    return measurement->await(tree.root(), {}, [this](std::int64_t bytes, std::int64_t entries) {
       calls.emplace_back(bytes, entries);
     });
   }

@@ -177,18 +177,57 @@ TEST(TreeScan, AcceptsWhatLiesInAProjectOfTheRightKind) {
                            "f/web/webpack/package.json", "g/package.json", "g/target/x"}) {
     tree.file(path);
   }
+  FaultyFileManager files;
+  files.onOpen = [](const std::string& name) {
+    EXPECT_FALSE(name.ends_with("b/dist") || name.ends_with("g/target")) << "measured for nothing";
+    return std::error_code();
+  };
   EXPECT_THAT(
-      pathsOf(ScanRecorder().scan(tree.root())),
+      pathsOf(ScanRecorder(files).scan(tree.root())),
       testing::UnorderedElementsAre("a/dist", "d/deep/down/dist", "f/src/target", "f/web/target"));
+}
+
+// Neighbours of one kind in one project, which differ in nothing but what Git says.
+TEST(TreeScan, JudgesEachNeighbourForItself) {
+  TemporaryTree tree;
+  tree.file("package.json");
+  for (const char* folder : {"a", "b", "c", "d"}) tree.file(std::string(folder) + "/.next/f", "x");
+  tree.file("c/.gitignore", ".next\n");
+  for (const char* folder : {"b", "c", "d"}) tree.repository(folder);
+  tree.run("rm -r b/.git/refs; rm d/.git/index");
+  std::vector<std::string> reasons;
+  for (const ScanCandidate& candidate : ScanRecorder().scan(tree.root()).candidates) {
+    reasons.push_back(candidate.relativePath + ": " + candidate.evidence.lines()[1]);
+  }
+  EXPECT_THAT(reasons, testing::UnorderedElementsAre(
+                           "a/.next: No Git repository was detected for this project.",
+                           "c/.next: The path is ignored by Git.",
+                           "d/.next: The path is untracked, but not explicitly ignored by Git.",
+                           "b/.next: Git status could not be verified."));
+}
+
+TEST(TreeScan, MeasuresNothingThatItCannotIdentify) {
+  TemporaryTree tree;
+  tree.file("package.json");
+  tree.file(".next/f", "x");
+  FaultyFileManager files;
+  files.onAttributes = [](const std::string& name) {
+    EXPECT_NE(name, "f");
+    return std::make_error_code(name.empty() ? std::errc::io_error : std::errc());
+  };
+  const ScanResult result = ScanRecorder(files).scan(tree.root());
+  EXPECT_TRUE(result.candidates.empty());
+  EXPECT_EQ(issuesOf(result, tree.root()), std::vector<std::string>{".next: Input/output error"});
 }
 
 TEST(TreeScan, ReachesWhatLiesDeeperThanAnyPathMayBeLong) {
   TemporaryTree tree;
   const std::string name(200, 'd');
-  tree.run("echo > package.json; for i in $(seq 30); do mkdir " + name + " && cd " + name +
+  tree.run("echo > package.json; for i in $(seq 30); do mkdir " + name + " && cd -P " + name +
            "; done; mkdir -p node_modules/m; head -c 5000 /dev/zero > node_modules/m/f");
   const ScanResult result = ScanRecorder().scan(tree.root());
   ASSERT_EQ(result.candidates.size(), 1U);
+  EXPECT_GT(result.candidates[0].relativePath.size(), 6000U);
   EXPECT_EQ(result.candidates[0].size, 8192);
   EXPECT_TRUE(result.issues.empty());
 }
@@ -198,7 +237,8 @@ TEST(TreeScan, NothingLiesInsideTheRootOfTheFileSystem) {
   tree.link("/", "everything");
   FaultyFileManager files;
   files.onOpen = [](const std::string& name) {  // keeps the test from reading the whole machine
-    return std::make_error_code(name.starts_with('/') ? std::errc() : std::errc::permission_denied);
+    const bool isRoot = name.starts_with('/') || name == ".";
+    return std::make_error_code(isRoot ? std::errc() : std::errc::permission_denied);
   };
   std::vector<std::vector<std::string>> passedOver;
   for (const ScanMode mode : {ScanMode::downloads, ScanMode::project}) {

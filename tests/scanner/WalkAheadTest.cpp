@@ -1,6 +1,7 @@
 #include "scanner/WalkAhead.h"
 
-#include <random>
+#include <chrono>
+#include <future>
 
 #include "core/ScannerError.h"
 #include "support/FaultyFileManager.h"
@@ -90,12 +91,54 @@ TEST_F(Walking, FindsProjectsAndRepositoriesDeepestFirst) {
   }
 }
 
-TEST_F(Walking, EndsWhenItRunsOutOfOpenFiles) {
-  tree.folder("a");
+TEST_F(Walking, LooksForNoProjectsInBundles) {
+  for (const char* path :
+       {"App.xcodeproj/project.xcworkspace/x", "App.xcodeproj/shared/go.mod", "App.xcodeproj/x/y",
+        "App.xcworkspace/shared/package.json", "App.xcworkspace/shared/.git/HEAD", "src/x"}) {
+    tree.file(path);
+  }
   files.onOpen = [](const std::string& name) {
-    return std::make_error_code(name == "a" ? std::errc::too_many_files_open : std::errc());
+    const bool isClosed = name == "x" || name == "src";
+    return std::make_error_code(isClosed ? std::errc::permission_denied : std::errc());
   };
-  EXPECT_THROW(discover(), std::system_error);
+  const ProjectDiscovery discovery = discover();
+  EXPECT_EQ(describe(discovery, tree.root()),
+            std::vector<std::string>{".: swift [App.xcodeproj] [App.xcworkspace]"});
+  EXPECT_TRUE(discovery.gitRoots.empty());
+  EXPECT_EQ(discovery.entriesInspected, 3);
+  ASSERT_EQ(discovery.issues.size(), 1U);
+  EXPECT_EQ(discovery.issues[0].path, tree.path("src"));
+}
+
+TEST_F(Walking, EndsWhenItRunsOutOfOpenFilesOrMemory) {
+  tree.folder("a");
+  for (const std::errc failure :
+       {std::errc::too_many_files_open, std::errc::too_many_files_open_in_system,
+        std::errc::not_enough_memory}) {
+    files.onOpen = [failure](const std::string& name) {
+      return std::make_error_code(name == "a" ? failure : std::errc());
+    };
+    EXPECT_THROW(discover(), std::system_error);
+  }
+}
+
+// The last folder is not read before one that was matched earlier is being measured.
+TEST_F(Walking, HasFoldersMeasuredWhileItGoesOn) {
+  tree.file("package.json");
+  for (int number = 10; number < 60; ++number) {
+    tree.folder(std::to_string(number) + "/node_modules");
+  }
+  tree.folder("last");
+  std::promise<void> isMeasured;
+  const std::shared_future<void> measured = isMeasured.get_future().share();
+  files.onOpen = [&](const std::string& name) {
+    if (name == "10/node_modules") isMeasured.set_value();
+    if (name == "last") {
+      EXPECT_EQ(measured.wait_for(std::chrono::seconds(20)), std::future_status::ready);
+    }
+    return std::error_code();
+  };
+  discover();
 }
 
 TEST_F(Walking, StopsWhenAskedTo) {
@@ -104,73 +147,6 @@ TEST_F(Walking, StopsWhenAskedTo) {
   std::stop_source stopping;
   onRepository = [&](const std::string&) { stopping.request_stop(); };
   EXPECT_THROW(discover(stopping.get_token()), CancellationError);
-}
-
-std::string describe(const WalkStep& step) {
-  switch (step.kind) {
-    case WalkStep::Kind::passedOver:
-      return "passed over";
-    case WalkStep::Kind::unmatched:
-      return "unmatched " + step.relativePath();
-    case WalkStep::Kind::matched:
-      return "matched " + step.relativePath() + ' ' + step.match->error.message();
-    case WalkStep::Kind::entryIssue:
-      return "entry " + step.relativePath() + ' ' + *step.issue;
-    case WalkStep::Kind::folderIssue:
-      return "folder " + step.relativePath() + ' ' + *step.issue;
-  }
-  return {};
-}
-
-// What is read is what was written, wherever the walk went and however it was cut into batches.
-TEST(WalkRecord, GivesBackEveryStep) {
-  std::mt19937 random(1);
-  const auto below = [&random](std::size_t end) { return random() % end; };
-  WalkWriter writer;
-  WalkReader reader;
-  std::string folder;
-  for (int batch = 0; batch < 200; ++batch) {
-    std::vector<std::string> written;
-    for (std::size_t step = below(20); step > 0; --step) {
-      for (std::size_t up = below(4); up > 0 && !folder.empty(); --up) {
-        folder.resize(std::min(folder.rfind('/'), folder.size()) % folder.size());
-      }
-      for (std::size_t down = below(4); down > 0; --down) {
-        folder += (folder.empty() ? "" : "/") + std::string(below(5) + 1, 'a');
-      }
-      const std::string name(below(5) + 1, 'b');
-      const std::string path = folder.empty() ? name : folder + "/" + name;
-      const std::error_code error(static_cast<int>(below(100)), std::generic_category());
-      switch (below(5)) {
-        case 0:
-          writer.addPassedOver();
-          written.emplace_back("passed over");
-          break;
-        case 1:
-          writer.addUnmatched(folder, name);
-          written.push_back("unmatched " + path);
-          break;
-        case 2: {
-          WalkMatch match;
-          match.error = error;
-          writer.addMatch(folder, name, match);
-          written.push_back("matched " + path + ' ' + error.message());
-          break;
-        }
-        case 3:
-          writer.addEntryIssue(folder, name, error.message());
-          written.push_back("entry " + path + ' ' + error.message());
-          break;
-        default:
-          writer.addFolderIssue(path, error.message());
-          written.push_back("folder " + path + ' ' + error.message());
-      }
-    }
-    reader.begin(writer.take());
-    std::vector<std::string> read;
-    while (const WalkStep* step = reader.next()) read.push_back(describe(*step));
-    EXPECT_EQ(read, written);
-  }
 }
 
 }  // namespace
