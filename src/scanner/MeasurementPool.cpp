@@ -9,6 +9,15 @@
 #include "platform/DirectoryEnumerator.h"
 
 namespace broomtide {
+namespace {
+
+// How many threads leave a processor to the one that hands in the folders.
+std::size_t threadsBesideAnother(std::size_t threads) {
+  const std::size_t processors = std::max(std::thread::hardware_concurrency(), 1U);
+  return std::max<std::size_t>(std::min(threads, processors) - 1, 1);
+}
+
+}  // namespace
 
 // What one thread does.
 class MeasurementPool::Worker {
@@ -128,6 +137,7 @@ MeasurementPool::MeasurementPool(FileManager& fileManager, FileDescriptor top, s
     : fileManager_(fileManager),
       top_(std::move(top)),
       threadCount_(threads),
+      threadsBeside_(threadsBesideAnother(threads)),
       stopping_(std::move(stop)) {}
 
 MeasurementPool::~MeasurementPool() { stopping_.requestStop(); }
@@ -141,7 +151,7 @@ std::shared_ptr<Measurement> MeasurementPool::measure(std::string path) {
 
 void MeasurementPool::start() {
   if (collected_.empty()) return;
-  startThreads(std::max<std::size_t>(threadCount_ - 1, 1));
+  startThreads(threadsBeside_);
   {
     const std::scoped_lock lock(mutex_);
     std::ranges::move(collected_, std::back_inserter(folders_));

@@ -39,11 +39,11 @@ class MeasurementPool {
   /// each on its own.
   std::shared_ptr<Measurement> measure(std::string path);
 
-  /// Starts what was given to measure(), from the same thread, which counts as one of the threads
-  /// as long as there is another one.
+  /// Starts what was given to measure(), from the same thread, to which the threads leave a
+  /// processor until finish().
   void start();
 
-  /// Starts the rest and says that no more will come, so that one more thread can measure.
+  /// Starts the rest and says that no more will come, so that all threads can measure.
   void finish();
 
  private:
@@ -67,7 +67,8 @@ class MeasurementPool {
   FileManager& fileManager_;
   const FileDescriptor top_;
   const std::size_t threadCount_;
-  std::vector<Part> collected_;  // not handed over yet
+  const std::size_t threadsBeside_;  // while folders are still handed in
+  std::vector<Part> collected_;      // not handed over yet
 
   std::mutex mutex_;
   std::condition_variable_any added_;

@@ -22,7 +22,6 @@ constexpr std::size_t mostBatchesOf(ScanMode mode) {
 
 constexpr std::size_t mostRecords = 512;
 constexpr std::size_t mostText = 64 * 1024;
-constexpr std::size_t mostFolders = 8;
 
 using Clock = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds longestDelay{10};
@@ -58,17 +57,16 @@ class WalkAhead::Walker {
   }
 
  private:
-  // Waking the reader up costs as much as many steps, so it gets them in large portions.
+  // Waking another thread up costs as much as many steps, so the reader and the threads that
+  // measure get what there is for them in large portions.
   bool isTimeToFlush() {
     const WalkBatch& batch = steps_.batch();
     if (batch.recordCount() >= mostRecords || batch.textSize() >= mostText) return true;
-    if (folders_ >= mostFolders) return true;
     return ++entriesSeen_ % entriesPerClockReading == 0 && Clock::now() - lastFlush_ > longestDelay;
   }
 
   void flush() {
     setup_.measurements.start();
-    folders_ = 0;
     lastFlush_ = Clock::now();
     batches_.push(steps_.take(), stop_);
   }
@@ -137,7 +135,6 @@ class WalkAhead::Walker {
     WalkMatch match;
     match.rule = &rule;
     match.measurement = setup_.measurements.measure(std::string(entries_.relativePath()));
-    ++folders_;
     addMatch(std::move(match));
   }
 
@@ -207,7 +204,6 @@ class WalkAhead::Walker {
   DirectoryEnumerator entries_;
   ProjectDetector projects_;
   WalkWriter steps_;
-  std::size_t folders_ = 0;  // in the batch that are to be measured
   std::size_t entriesSeen_ = 0;
   Clock::time_point lastFlush_ = Clock::now();
   const bool nothingIsInside_ = PathSafety::resolved(setup_.root) == "/";

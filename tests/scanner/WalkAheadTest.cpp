@@ -125,14 +125,14 @@ TEST_F(Walking, EndsWhenItRunsOutOfOpenFilesOrMemory) {
 // The last folder is not read before one that was matched earlier is being measured.
 TEST_F(Walking, HasFoldersMeasuredWhileItGoesOn) {
   tree.file("package.json");
-  for (int number = 10; number < 60; ++number) {
+  for (int number = 100; number < 500; ++number) {
     tree.folder(std::to_string(number) + "/node_modules");
   }
   tree.folder("last");
   std::promise<void> isMeasured;
   const std::shared_future<void> measured = isMeasured.get_future().share();
   files.onOpen = [&](const std::string& name) {
-    if (name == "10/node_modules") isMeasured.set_value();
+    if (name == "100/node_modules") isMeasured.set_value();
     if (name == "last") {
       EXPECT_EQ(measured.wait_for(std::chrono::seconds(20)), std::future_status::ready);
     }
