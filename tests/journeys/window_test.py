@@ -7,6 +7,7 @@ import os
 import re
 import select
 import subprocess
+import tempfile
 import time
 import unittest
 import urllib.parse
@@ -447,7 +448,9 @@ class Leaving(WindowJourney):
 
 class WithoutWindow(unittest.TestCase):
     def test_a_start_that_needs_or_gets_no_window_says_so(self):
-        offscreen = {"QT_QPA_PLATFORM": "offscreen", "XDG_RUNTIME_DIR": "/nonexistent"}
+        runtime = tempfile.TemporaryDirectory()  # Qt creates a missing one
+        self.addCleanup(runtime.cleanup)
+        offscreen = {"QT_QPA_PLATFORM": "offscreen", "XDG_RUNTIME_DIR": runtime.name}
         for arguments, changes, status, said in [
             (["--version"], {}, 0, r"broomtide \d+\.\d+\.\d+\n"),
             (["--help"], {}, 0, "Usage: broomtide\n.*broomtide-cli.*"),
