@@ -23,7 +23,7 @@ using namespace std::chrono_literals;
 constexpr Date someDay = std::chrono::sys_days{2026y / 3 / 1};
 
 ScanCandidate item(const std::string& path, std::int64_t size, SafetyLevel safety,
-                   const std::string& category, GitItemStatus status) {
+                   std::string_view category, GitItemStatus status) {
   ScanCandidate result;
   result.url = "/home/ada/src/" + path;
   result.relativePath = path;
