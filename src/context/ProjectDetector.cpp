@@ -90,6 +90,7 @@ ProjectDetector::ProjectDetector(std::string root, RepositoryFunction onReposito
 void ProjectDetector::enterFolder(std::string_view path) {
   folder_ = path;
   if (!isInBundle(path)) bundle_ = isXcodeBundle(path) ? path : std::string_view();
+  if (bundle_.empty() && folderWithIssue_ == path) addRepository();
 }
 
 bool ProjectDetector::isInBundle(std::string_view path) const {
@@ -99,13 +100,12 @@ bool ProjectDetector::isInBundle(std::string_view path) const {
 void ProjectDetector::addEntry(std::string_view name, EntryType type) {
   if (!bundle_.empty()) return;
   ++discovery_.entriesInspected;
-  if (type != EntryType::file && type != EntryType::folder) return;
+  if (type == EntryType::link || type == EntryType::other) return;
   if (name == ".git") {
-    discovery_.gitRoots.push_back(location(folder_));
-    onRepository_(discovery_.gitRoots.back());
+    addRepository();  // also when it cannot be examined: Git knows better
   } else if (type == EntryType::folder) {
     if (isXcodeBundle(name)) addManifest(swift, name);
-  } else if (const auto kind = manifestKind(name)) {
+  } else if (const auto kind = manifestKind(name); kind && type == EntryType::file) {
     addManifest(*kind, name);
   }
 }
@@ -117,8 +117,16 @@ void ProjectDetector::addIssue(std::string_view path, std::error_code error) {
       error == std::errc::too_many_files_open_in_system || error == std::errc::not_enough_memory) {
     throw std::system_error(error);
   }
+  folderWithIssue_ = path;
   if (isXcodeBundle(path) || isInBundle(path)) return;
   discovery_.issues.push_back(ScanIssue::about(location(path), error.message()));
+}
+
+void ProjectDetector::addRepository() {
+  std::string root = location(folder_);
+  if (!discovery_.gitRoots.empty() && discovery_.gitRoots.back() == root) return;
+  discovery_.gitRoots.push_back(std::move(root));
+  onRepository_(discovery_.gitRoots.back());
 }
 
 void ProjectDetector::addManifest(ProjectKind kind, std::string_view name) {

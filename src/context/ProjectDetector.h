@@ -43,8 +43,10 @@ class ProjectDetector {
   /// before the next one is entered.
   void addEntry(std::string_view name, EntryType type);
 
-  /// Records a problem with a folder, given by its path below the root. Throws std::system_error
-  /// when open files or memory have run out, because a repository may be hidden in that folder.
+  /// Records a problem with a folder, given by its path below the root. When the folder is entered
+  /// next, not all of its entries are known, and it counts as a repository: Git knows better.
+  /// Throws std::system_error when open files or memory have run out, because a repository may be
+  /// hidden in that folder.
   void addIssue(std::string_view path, std::error_code error);
 
   /// The deepest project around what lies in a folder, null when there is none. The folder is the
@@ -66,6 +68,7 @@ class ProjectDetector {
   };
 
   bool isInBundle(std::string_view path) const;
+  void addRepository();
   void addManifest(ProjectKind kind, std::string_view name);
   std::string location(std::string_view path) const;
 
@@ -74,7 +77,8 @@ class ProjectDetector {
   ProjectDiscovery discovery_;
   std::map<std::string, ProjectContext> projects_;  // by root; manifests as they come
   std::vector<Enclosing> enclosing_;
-  std::string folder_;  // entered last
+  std::string folder_;                          // entered last
+  std::optional<std::string> folderWithIssue_;  // the last one
   std::string bundle_;  // the outermost one around that folder; empty when there is none
 };
 

@@ -2,6 +2,7 @@
 
 #include <dirent.h>
 
+#include <algorithm>
 #include <cstring>
 
 namespace broomtide::test {
@@ -15,6 +16,7 @@ std::error_code FaultyFileManager::openFolder(int folder, const char* name, Link
 std::error_code FaultyFileManager::readFolder(int folder, std::span<std::byte> buffer,
                                               std::size_t& filled) {
   if (const std::error_code error = onRead()) return error;
+  if (mostBytesPerRead > 0) buffer = buffer.first(std::min(buffer.size(), mostBytesPerRead));
   const std::error_code error = systemFileManager().readFolder(folder, buffer, filled);
   for (std::size_t position = 0; hidesTypes && position < filled;) {
     std::uint16_t length = 0;
@@ -32,11 +34,11 @@ std::error_code FaultyFileManager::readAttributes(int folder, const char* name, 
 }
 
 bool FaultyFileManager::isReadable(const std::string& path) {
-  return systemFileManager().isReadable(path);
+  return !onCheck(path) && systemFileManager().isReadable(path);
 }
 
 bool FaultyFileManager::isExecutableFile(const std::string& path) {
-  return systemFileManager().isExecutableFile(path);
+  return !onCheck(path) && systemFileManager().isExecutableFile(path);
 }
 
 std::error_code FaultyFileManager::openFile(int folder, const char* name, LinkPolicy links,

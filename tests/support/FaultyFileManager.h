@@ -20,6 +20,11 @@ class FaultyFileManager final : public FileManager {
   /// Called before an operation on files, and before one that changes something, with its name and
   /// the name it works on, such as "createFile notes.txt".
   Interception onChange = [](const std::string&) { return std::error_code(); };
+  /// Called before it is asked whether a path can be read or executed; an error makes the answer
+  /// no.
+  Interception onCheck = [](const std::string&) { return std::error_code(); };
+  /// As if the buffer for the entries of a folder were this small, in bytes; 0 for as it is.
+  std::size_t mostBytesPerRead = 0;
   bool hidesTypes = false;  ///< folders do not tell the types of their entries
 
   std::error_code openFolder(int folder, const char* name, LinkPolicy links,
