@@ -2,7 +2,7 @@
 # The Debian packages each kind of work needs, and how to get those that are missing.
 
 packages_run=(
-  build-essential ccache cmake git libcli11-dev libicu-dev libqt6svg6 ninja-build nlohmann-json3-dev
+  build-essential ccache cmake git libcli11-dev libicu-dev libqt6svg6 libseccomp-dev ninja-build nlohmann-json3-dev
   pkg-config python3 qt6-base-dev qt6-svg-dev uuid-dev
 )
 packages_test=(

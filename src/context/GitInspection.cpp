@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/Paths.h"
+#include "platform/Confinement.h"
 
 namespace broomtide {
 namespace {
@@ -47,6 +48,7 @@ std::shared_ptr<const GitSnapshot> GitInspection::snapshot(const std::string& ro
 }
 
 void GitInspection::work(const std::stop_token& stop) {
+  if (git_) Confinement::confineThread(*git_);
   for (;;) {
     Run run;
     {
@@ -56,7 +58,7 @@ void GitInspection::work(const std::stop_token& stop) {
       run = std::move(runs_.front());
       runs_.pop_front();
     }
-    finish(run, list(run, stop));
+    finish(run, hasFailed(run.key) ? std::nullopt : list(run, stop));
   }
 }
 
@@ -64,22 +66,31 @@ std::optional<PathSet> GitInspection::list(const Run& run, const std::stop_token
   if (!git_) return std::nullopt;
   try {
     std::optional<ChildProcess::Output> output =
-        ChildProcess::run(GitInspector::listingCommand(*git_, run.key, run.listing), limit_, stop);
+        ChildProcess::run(GitInspector::listingCommand(*git_, run.key, run.listing),
+                          {.time = limit_, .idleTime = GitInspector::idleLimit}, stop);
     if (!output || GitInspector::tellsOfFailure(output->errors)) return std::nullopt;
+    const bool isOfIndex = run.listing == GitInspector::Listing::tracked;
+    if (isOfIndex && !GitInspector::isListingOfIndex(output->text)) return std::nullopt;
     return PathSet(std::move(output->text));
   } catch (const std::bad_alloc&) {
     return std::nullopt;  // as good as a Git that does not answer
   }
 }
 
+// Nobody believes one listing without the other.
+bool GitInspection::hasFailed(const std::string& key) {
+  const std::scoped_lock lock(mutex_);
+  return repositories_.at(key).listingsFailed > 0;
+}
+
 void GitInspection::finish(const Run& run, std::optional<PathSet> listed) {
-  const bool hasFailed = !listed;
+  const int failures = listed ? 0 : 1;
   const std::scoped_lock lock(mutex_);
   Repository& repository = repositories_.at(run.key);
   GitSnapshot& snapshot = *repository.snapshot;
   (run.listing == GitInspector::Listing::tracked ? snapshot.trackedPaths : snapshot.ignoredPaths) =
       std::move(listed).value_or(PathSet());
-  repository.listingsFailed += hasFailed ? 1 : 0;
+  repository.listingsFailed += failures;
   repository.listingsLeft -= 1;
   if (repository.listingsLeft > 0) return;
   snapshot.isAvailable = repository.listingsFailed == 0;

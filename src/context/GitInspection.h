@@ -54,6 +54,7 @@ class GitInspection {
 
   void work(const std::stop_token& stop);
   std::optional<PathSet> list(const Run& run, const std::stop_token& stop) const;
+  bool hasFailed(const std::string& key);
   void finish(const Run& run, std::optional<PathSet> listed);
 
   const std::optional<std::string> git_;

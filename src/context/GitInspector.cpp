@@ -34,7 +34,8 @@ ChildProcess::Command listingCommand(const std::string& git, const std::string& 
       .executable = git,
       .arguments = {"-C", root, "-c", "core.quotepath=false", "-c", "core.fsmonitor=false",
                     "ls-files", "-z"},
-      .environment = {"LC_ALL=C", "PATH=/usr/bin:/bin", "GIT_ALLOW_PROTOCOL="},
+      .environment = {"LC_ALL=C", "PATH=/usr/bin:/bin",
+                      "GIT_ALLOW_PROTOCOL=", "GIT_LITERAL_PATHSPECS=1"},
   };
   if (listing == Listing::tracked) {
     command.arguments.emplace_back("--cached");
@@ -43,6 +44,8 @@ ChildProcess::Command listingCommand(const std::string& git, const std::string& 
         command.arguments.end(),
         {"--others", "--ignored", "--exclude-standard", "--directory", "--no-empty-directory"});
   }
+  // A repository can say that its files are elsewhere; then Git refuses to look for these.
+  command.arguments.insert(command.arguments.end(), {"--", root});
   return command;
 }
 
@@ -55,6 +58,21 @@ bool tellsOfFailure(std::string_view messages) {
     ++start;
   }
   return false;
+}
+
+bool isListingOfIndex(std::string_view listing) {
+  std::string_view last;
+  while (!listing.empty()) {
+    const std::size_t end = listing.find('\0');
+    if (end == std::string_view::npos) return false;
+    const std::string_view path = listing.substr(0, end);
+    const bool leadsAside =
+        path.starts_with('/') || path.starts_with("./") || path.starts_with("../");
+    if (path.empty() || leadsAside || path < last) return false;
+    last = path;
+    listing.remove_prefix(end + 1);
+  }
+  return true;
 }
 
 std::map<std::string, GitSnapshot> inspect(const std::vector<std::string>& roots,

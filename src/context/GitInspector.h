@@ -20,6 +20,10 @@ namespace broomtide::GitInspector {
 /// How long one run of Git may take before it counts as failed.
 inline constexpr std::chrono::milliseconds runLimit = std::chrono::minutes(5);
 
+/// How long Git may do nothing at all. A sleeping disk takes less to wake up; what takes longer is
+/// a pipe, which a repository can have in the place of any file.
+inline constexpr std::chrono::milliseconds idleLimit = std::chrono::seconds(30);
+
 /// The Git tool: below `developerFolder` (the value of DEVELOPER_DIR, may be null) or in one of its
 /// usual places; nothing when there is none.
 std::optional<std::string> locate(FileManager& fileManager, const char* developerFolder);
@@ -37,6 +41,11 @@ ChildProcess::Command listingCommand(const std::string& git, const std::string& 
 /// Whether Git's messages tell that a listing is incomplete although Git ended well, as it does
 /// when it cannot read the folders that a sparse index stands for.
 bool tellsOfFailure(std::string_view messages);
+
+/// Whether a listing of tracked paths is one that Git can mean: whole, and in the order of an
+/// index. Git does not notice when an index has been cut off, and lists entries without names
+/// instead.
+bool isListingOfIndex(std::string_view listing);
 
 /// One snapshot for each repository root, by standardised root path. Blocks until Git has answered
 /// for all; a repository that Git cannot list within `limit`, or before `stop` is asked to stop,

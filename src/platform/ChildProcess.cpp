@@ -14,6 +14,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdint>
+#include <fstream>
 #include <utility>
 
 #include "platform/FileDescriptor.h"
@@ -82,6 +83,14 @@ class Child {
   // Readable once the child has ended.
   int ended() const { return ended_.get(); }
 
+  // The nanoseconds that the child has spent on a processor; changes as long as it does anything.
+  std::string processorTime() const {
+    std::ifstream statistics("/proc/" + std::to_string(process_) + "/schedstat");
+    std::string time;
+    statistics >> time;
+    return time;
+  }
+
   // Waits for the child and returns its wait status.
   int reap() {
     int status = -1;
@@ -99,7 +108,6 @@ class Child {
 // One end of a pipe that a child writes to.
 class Stream {
  public:
-  // Keeps at most `most` bytes and reads on.
   explicit Stream(std::size_t most) : most_(most) {
     std::array<int, 2> ends{};
     if (::pipe2(ends.data(), O_CLOEXEC) != 0) return;
@@ -112,15 +120,15 @@ class Stream {
   int writeEnd() const { return writeEnd_.get(); }
   void closeWriteEnd() { writeEnd_.reset(); }
 
-  // Reads what is there; the stream is closed at its end. False when that fails.
+  // Reads what is there; the stream is closed at its end. False when that fails or it is too much.
   bool read() {
     constexpr std::size_t chunk = 64 * 1024;
     if (text_.size() - length_ < chunk) text_.resize(text_.size() * 2 + chunk);
     const ssize_t count = ::read(readEnd_.get(), text_.data() + length_, text_.size() - length_);
     if (count < 0) return errno == EINTR;
     if (count == 0) readEnd_.reset();
-    length_ = std::min(length_ + static_cast<std::size_t>(count), most_);
-    return true;
+    length_ += static_cast<std::size_t>(count);
+    return length_ <= most_;
   }
 
   std::string take() {
@@ -137,51 +145,86 @@ class Stream {
   std::size_t length_ = 0;
 };
 
-// Waits until one of the descriptors can be read. Closed ones (-1) are left out. False when the
-// time is up or `interrupt` can be read first.
-bool waitFor(std::array<pollfd, 2>& awaited, int interrupt, Clock::time_point deadline) {
-  std::array<pollfd, 3> descriptors{awaited[0], awaited[1], pollfd{interrupt, POLLIN, 0}};
-  for (;;) {
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
-    if (left <= 0) return false;
-    const int ready = ::poll(descriptors.data(), descriptors.size(), static_cast<int>(left));
-    if (ready < 0 && errno != EINTR) return false;
-    if (ready <= 0) continue;
-    awaited = {descriptors[0], descriptors[1]};
-    return descriptors[2].revents == 0;
+// Waits for what a child writes and for its end, within the limits of time.
+class Wait {
+ public:
+  Wait(const Child& child, int interrupt, const Limits& limits)
+      : child_(child),
+        interrupt_(interrupt),
+        limits_(limits),
+        deadline_(Clock::now() + limits.time) {}
+
+  // Waits until one of the descriptors can be read. Closed ones (-1) are left out. False when a
+  // limit is reached or the interruption comes first.
+  bool forEither(std::array<pollfd, 2>& awaited) {
+    std::array<pollfd, 3> descriptors{awaited[0], awaited[1], pollfd{interrupt_, POLLIN, 0}};
+    lastSign_ = Clock::now();
+    for (;;) {
+      const auto pause = std::min(deadline_ - Clock::now(), longestPause());
+      const auto milliseconds = std::chrono::ceil<std::chrono::milliseconds>(pause).count();
+      if (milliseconds <= 0) return false;
+      const int ready =
+          ::poll(descriptors.data(), descriptors.size(), static_cast<int>(milliseconds));
+      if (ready < 0 && errno != EINTR) return false;
+      if (ready > 0) {
+        awaited = {descriptors[0], descriptors[1]};
+        return descriptors[2].revents == 0;
+      }
+      if (isIdle()) return false;
+    }
   }
-}
+
+ private:
+  Clock::duration longestPause() const {
+    constexpr int looks = 4;  // at what the child does, while it would be allowed to do nothing
+    return limits_.idleTime / looks;
+  }
+
+  bool isIdle() {
+    const Clock::time_point now = Clock::now();
+    std::string time = child_.processorTime();
+    if (time != lastProcessorTime_) {
+      lastProcessorTime_ = std::move(time);
+      lastSign_ = now;
+    }
+    return now - lastSign_ >= limits_.idleTime;
+  }
+
+  const Child& child_;
+  const int interrupt_;
+  const Limits& limits_;
+  const Clock::time_point deadline_;
+  Clock::time_point lastSign_;
+  std::string lastProcessorTime_;
+};
 
 }  // namespace
 
-std::optional<Output> run(const Command& command, std::chrono::milliseconds limit,
-                          std::stop_token stop) {
-  constexpr std::size_t mostOutput = memoryLimit;
-  constexpr std::size_t mostErrors = 16 * 1024;
+std::optional<Output> run(const Command& command, const Limits& limits, std::stop_token stop) {
   const FileDescriptor interrupt(::eventfd(0, EFD_CLOEXEC));
-  Stream output(mostOutput);
-  Stream errors(mostErrors);
+  Stream output(limits.output);
+  Stream errors(limits.errors);
   if (!interrupt.isOpen() || !output.isOpen() || !errors.isOpen()) return std::nullopt;
   const std::stop_callback interruptOnStop(stop, [&interrupt] {
     const std::uint64_t one = 1;
     static_cast<void>(!::write(interrupt.get(), &one, sizeof one));
   });
 
-  const auto deadline = Clock::now() + limit;
   Child child(command, output.writeEnd(), errors.writeEnd());
   output.closeWriteEnd();
   errors.closeWriteEnd();
   if (!child.isRunning()) return std::nullopt;
 
+  Wait wait(child, interrupt.get(), limits);
   while (output.isOpen() || errors.isOpen()) {
     std::array<pollfd, 2> streams{pollfd{output.readEnd(), POLLIN, 0},
                                   pollfd{errors.readEnd(), POLLIN, 0}};
-    if (!waitFor(streams, interrupt.get(), deadline)) return std::nullopt;
+    if (!wait.forEither(streams)) return std::nullopt;
     if (streams[0].revents != 0 && !output.read()) return std::nullopt;
     if (streams[1].revents != 0 && !errors.read()) return std::nullopt;
   }
   std::array<pollfd, 2> end{pollfd{child.ended(), POLLIN, 0}, pollfd{-1, 0, 0}};
-  if (!waitFor(end, interrupt.get(), deadline)) return std::nullopt;
+  if (!wait.forEither(end)) return std::nullopt;
   const int status = child.reap();
   if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) return std::nullopt;
   return Output{.text = output.take(), .errors = errors.take()};

@@ -17,20 +17,29 @@ struct Command {
   std::vector<std::string> environment;
 };
 
+/// When a command is given up.
+struct Limits {
+  std::chrono::milliseconds time;  ///< how long it may run
+  /// How long it may neither write nor use a processor. Then it waits for something that may never
+  /// come, such as somebody who writes to a pipe.
+  std::chrono::milliseconds idleTime = time;
+  std::size_t output = std::size_t{1} << 30U;  ///< bytes that it may write to standard output
+  std::size_t errors = std::size_t{1} << 20U;  ///< bytes that it may write to standard error
+};
+
 /// What a command that ended well wrote.
 struct Output {
   std::string text;    ///< to standard output
-  std::string errors;  ///< the beginning of what it wrote to standard error
+  std::string errors;  ///< to standard error
 };
 
 /// How much memory a child may map, in bytes, before its own allocations fail.
 inline constexpr std::size_t memoryLimit = std::size_t{4} << 30U;
 
-/// Runs a command without input and blocks until it has ended. Returns what it wrote, or nothing
-/// when it cannot be started, does not exit with status 0, or runs longer than `limit`. In the last
+/// Runs a command without input and blocks until it has ended. Returns what it wrote, all of it, or
+/// nothing when it cannot be started, does not exit with status 0, or exceeds a limit. In the last
 /// case, and as soon as `stop` is asked to stop, the child is killed together with every process it
 /// has started in its group. Safe to call from several threads at once.
-std::optional<Output> run(const Command& command, std::chrono::milliseconds limit,
-                          std::stop_token stop);
+std::optional<Output> run(const Command& command, const Limits& limits, std::stop_token stop);
 
 }  // namespace broomtide::ChildProcess

@@ -2,8 +2,6 @@
 
 #include <sys/stat.h>
 
-#include <filesystem>
-
 #include "context/GitInspection.h"
 #include "support/TemporaryTree.h"
 
@@ -19,14 +17,6 @@ class Git : public testing::Test {
   GitSnapshot inspect(const std::string& root, std::chrono::milliseconds limit = 1min) {
     return GitInspector::inspect({root}, {}, limit).at(root);
   }
-
-  // A program that records that it was run.
-  std::string trap() {
-    const std::string script = tree.file("trap", "#!/bin/sh\ntouch '" + tree.path("ran") + "'\n");
-    EXPECT_EQ(::chmod(script.c_str(), 0755), 0);
-    return script;
-  }
-  bool hasTrapRun() const { return std::filesystem::exists(tree.path("ran")); }
 
   TemporaryTree tree;
 };
@@ -66,6 +56,23 @@ TEST_F(Git, IsUnavailableWhereGitFails) {
   EXPECT_TRUE(GitInspector::inspect({}, {}).empty());
 }
 
+TEST(GitListing, MustBeOneOfAnIndex) {
+  using namespace std::string_literals;
+  for (const auto& [listing, isIndex] : std::vector<std::pair<std::string, bool>>{
+           {"", true},
+           {".gitignore\0a\0a\0a/b\0a0\0\xc3\xa4\0"s, true},  // one path twice while merging
+           {"...\0..a\0a/b\0"s, true},
+           {"b\0a\0"s, false},
+           {"\0a\0"s, false},
+           {"./\0"s, false},
+           {"../a\0"s, false},
+           {"/a\0"s, false},
+           {"a\0b"s, false},
+       }) {
+    EXPECT_EQ(GitInspector::isListingOfIndex(listing), isIndex) << listing;
+  }
+}
+
 TEST_F(Git, IsUnavailableWithoutAGitTool) {
   GitInspection inspection(std::nullopt, 1min, {});
   inspection.add("/r");
@@ -87,54 +94,6 @@ TEST_F(Git, IsGivenUpWhenItNeverEnds) {
   tree.repository("repo");
   tree.pipe("repo/.gitignore");
   EXPECT_FALSE(inspect(tree.path("repo"), 300ms).isAvailable);
-}
-
-// Runs a listing as the program does, and once more without one of its protections to see that the
-// attack works at all.
-class HostileRepository : public Git {
- protected:
-  void list(const std::string& without) {
-    for (const auto listing : {GitInspector::Listing::tracked, GitInspector::Listing::ignored}) {
-      ChildProcess::Command command = GitInspector::listingCommand(
-          GitInspector::executable().value(), tree.path("repo"), listing);
-      std::erase(command.environment, without);
-      if (const auto place = std::ranges::find(command.arguments, without);
-          place != command.arguments.end()) {
-        command.arguments.erase(place - 1, place + 1);  // with the -c before it
-      }
-      ChildProcess::run(command, 1min, {});
-    }
-  }
-};
-
-TEST_F(HostileRepository, CannotRunItsFileSystemMonitor) {
-  tree.file("repo/file");
-  tree.repository("repo");
-  tree.run("git config core.fsmonitor '" + trap() + "'", "repo");
-  list("");
-  EXPECT_FALSE(hasTrapRun());
-  list("core.fsmonitor=false");
-  EXPECT_TRUE(hasTrapRun()) << "the attack did not work without the protection either";
-}
-
-TEST_F(HostileRepository, CannotFetchMissingObjects) {
-  for (const char* path : {"kept/file", "sparse/one/file"}) tree.file(std::string("repo/") + path);
-  tree.repository("repo");
-  tree.run(
-      "git sparse-checkout init --cone --sparse-index && git sparse-checkout set kept && "
-      "git config core.repositoryFormatVersion 1 && git config extensions.partialClone origin "
-      "&& git config remote.origin.url ssh://nowhere.invalid/x "
-      "&& git config remote.origin.promisor true && git config core.sshCommand '" +
-          trap() +
-          "' && tree=$(git rev-parse HEAD:sparse) && "
-          "rm .git/objects/$(echo $tree | cut -c1-2)/$(echo $tree | cut -c3-)",
-      "repo");
-  list("");
-  EXPECT_FALSE(hasTrapRun());
-  // Git ends well although it could not list everything, which must not be taken for an answer.
-  EXPECT_FALSE(inspect(tree.path("repo")).isAvailable);
-  list("GIT_ALLOW_PROTOCOL=");
-  EXPECT_TRUE(hasTrapRun()) << "the attack did not work without the protection either";
 }
 
 }  // namespace

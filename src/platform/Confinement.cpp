@@ -1,0 +1,143 @@
+#include "platform/Confinement.h"
+
+#include <fcntl.h>
+#include <link.h>
+#include <linux/landlock.h>
+#include <seccomp.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <initializer_list>
+#include <memory>
+#include <string_view>
+
+#include "platform/FileDescriptor.h"
+
+namespace broomtide::Confinement {
+namespace {
+
+// Known since versions 2 and 3 of the interface, the last one not to every set of headers.
+constexpr std::uint64_t moveBetweenFolders = LANDLOCK_ACCESS_FS_REFER;
+constexpr std::uint64_t truncateFile = std::uint64_t{1} << 14U;
+
+constexpr std::uint64_t change = LANDLOCK_ACCESS_FS_WRITE_FILE | LANDLOCK_ACCESS_FS_REMOVE_DIR |
+                                 LANDLOCK_ACCESS_FS_REMOVE_FILE | LANDLOCK_ACCESS_FS_MAKE_CHAR |
+                                 LANDLOCK_ACCESS_FS_MAKE_DIR | LANDLOCK_ACCESS_FS_MAKE_REG |
+                                 LANDLOCK_ACCESS_FS_MAKE_SOCK | LANDLOCK_ACCESS_FS_MAKE_FIFO |
+                                 LANDLOCK_ACCESS_FS_MAKE_BLOCK | LANDLOCK_ACCESS_FS_MAKE_SYM;
+
+std::uint64_t changesKnownTo(long version) {
+  std::uint64_t rights = change;
+  if (version >= 2) rights |= moveBetweenFolders;
+  if (version >= 3) rights |= truncateFile;
+  return rights;
+}
+
+bool isScript(const std::string& program) {
+  const FileDescriptor file(::open(program.c_str(), O_RDONLY | O_CLOEXEC));
+  std::array<char, 2> start{};
+  return file.isOpen() && ::read(file.get(), start.data(), start.size()) == 2 &&
+         std::string_view(start.data(), start.size()) == "#!";
+}
+
+// The program that loads this one, and every other that needs libraries.
+std::string loader() {
+  std::string path;
+  ::dl_iterate_phdr(
+      [](dl_phdr_info* object, std::size_t, void* result) {
+        for (int index = 0; index < object->dlpi_phnum; ++index) {
+          const auto& segment = object->dlpi_phdr[index];
+          if (segment.p_type != PT_INTERP) continue;
+          *static_cast<std::string*>(result) =
+              reinterpret_cast<const char*>(object->dlpi_addr + segment.p_vaddr);
+        }
+        return 1;  // the first object is this program
+      },
+      &path);
+  return path;
+}
+
+// Rules about the files that processes may open or change.
+class FileRules {
+ public:
+  explicit FileRules(std::uint64_t forbidden) {
+    const landlock_ruleset_attr attributes{.handled_access_fs = forbidden};
+    rules_ = FileDescriptor(static_cast<int>(
+        ::syscall(SYS_landlock_create_ruleset, &attributes, sizeof attributes, 0)));
+  }
+
+  void allow(std::uint64_t rights, const std::string& path) const {
+    const FileDescriptor file(::open(path.c_str(), O_PATH | O_CLOEXEC));
+    if (!file.isOpen()) return;
+    const landlock_path_beneath_attr beneath{.allowed_access = rights, .parent_fd = file.get()};
+    ::syscall(SYS_landlock_add_rule, rules_.get(), LANDLOCK_RULE_PATH_BENEATH, &beneath, 0);
+  }
+
+  bool enforce() const {
+    return rules_.isOpen() && ::syscall(SYS_landlock_restrict_self, rules_.get(), 0) == 0;
+  }
+
+ private:
+  FileDescriptor rules_;
+};
+
+void confineFiles(const std::string& program, Extent& extent) {
+  const long version =
+      ::syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION);
+  if (version < 1) return;
+  const bool mayRunOthers = isScript(program);
+  const FileRules rules(changesKnownTo(version) |
+                        (mayRunOthers ? 0 : std::uint64_t{LANDLOCK_ACCESS_FS_EXECUTE}));
+  rules.allow(LANDLOCK_ACCESS_FS_WRITE_FILE, "/dev/null");  // many programs open it for both
+  if (!mayRunOthers) {
+    for (const std::string& path : {program, loader()}) {
+      rules.allow(LANDLOCK_ACCESS_FS_EXECUTE, path);
+    }
+  }
+  extent.forbidsFiles = rules.enforce();
+  extent.forbidsPrograms = extent.forbidsFiles && !mayRunOthers;
+}
+
+// What no rule about files covers.
+void confineSystem(Extent& extent) {
+  const std::unique_ptr<void, void (*)(scmp_filter_ctx)> filter(::seccomp_init(SCMP_ACT_ALLOW),
+                                                                ::seccomp_release);
+  if (!filter) return;
+  const std::initializer_list<int> forbidden{
+      // networks
+      SCMP_SYS(socket), SCMP_SYS(connect), SCMP_SYS(bind), SCMP_SYS(listen), SCMP_SYS(sendto),
+      // dates
+      SCMP_SYS(utime), SCMP_SYS(utimes), SCMP_SYS(futimesat), SCMP_SYS(utimensat),
+      // modes, owners, attributes
+      SCMP_SYS(chmod), SCMP_SYS(fchmod), SCMP_SYS(fchmodat), SCMP_SYS(chown), SCMP_SYS(fchown),
+      SCMP_SYS(lchown), SCMP_SYS(fchownat), SCMP_SYS(setxattr), SCMP_SYS(lsetxattr),
+      SCMP_SYS(fsetxattr), SCMP_SYS(removexattr), SCMP_SYS(lremovexattr), SCMP_SYS(fremovexattr),
+      // lengths, and names of files, where rules about files do not know them
+      SCMP_SYS(truncate), SCMP_SYS(rename), SCMP_SYS(renameat), SCMP_SYS(renameat2), SCMP_SYS(link),
+      SCMP_SYS(linkat), SCMP_SYS(symlink), SCMP_SYS(symlinkat), SCMP_SYS(unlink),
+      SCMP_SYS(unlinkat), SCMP_SYS(rmdir), SCMP_SYS(mkdir), SCMP_SYS(mkdirat), SCMP_SYS(mknod),
+      SCMP_SYS(mknodat),
+      // ways around a filter of system calls
+      SCMP_SYS(io_uring_setup), SCMP_SYS(ptrace), SCMP_SYS(process_vm_writev)};
+  for (const int call : forbidden) {
+    if (::seccomp_rule_add(filter.get(), SCMP_ACT_ERRNO(EPERM), call, 0) != 0) return;
+  }
+  extent.forbidsSystem = ::seccomp_load(filter.get()) == 0;
+}
+
+}  // namespace
+
+Extent confineThread(const std::string& program) {
+  Extent extent;
+  // Without it, a program that changes its user could be started with less than it needs.
+  if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) return extent;
+  confineFiles(program, extent);
+  confineSystem(extent);
+  return extent;
+}
+
+}  // namespace broomtide::Confinement
