@@ -1,8 +1,8 @@
 #include "platform/TrashFolder.h"
 
 #include <limits>
+#include <utility>
 
-#include "core/FileUrl.h"
 #include "core/Uuid.h"
 #include "platform/FileIdentity.h"
 #include "platform/TrashName.h"
@@ -75,33 +75,31 @@ std::error_code TrashFolder::moveIn(int folder, const TrashItem& item, const std
   return error;
 }
 
-std::string TrashFolder::sizeLines() {
-  std::string lines;
-  for (const MovedFolder& moved : movedFolders_) {
+std::vector<DirectorySize> TrashFolder::takeSizes() {
+  std::vector<DirectorySize> sizes;
+  for (const MovedFolder& moved : std::exchange(movedFolders_, {})) {
     FileAttributes attributes;
     const bool isKnown = !fileManager_.readAttributes(info_.get(), infoName(moved.name).c_str(),
                                                       LinkPolicy::doNotFollow, attributes) &&
                          attributes.modificationDate;
     if (!isKnown) continue;
     const auto second = std::chrono::floor<std::chrono::seconds>(*attributes.modificationDate);
-    lines += std::to_string(moved.size) + ' ' + std::to_string(second.time_since_epoch().count()) +
-             ' ' + percentEncoded(moved.name) + '\n';
+    sizes.push_back(
+        {.name = moved.name, .size = moved.size, .changedAt = second.time_since_epoch().count()});
   }
-  return lines;
+  return sizes;
 }
 
 void TrashFolder::recordSizes() {
   if (movedFolders_.empty()) return;
-  std::string lines;
+  std::string text;
   const std::error_code error = WholeFile::read(fileManager_, folder_.get(), sizesName,
-                                                LinkPolicy::doNotFollow, lines, mostSizesBytes);
+                                                LinkPolicy::doNotFollow, text, mostSizesBytes);
   if (error && error != std::errc::no_such_file_or_directory) return;
-  if (!lines.empty() && lines.back() != '\n') lines += '\n';
-  lines += sizeLines();
-  movedFolders_.clear();
+  text = withDirectorySizes(text, takeSizes());
 
   const std::string newName = sizesName + '.' + newUuid();
-  if (WholeFile::create(fileManager_, folder_.get(), newName, lines,
+  if (WholeFile::create(fileManager_, folder_.get(), newName, text,
                         WholeFile::Durability::whenConvenient)) {
     return;
   }

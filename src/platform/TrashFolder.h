@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/DirectorySizes.h"
 #include "platform/FileManager.h"
 
 namespace broomtide {
@@ -46,7 +47,7 @@ class TrashFolder {
   };
 
   std::error_code moveIn(int folder, const TrashItem& item, const std::string& name);
-  std::string sizeLines();
+  std::vector<DirectorySize> takeSizes();
 
   FileManager& fileManager_;
   FileDescriptor folder_, info_, files_;
