@@ -8,17 +8,23 @@
 namespace broomtide::MountTable {
 namespace {
 
-// Blanks, tabs, newlines and backslashes in a path are written as a backslash and three octal
-// digits.
+// Whether the text begins with a byte that is written as a backslash and three octal digits, as
+// blanks, tabs, newlines and backslashes are.
+bool beginsWithEscape(std::string_view text) {
+  const auto isDigit = [&text](std::size_t position, char highest) {
+    return text[position] >= '0' && text[position] <= highest;
+  };
+  return text.size() > 3 && text[0] == '\\' && isDigit(1, '3') && isDigit(2, '7') &&
+         isDigit(3, '7');
+}
+
 std::string unescaped(std::string_view path) {
-  constexpr std::size_t digits = 3;
   std::string result;
   while (!path.empty()) {
-    const bool isEscape = path.front() == '\\' && path.size() > digits;
     std::size_t taken = 1;
     char character = path.front();
-    if (isEscape) {
-      taken = 1 + digits;
+    if (beginsWithEscape(path)) {
+      taken = 4;
       const auto digit = [&path](std::size_t position) { return path[position] - '0'; };
       character = static_cast<char>(digit(1) * 64 + digit(2) * 8 + digit(3));
     }

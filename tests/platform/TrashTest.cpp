@@ -99,8 +99,9 @@ TEST(MountTable, ReadsTheFifthField) {
       MountTable::mountPoints("22 1 8:1 / / rw,relatime shared:1 - ext4 /dev/sda1 rw\n"
                               "31 22 0:27 /sub /mnt/with\\040blank\\134 rw - tmpfs none rw\n"
                               "broken\n"
-                              "32 22 0:28 / /short\\04 rw"),
-      testing::ElementsAre("/", "/mnt/with blank\\", "/short\\04"));
+                              "32 22 0:28 / /none\\x40\\400\\08\\\\040 rw\n"
+                              "33 22 0:28 / /short\\04 rw"),
+      testing::ElementsAre("/", "/mnt/with blank\\", "/none\\x40\\400\\08\\ ", "/short\\04"));
   std::vector<std::string> points;
   EXPECT_EQ(MountTable::read(systemFileManager(), points), std::error_code());
   EXPECT_THAT(points, testing::Contains("/proc"));
