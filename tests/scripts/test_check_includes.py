@@ -37,6 +37,8 @@ CLEAN = {
     "tests/support/Tree.cpp": '#include <sys/stat.h>\n#include "platform/Folder.h"\n',
     "tests/scanner/ScanTest.cpp": '#include <gtest/gtest.h>\n#include "support/Tree.h"\n'
     '#include "scanner/Scan.h"\n',
+    "tests/fuzz/Input.h": "#include <string_view>\n",
+    "tests/fuzz/Sizes.cpp": '#include "fuzz/Input.h"\n#include "cli/Print.h"\n',
     "tests/journeys/WindowTest.cpp": '#include <QTest>\n#include "ui/Window.h"\n',
 }
 
@@ -70,6 +72,8 @@ BROKEN = [
     ("src/cli/Bad.cpp", "#include <fcntl.h>", "cli must not call the system"),
     ("tests/core/Bad.cpp", '#include "scanner/Scan.h"', "core must not include scanner"),
     ("tests/cli/Bad.cpp", '#include "cleanup/Trash.h"', "cli must not include cleanup"),
+    ("tests/fuzz/Bad.cpp", '#include "ui/Window.h"', "fuzz must not include ui"),
+    ("tests/core/Bad.cpp", '#include "fuzz/Input.h"', "core must not include fuzz"),
     ("tests/app/Bad.cpp", "#include <QTest>", "app must not see Qt"),
 ]
 
