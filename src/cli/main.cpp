@@ -26,7 +26,8 @@ void makeSurroundingsUsual() {
     std::array<char, 1> nothing{};
     const bool isClosed = ::read(stream, nothing.data(), 0) < 0 && errno == EBADF &&
                           ::write(stream, nothing.data(), 0) < 0 && errno == EBADF;
-    if (isClosed) static_cast<void>(std::fopen("/dev/null", "r"));  // takes the lowest number
+    if (!isClosed) continue;
+    [[maybe_unused]] const std::FILE* lowestNumber = std::fopen("/dev/null", "r");
   }
   std::signal(SIGCHLD, SIG_DFL);
 }
