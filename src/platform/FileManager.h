@@ -51,7 +51,8 @@ extern const int workingDirectory;
 
 /// The file system, one system call an operation, so that tests can make any single call fail.
 /// Names are relative to an open folder, which keeps a walk inside the folder it began in.
-/// Every operation may be called from any thread. What is created belongs to this user alone.
+/// Every operation may be called from any thread. What is created is open to this user alone,
+/// whatever the umask, and is gone again when it cannot be.
 class FileManager {
  public:
   virtual ~FileManager() = default;

@@ -10,8 +10,10 @@
 #include <cerrno>
 #include <cstdio>
 #include <limits>
+#include <utility>
 
 #include "platform/FileManager.h"
+#include "platform/OwnPermissions.h"
 
 namespace broomtide {
 namespace {
@@ -115,7 +117,12 @@ class SystemFileManager final : public FileManager {
 
   std::error_code createFile(int folder, const char* name, FileDescriptor& opened) override {
     const int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
-    return keep(::openat(folder, name, flags, S_IRUSR | S_IWUSR), opened);
+    FileDescriptor file(::openat(folder, name, flags, OwnPermissions::forFiles));
+    if (!file.isOpen()) return lastError();
+    const std::error_code error = OwnPermissions::giveToFile(file.get());
+    if (error) ::unlinkat(folder, name, 0);
+    if (!error) opened = std::move(file);
+    return error;
   }
 
   std::error_code writeFile(int file, std::string_view bytes, std::size_t& written) override {
@@ -132,7 +139,11 @@ class SystemFileManager final : public FileManager {
   }
 
   std::error_code createFolder(int folder, const char* name) override {
-    return outcome(::mkdirat(folder, name, S_IRWXU));
+    if (::mkdirat(folder, name, OwnPermissions::forFolders) != 0) return lastError();
+    const std::error_code error = OwnPermissions::giveToFolder(folder, name);
+    // Whoever has put another empty folder in its place could have removed that one as well.
+    if (error) ::unlinkat(folder, name, AT_REMOVEDIR);
+    return error;
   }
 
   std::error_code rename(int folder, const char* name, int newFolder, const char* newName,

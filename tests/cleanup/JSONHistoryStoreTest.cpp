@@ -9,6 +9,7 @@
 #include "core/Uuid.h"
 #include "platform/WholeFile.h"
 #include "support/FaultyFileManager.h"
+#include "support/OwnProcess.h"
 #include "support/TemporaryTree.h"
 
 namespace broomtide {
@@ -217,6 +218,17 @@ TEST_F(History, TwoProcessesLoseNothing) {
   const std::vector<std::string> roots = loadedRoots();
   EXPECT_EQ(std::set(roots.begin(), roots.end()).size(), 2U * each);
   EXPECT_EQ(roots.size(), 2U * each);
+}
+
+TEST_F(History, IsReadByNobodyElseWhateverTheUmask) {
+  for (const mode_t umask : {0U, 0777U, 0277U, 022U}) {
+    test::withUmask(umask, [this] { store.append(entry("/r", "2025-03-01T09:30:00Z")); });
+    EXPECT_EQ(test::permissionsOf(file), 0600U) << umask;
+    EXPECT_EQ(test::permissionsOf(tree.path("data/Broomtide")), 0700U) << umask;
+    EXPECT_EQ(test::permissionsOf(tree.path("data")), 0700U) << umask;
+    EXPECT_THAT(loadedRoots(), testing::ElementsAre("/r")) << umask;
+    fs::remove_all(tree.path("data"));
+  }
 }
 
 }  // namespace

@@ -1,6 +1,9 @@
 #include "platform/FileManager.h"
 
+#include <filesystem>
+
 #include "support/FaultyFileManager.h"
+#include "support/OwnProcess.h"
 #include "support/TemporaryTree.h"
 
 namespace broomtide {
@@ -66,6 +69,39 @@ TEST(FileManager, OpensAPathOfAnyLengthInLargePieces) {
   FileAttributes attributes;
   EXPECT_FALSE(readAttributesBelow(files, top.get(), path + "/here", attributes));
   EXPECT_TRUE(attributes.isRegularFile());
+}
+
+TEST(FileManager, WhatIsCreatedKeepsTheGroupOfItsFolder) {
+  for (const mode_t umask : {0U, 0777U, 0277U, 022U}) {
+    test::TemporaryTree tree;
+    tree.run("chmod g+s .");
+    test::withUmask(umask, [&tree] {
+      FileDescriptor opened;
+      EXPECT_FALSE(systemFileManager().createFolder(workingDirectory, tree.path("new").c_str()));
+      EXPECT_FALSE(
+          systemFileManager().createFile(workingDirectory, tree.path("file").c_str(), opened));
+    });
+    EXPECT_EQ(test::permissionsOf(tree.path("new")), 02700U) << umask;
+    EXPECT_EQ(test::permissionsOf(tree.path("file")), 0600U) << umask;
+  }
+}
+
+// Neither could be used, and both would be in the way of the next try.
+TEST(FileManager, WhatCannotBeGivenItsPermissionsIsGoneAgain) {
+  test::TemporaryTree tree;
+  const auto create = [&tree](std::error_code expected) {
+    test::refuseToChangePermissions();
+    FileDescriptor opened;
+    EXPECT_EQ(systemFileManager().createFolder(workingDirectory, tree.path("folder").c_str()),
+              expected);
+    EXPECT_EQ(systemFileManager().createFile(workingDirectory, tree.path("file").c_str(), opened),
+              expected);
+    EXPECT_EQ(opened.isOpen(), !expected);
+  };
+  test::withUmask(0777, [&] { create(std::make_error_code(std::errc::operation_not_permitted)); });
+  EXPECT_TRUE(std::filesystem::is_empty(tree.root()));
+  test::withUmask(0, [&] { create({}); });
+  EXPECT_EQ(test::permissionsOf(tree.path("folder")), 0700U);
 }
 
 }  // namespace

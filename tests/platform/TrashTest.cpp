@@ -7,6 +7,7 @@
 #include "platform/MountTable.h"
 #include "platform/TrashName.h"
 #include "support/FaultyFileManager.h"
+#include "support/OwnProcess.h"
 #include "support/TemporaryTree.h"
 #include "support/TreeSnapshot.h"
 
@@ -92,6 +93,21 @@ TEST_F(TrashMove, EveryFailingStepLeavesTheItemWhereItWas) {
   };
   EXPECT_EQ(move(), std::errc::io_error);
   EXPECT_EQ(snapshotOf(tree.path("work")), before);
+}
+
+TEST_F(TrashMove, NobodyElseSeesWhatIsInTheTrashWhateverTheUmask) {
+  for (const mode_t umask : {0U, 0777U, 0277U, 022U}) {
+    fs::remove_all(tree.path("Trash"));
+    tree.file("work/build/object", "object");
+    test::withUmask(umask, [this] { EXPECT_FALSE(move()); });
+    for (const char* folder : {"Trash", "Trash/files", "Trash/info"}) {
+      EXPECT_EQ(test::permissionsOf(tree.path(folder)), 0700U) << umask << ' ' << folder;
+    }
+    for (const char* file : {"Trash/info/build.trashinfo", "Trash/directorysizes"}) {
+      EXPECT_EQ(test::permissionsOf(tree.path(file)), 0600U) << umask << ' ' << file;
+    }
+    EXPECT_TRUE(fs::exists(tree.path("Trash/files/build/object"))) << umask;
+  }
 }
 
 TEST(MountTable, ReadsTheFifthField) {
