@@ -118,7 +118,7 @@ std::error_code Trash::open(int folder, const std::string& path, const FileAttri
   MountTop top;
   if (const auto error = findTop(fileManager_, folder, attributes, top)) return error;
   place.top = climbed(path, top.depth);
-  return openAtTop(std::move(top.folder), place);
+  return openAtTop(top.folder.get(), place);
 }
 
 // Judged by the nearest folder that exists, so that no Trash is made that is not used.
@@ -136,21 +136,17 @@ bool Trash::isHomeMount(const FileAttributes& attributes) {
 std::error_code Trash::openHome(Place& place) {
   FileDescriptor folder;
   if (const auto error = WholeFile::openOrCreateFolder(fileManager_, *home_, folder)) return error;
-  return place.folder.open(std::move(folder));
+  return place.folder.open(std::move(folder), TrashSharing::allowed);
 }
 
-std::error_code Trash::openAtTop(FileDescriptor top, Place& place) {
-  FileDescriptor folder;
-  if (openShared(top.get(), folder)) {
-    const std::string name = ".Trash-" + std::to_string(::getuid());
-    if (const std::error_code error = openOwn(top.get(), name, folder)) return error;
-  }
-  return place.folder.open(std::move(folder));
+std::error_code Trash::openAtTop(int top, Place& place) {
+  if (!openShared(top, place)) return {};
+  return openOwn(top, ".Trash-" + std::to_string(::getuid()), place);
 }
 
 // The one that an administrator has made for all users. Without the sticky bit, any of them could
 // take away what the others have in it.
-std::error_code Trash::openShared(int top, FileDescriptor& opened) {
+std::error_code Trash::openShared(int top, Place& place) {
   FileDescriptor shared;
   if (const std::error_code error =
           fileManager_.openFolder(top, ".Trash", LinkPolicy::doNotFollow, shared)) {
@@ -163,23 +159,18 @@ std::error_code Trash::openShared(int top, FileDescriptor& opened) {
   }
   const bool isSticky = (attributes.permissions & S_ISVTX) != 0;
   if (!isSticky) return std::make_error_code(std::errc::permission_denied);
-  return openOwn(shared.get(), std::to_string(::getuid()), opened);
+  return openOwn(shared.get(), std::to_string(::getuid()), place);
 }
 
-std::error_code Trash::openOwn(int folder, const std::string& name, FileDescriptor& opened) {
+std::error_code Trash::openOwn(int folder, const std::string& name, Place& place) {
   const std::error_code created = fileManager_.createFolder(folder, name.c_str());
   if (created && created != std::errc::file_exists) return created;
+  FileDescriptor opened;
   if (const std::error_code error =
           fileManager_.openFolder(folder, name.c_str(), LinkPolicy::doNotFollow, opened)) {
     return error;
   }
-  FileAttributes attributes;
-  if (const std::error_code error =
-          fileManager_.readAttributes(opened.get(), "", LinkPolicy::doNotFollow, attributes)) {
-    return error;
-  }
-  const bool isOwn = attributes.owner == ::getuid();
-  return isOwn ? std::error_code() : std::make_error_code(std::errc::permission_denied);
+  return place.folder.open(std::move(opened), TrashSharing::refused);
 }
 
 }  // namespace broomtide

@@ -45,9 +45,9 @@ class Trash {
                        Place& place);
   bool isHomeMount(const FileAttributes& attributes);
   std::error_code openHome(Place& place);
-  std::error_code openAtTop(FileDescriptor top, Place& place);
-  std::error_code openShared(int top, FileDescriptor& opened);
-  std::error_code openOwn(int folder, const std::string& name, FileDescriptor& opened);
+  std::error_code openAtTop(int top, Place& place);
+  std::error_code openShared(int top, Place& place);
+  std::error_code openOwn(int folder, const std::string& name, Place& place);
 
   FileManager& fileManager_;
   const std::optional<std::string> home_;

@@ -1,5 +1,8 @@
 #include "platform/TrashFolder.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <limits>
 #include <utility>
 
@@ -26,15 +29,48 @@ constexpr std::uint64_t largestNumber = std::numeric_limits<std::uint32_t>::max(
 
 }  // namespace
 
-std::error_code TrashFolder::open(FileDescriptor folder) {
+std::error_code TrashFolder::open(FileDescriptor folder, TrashSharing sharing) {
   folder_ = std::move(folder);
-  const auto openPart = [this](const char* name, FileDescriptor& part) {
-    const std::error_code error = fileManager_.createFolder(folder_.get(), name);
-    if (error && error != std::errc::file_exists) return error;
-    return fileManager_.openFolder(folder_.get(), name, LinkPolicy::doNotFollow, part);
-  };
-  if (const std::error_code error = openPart("info", info_)) return error;
-  return openPart("files", files_);
+  if (sharing == TrashSharing::refused) {
+    if (const std::error_code error = refuseOthers(folder_.get())) return error;
+  }
+  if (const std::error_code error = openPart("info", sharing, info_)) return error;
+  return openPart("files", sharing, files_);
+}
+
+std::error_code TrashFolder::openPart(const char* name, TrashSharing sharing,
+                                      FileDescriptor& part) {
+  std::error_code error = fileManager_.createFolder(folder_.get(), name);
+  if (error && error != std::errc::file_exists) return error;
+  error = fileManager_.openFolder(folder_.get(), name, LinkPolicy::doNotFollow, part);
+  if (error || sharing == TrashSharing::allowed) return error;
+  return refuseOthers(part.get());
+}
+
+// Where files have no permissions, every folder may show that everybody can change it. Nothing can
+// be kept from others there, in whatever folder it lies.
+std::error_code TrashFolder::refuseOthers(int folder) {
+  FileAttributes attributes;
+  if (const std::error_code error =
+          fileManager_.readAttributes(folder, "", LinkPolicy::doNotFollow, attributes)) {
+    return error;
+  }
+  const bool isOwn = attributes.owner == ::getuid();
+  const bool mayChange = (attributes.permissions & (S_IWGRP | S_IWOTH)) != 0;
+  const bool isRefused = !isOwn || (mayChange && hasPermissions(folder));
+  return isRefused ? std::make_error_code(std::errc::permission_denied) : std::error_code();
+}
+
+// Told by a file that is made there: where there are permissions, it is open to this user alone.
+bool TrashFolder::hasPermissions(int folder) {
+  const std::string name = '.' + newUuid();
+  FileDescriptor file;
+  if (fileManager_.createFile(folder, name.c_str(), file)) return true;
+  FileAttributes attributes;
+  const std::error_code error =
+      fileManager_.readAttributes(file.get(), "", LinkPolicy::doNotFollow, attributes);
+  fileManager_.removeFile(folder, name.c_str());
+  return error || (attributes.permissions & (S_IRWXG | S_IRWXO)) == 0;
 }
 
 std::error_code TrashFolder::take(int folder, const TrashItem& item, std::string_view path) {

@@ -21,6 +21,12 @@ struct TrashItem {
   bool isFolder = false;
 };
 
+/// Who may have made, or may change, the folders of a Trash.
+enum class TrashSharing {
+  allowed,  ///< nobody asks: it lies in the user's own files
+  refused,  ///< only this user; others may get at the place where it stands
+};
+
 /// One Trash: a folder that holds items and, for each, the information where it came from.
 class TrashFolder {
  public:
@@ -28,8 +34,9 @@ class TrashFolder {
   explicit TrashFolder(FileManager& fileManager) : fileManager_(fileManager) {}
 
   /// Opens the Trash in an open folder, and creates what is missing of it. Must succeed before
-  /// anything else is done.
-  std::error_code open(FileDescriptor folder);
+  /// anything else is done. Fails with permission_denied when sharing it is refused and one of its
+  /// folders is somebody else's or can be changed by others, who could take away what comes there.
+  std::error_code open(FileDescriptor folder, TrashSharing sharing);
 
   /// Moves an item out of the open folder that holds it. `path` is what is written down as the
   /// place it came from. After a failure the item is where it was; only when it turned out to be
@@ -46,6 +53,9 @@ class TrashFolder {
     std::int64_t size;
   };
 
+  std::error_code openPart(const char* name, TrashSharing sharing, FileDescriptor& part);
+  std::error_code refuseOthers(int folder);
+  bool hasPermissions(int folder);
   std::error_code moveIn(int folder, const TrashItem& item, const std::string& name);
   std::vector<DirectorySize> takeSizes();
 

@@ -186,6 +186,18 @@ class OtherMounts(CleanJourney):
         "one's own is a link": ("mkdir real; ln -s real .Trash-{uid}", None),
         "one's own is somebody else's": ("mkdir .Trash-{uid}; chown 12345 .Trash-{uid}", None),
         "a file in its place": ("touch .Trash-{uid}", None),
+        "others see one's own": ("mkdir -m 0755 .Trash-{uid}", ".Trash-{uid}"),
+        "others change one's own": ("mkdir -m 0777 .Trash-{uid}", None),
+        "a group changes one's own": ("mkdir -m 0770 .Trash-{uid}", None),
+        "others change its items": ("mkdir .Trash-{uid}; mkdir -m 1777 .Trash-{uid}/files", None),
+        "a group changes its information": ("mkdir .Trash-{uid}; mkdir -m 0775 .Trash-{uid}/info", None),
+        "its items are somebody else's": ("mkdir -p .Trash-{uid}/files; chown 12345 .Trash-{uid}/files", None),
+        "its information is somebody else's": ("mkdir -p .Trash-{uid}/info; chown 12345 .Trash-{uid}/info", None),
+        "others change one's own in the shared one":
+            ("mkdir .Trash; chmod 1777 .Trash; mkdir -m 0777 .Trash/{uid}", ".Trash-{uid}"),
+        "items in the shared one are somebody else's":
+            ("mkdir .Trash; chmod 1777 .Trash; mkdir -p .Trash/{uid}/files; chown 12345 .Trash/{uid}/files",
+             ".Trash-{uid}"),
     }
 
     def setUp(self):

@@ -26,6 +26,8 @@ class FaultyFileManager final : public FileManager {
   /// As if the buffer for the entries of a folder were this small, in bytes; 0 for as it is.
   std::size_t mostBytesPerRead = 0;
   bool hidesTypes = false;  ///< folders do not tell the types of their entries
+  bool hidesTypes = false;        ///< folders do not tell the types of their entries
+  bool hasNoPermissions = false;  ///< every item shows that everybody may do everything
 
   std::error_code openFolder(int folder, const char* name, LinkPolicy links,
                              FileDescriptor& opened) override;
