@@ -25,7 +25,7 @@ void writeText(std::ostream& out, const CleanReport& report, const Style& style)
   if (report.failures.empty()) return;
   out << style(Role::reviewFirst, counted(report.failures.size(), "item") + " left alone") << '\n';
   for (const CleanupFailure& failure : report.failures) {
-    out << "    " << visible(failure.path) << ": " << failure.message << '\n';
+    out << "    " << visible(failure.path) << ": " << visible(failure.message) << '\n';
   }
 }
 

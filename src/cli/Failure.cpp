@@ -10,8 +10,11 @@
 namespace broomtide::cli {
 
 ExitStatus fail(const std::string& subject, std::string_view reason) {
-  std::fprintf(stderr, "broomtide-cli: %s: %s\n", visible(subject).c_str(),
-               visible(reason).c_str());
+  return fail(subject + ": " + std::string(reason));
+}
+
+ExitStatus fail(std::string_view reason) {
+  std::fprintf(stderr, "broomtide-cli: %s\n", visible(reason).c_str());
   return ExitStatus::failed;
 }
 

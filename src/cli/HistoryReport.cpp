@@ -41,8 +41,10 @@ void writeText(std::ostream& out, const std::vector<CleanupHistoryEntry>& entrie
     out << style(Role::quiet, date) << padding(columns(date), widths[0]) << "  "
         << padding(columns(count), widths[1]) << count << "  " << padding(columns(size), widths[2])
         << size << "  " << visible(entries[row].rootPath);
+    // After a name in a script that is written from right to left, a terminal that follows it would
+    // put a number before that name. A word stays where it is.
     if (const std::size_t failures = entries[row].failures.size(); failures > 0) {
-      out << "  " << style(Role::quiet, std::to_string(failures) + " left alone");
+      out << "  " << style(Role::quiet, "left alone: " + std::to_string(failures));
     }
     out << '\n';
   }

@@ -76,7 +76,7 @@ ExitStatus Session::clean() {
   model_->cleanSelectedItems();
   loop_.runUntil([this] { return isRecorded_ || model_->errorMessage(); });
 
-  if (!isRecorded_) std::fprintf(stderr, "broomtide-cli: %s\n", model_->errorMessage()->c_str());
+  if (!isRecorded_) fail(model_->errorMessage().value_or(""));
   if (interruption.token().stop_requested()) return ExitStatus::interrupted;
   const std::optional<CleanupResult>& result = model_->cleanupResult();
   if (result && !result->failures.empty()) return ExitStatus::someLeftAlone;

@@ -11,6 +11,7 @@
 
 #include "cli/CleanCommand.h"
 #include "cli/ExitStatus.h"
+#include "cli/Failure.h"
 #include "cli/HistoryCommand.h"
 #include "cli/ScanCommand.h"
 #include "core/VisibleText.h"
@@ -74,7 +75,7 @@ int main(int argumentCount, char** arguments) {
   try {
     status = broomtide::cli::run(argumentCount, arguments);
   } catch (const std::exception& failure) {
-    std::fprintf(stderr, "broomtide-cli: %s\n", failure.what());
+    status = broomtide::cli::fail(failure.what());
   }
   return static_cast<int>(status);
 }

@@ -74,7 +74,7 @@ TEST(HistoryReport, AlignsItsColumnsAndHidesNothing) {
   other.movedCount = other.movedBytes = 0;
   other.failures.resize(2);
   EXPECT_EQ(textOf({other, entry}),
-            "Mar 11, 2025 at 9:30 PM   0 item(s)  Zero KB  /r\\x1b[31m  2 left alone\n"
+            "Mar 11, 2025 at 9:30 PM   0 item(s)  Zero KB  /r\\x1b[31m  left alone: 2\n"
             "Mar 1, 2025 at 9:30 AM   12 item(s)   1.2 GB  /r\\x1b[31m\n");
 }
 

@@ -7,14 +7,21 @@ import json
 import os
 import pty
 import pwd
+import re
 import resource
 import select
 import shutil
 import signal
 import subprocess
+import sys
+import unicodedata
 import unittest
+import urllib.parse
 
 from journey import CLI, Journey, environment
+
+sys.path.append(os.path.join(os.path.dirname(__file__), "../oracle"))
+import nasty_names  # noqa: E402
 
 INVALID_ROOT = "The selected folder no longer exists or is not a directory."
 PERMISSION_DENIED = (
@@ -107,27 +114,68 @@ class Folders(Journey):
 
 
 class Names(Journey):
+    """What is shown takes the lines it should and holds nothing that acts, and JSON tells each byte."""
+
+    NAMES = sorted({*nasty_names.DECEIVING_NAMES, *nasty_names.ODD_NAMES})
+
+    def plant(self):
+        """A project for each name, with one artefact, below a folder that is no better."""
+        root = os.path.join(os.fsencode(self.root), nasty_names.DECEIVING_NAMES[0])
+        for name in self.NAMES:
+            os.makedirs(os.path.join(root, name, b".next", name))
+            with open(os.path.join(root, name, b"package.json"), "wb"):
+                pass
+        return root
+
+    def check_harmless(self, text, lines):
+        text = text.decode()  # which fails for what is no UTF-8
+        self.assertEqual(text.count("\n"), lines)
+        acting = {character for character in text
+                  if character != "\n" and unicodedata.category(character) in ("Cc", "Cf", "Zl", "Zp", "Cs")}
+        self.assertEqual(acting, set())
+
     def test_no_name_can_forge_output(self):
-        names = [
-            b"a\nSafe to Clean \xc2\xb7 9 items.log",
-            b"\x1b[31mred\x1b[0m.log",
-            b"\xff\xfe.log",
-            b"quote\",\"safety\":\"safe.log",
-            "turned\u202egpj.log".encode(),
-            b"n" * 251 + b".log",
-        ]
-        self.write("package.json")
-        for name in names:
-            with open(os.path.join(os.fsencode(self.root), name), "wb") as file:
-                file.write(b"x")
-        text = self.scan(self.root).stdout
-        self.assertEqual(len(text.splitlines()), 1 + len(names) + 2)
-        self.assertNotIn(b"\x1b", text)
-        self.assertNotIn("\u202e".encode(), text)
-        self.assertIn(rb"a\nSafe to Clean", text)
+        root = self.plant()
+        items = [os.path.join(name, b".next") for name in self.NAMES]
+        self.check_harmless(self.scan(root).stdout, 1 + len(items) + 1 + 2)
+        details = self.scan("--details", root).stdout.decode()
+        self.check_harmless(details.encode(), details.count("\n"))
+        self.assertIn(r"a\nSafe to Clean · 9 items/.next", details)
+        document = self.document(root)
+        self.assertEqual(urllib.parse.unquote_to_bytes(document["root"]), b"file://" + root)
         self.assertEqual(
-            sorted(self.paths(self.root)), sorted(name.decode("utf-8", "replace") for name in names)
-        )
+            sorted((urllib.parse.unquote_to_bytes(item["url"]), item["relativePath"]) for item in document["candidates"]),
+            [(b"file://" + root + b"/" + item, item.decode("utf-8", "replace")) for item in sorted(items)])
+        roots = {urllib.parse.unquote_to_bytes(project["root"]) for project in document["projects"]}
+        self.assertEqual(roots, {b"file://" + root + b"/" + name for name in self.NAMES})
+
+    def test_no_name_can_forge_a_cleanup(self):
+        root = self.plant()
+        env = environment(XDG_DATA_HOME=self.path("data"))
+
+        def run(*arguments):
+            return subprocess.run([CLI, *arguments], capture_output=True, timeout=120, env=env)
+
+        shown = run("clean", "--yes", "--dry-run", root).stdout
+        self.check_harmless(shown, 1 + len(self.NAMES) + 1 + 2)
+        document = json.loads(run("clean", "--yes", "--json", root).stdout)
+        self.assertEqual(sorted(urllib.parse.unquote_to_bytes(item["url"]) for item in document["moved"]),
+                         sorted(b"file://" + os.path.join(root, name, b".next") for name in self.NAMES))
+        self.check_harmless(run("history").stdout, 1)
+        self.assertEqual(json.loads(run("history", "--json").stdout)[0]["rootPath"], root.decode())
+
+    def test_no_argument_can_forge_a_complaint(self):
+        for name in nasty_names.DECEIVING_NAMES:
+            for arguments, lines in [
+                ([name], 2), (["scan", b"/missing/" + name], 1), (["scan", "--mode", name, "."], 2),
+                (["scan", ".", name], 2), (["scan", b"--" + name, "."], 2), (["scan", b"--json=" + name, "."], 2),
+                (["clean", "--yes", "--item", name, self.root], 1), (["history", name], 2),
+            ]:
+                with self.subTest(arguments=arguments):
+                    result = subprocess.run([CLI, *arguments], capture_output=True, timeout=60, env=environment())
+                    self.assertIn(result.returncode, (1, 2))
+                    self.assertEqual(result.stdout, b"")
+                    self.check_harmless(result.stderr, lines)
 
     def test_paths_may_be_longer_than_the_system_takes(self):
         self.write("package.json")
@@ -259,6 +307,8 @@ class Usage(Journey):
     def test_a_terminal_gets_colours_and_a_progress_line_that_vanishes(self):
         self.write("package.json")
         self.write(".next/x", "x")
+        for name in nasty_names.DECEIVING_NAMES:
+            os.makedirs(os.path.join(os.fsencode(self.root), b"\x1b[2J\r" + name, b"below"))
 
         def on_terminal(**changes):
             master, slave = pty.openpty()
@@ -283,6 +333,8 @@ class Usage(Journey):
         self.assertIn(b"\r\x1b[K\x1b[1;32mSafe to Clean\x1b[0m", shown)
         self.assertNotIn(b"\x1b[1;32m", on_terminal(NO_COLOR="1"))
         self.assertNotIn(b"\x1b", self.scan(self.root).stdout)
+        own = re.compile(rb"\r\n|\r\x1b\[K|\x1b\[(?:1(?:;3[123])?|[02])m")
+        self.assertFalse([byte for byte in own.sub(b"", shown) if byte < 32 or byte == 127], shown)
 
 
 if __name__ == "__main__":

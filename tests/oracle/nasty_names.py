@@ -9,6 +9,14 @@ ODD_NAMES = [
     b"\xff", b"\xff\xfe", b"x\x80y", b"\xe2\x82", b"\xe2\x82z", b"\xf0\x9f\x98", b"\xed\xa0\x80", b"\xc0\xaf",
     b"\xf4\x90\x80\x80", b"\xc3(", b"caf\xe9", b"N" * 255, "é".encode() * 127,
 ]
+# What a terminal would act on, what forges a line, a column or a field, and what nobody sees.
+DECEIVING_NAMES = [
+    "a\nSafe to Clean · 9 items".encode(), b"b\r  1.2 GB", b"\x1b]0;title\x07", b"\x1b[2J\x1b[H", b"\x08\x08\x08",
+    b"\x7f", b"\xc2\x9b31m", b"\xc2\x85", b"\x9b31m", "photo\u202egpj.exe".encode(), "\u2066a\u2069".encode(),
+    "\u200e\u200f\u061c".encode(), "line\u2028paragraph\u2029".encode(), "a\u200bb\u2060\ufeff".encode(),
+    "\u3164\u2800\U000e0041".encode(), b"quote\",\"safety\":\"safe", b"\\u0022,\\n", b"%s%n", b"$(x)`x`",
+    "אבג".encode(), "دهل 123".encode(), b"\xe2\x80", b"\xed\xa0\x80",
+]
 PLAIN_NAMES = [b"src", b"lib", b"app", b"web", b"core", b"packages", b"docs", b"one", b"two", b"three", b"x"]
 MANIFEST_FILES = [
     b"package.json", b"deno.json", b"deno.jsonc", b"pnpm-workspace.yaml", b"pyproject.toml", b"requirements.txt",

@@ -1,0 +1,169 @@
+// Every report with every kind of name that could make it say something else.
+
+#include <unicode/ubidi.h>
+#include <unicode/uchar.h>
+#include <unicode/unistr.h>
+
+#include <memory>
+#include <sstream>
+
+#include "cli/CleanReport.h"
+#include "cli/Failure.h"
+#include "cli/HistoryReport.h"
+#include "cli/JsonText.h"
+#include "cli/ScanReport.h"
+#include "core/Utf8.h"
+
+namespace broomtide::cli {
+namespace {
+
+const std::vector<std::string> nastyNames{
+    "a\nSafe to Clean · 9 items",
+    "a\r  1.2 GB",
+    "tab\tand\vmore\f",
+    "\x1b[31mred\x1b[0m\x1b]0;title\x07",
+    "\x08\x08\x7f",
+    "\u009b31mone byte less\u0085",
+    std::string("nul\0", 4),
+    "photo\u202egpj.exe\u202c",
+    "\u2066isolated\u2069\u200f\u200e\u061c",
+    "line\u2028paragraph\u2029",
+    "nothing\u200b\u200d\u2060\ufeff\u00ad\u3164\u2800\U000e0041",
+    "quote\",\"safety\":\"safe\", \\\"",
+    "\xff\xfe\xc2\xe2\x80 \xed\xa0\x80",
+    "{}[]:,'%s%n$(x)`",
+    "",
+};
+
+// A name everywhere where one can stand.
+struct Reports {
+  explicit Reports(const std::string& name) {
+    ScanCandidate candidate;
+    candidate.url = '/' + name;
+    candidate.relativePath = name;
+    candidate.category = "Cache";
+    candidate.projectRoot = candidate.gitRoot = '/' + name;
+    candidate.evidence = {"Detected by " + name};
+    candidates = {candidate, candidate};
+    failures = {{.id = "1", .path = name, .message = "Refused: " + name}};
+    issues = {ScanIssue::about(name, "Refused: " + name)};
+    projects = {{.root = '/' + name, .kinds = {}, .manifests = {name}, .gitRoot = '/' + name}};
+    history = {{.id = "1",
+                .date = Date(),
+                .rootPath = '/' + name,
+                .movedCount = 1,
+                .movedBytes = 1,
+                .failures = failures}};
+    root = '/' + name;
+  }
+
+  ScanReport scan() const {
+    return {ScanMode::project, root, 1, rowsOf(candidates), issues, projects};
+  }
+  CleanReport clean() const { return {root, false, rowsOf(candidates), failures, true}; }
+
+  std::string text(const Style& style) const {
+    std::ostringstream out;
+    writeText(out, scan(), style, Detail::reasons);
+    writeText(out, clean(), style);
+    writeText(out, history, style);
+    testing::internal::CaptureStderr();
+    fail(root, "Refused: " + root);
+    fail("Refused: " + root);
+    return out.str() + testing::internal::GetCapturedStderr();
+  }
+
+  std::string json() const {
+    std::ostringstream out;
+    writeJson(out, scan());
+    writeJson(out, clean());
+    writeArray(out, history, "");
+    return out.str();
+  }
+
+  std::vector<ScanCandidate> candidates;
+  std::vector<CleanupFailure> failures;
+  std::vector<ScanIssue> issues;
+  std::vector<ProjectContext> projects;
+  std::vector<CleanupHistoryEntry> history;
+  std::string root;
+};
+
+std::ptrdiff_t lines(const std::string& text) { return std::ranges::count(text, '\n'); }
+
+// What a terminal would act on, or nobody would see.
+std::vector<char32_t> actingIn(std::string_view text) {
+  std::vector<char32_t> found;
+  while (!text.empty()) {
+    const utf8::Sequence sequence = utf8::decode(text);
+    const auto character = static_cast<UChar32>(sequence.codePoint);
+    const bool isActing = (u_iscntrl(character) && character != '\n') ||
+                          u_charType(character) == U_FORMAT_CHAR ||
+                          u_hasBinaryProperty(character, UCHAR_BIDI_CONTROL) ||
+                          u_hasBinaryProperty(character, UCHAR_DEFAULT_IGNORABLE_CODE_POINT);
+    if (isActing || !sequence.isValid) found.push_back(sequence.codePoint);
+    text.remove_prefix(sequence.length);
+  }
+  return found;
+}
+
+std::string without(std::string text, const std::vector<std::string>& parts) {
+  for (const std::string& part : parts) {
+    for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at)) {
+      text.erase(at, part.size());
+    }
+  }
+  return text;
+}
+
+TEST(NastyNames, ForgeNoLineAndSteerNoTerminal) {
+  const Reports usual("name");
+  for (const std::string& name : nastyNames) {
+    const Reports reports(name);
+    const std::string text = reports.text(Style(false));
+    EXPECT_EQ(lines(text), lines(usual.text(Style(false)))) << text;
+    EXPECT_THAT(actingIn(text), testing::IsEmpty()) << text;
+    const std::string coloured = reports.text(Style(true));
+    EXPECT_EQ(without(coloured,
+                      {"\x1b[1m", "\x1b[1;32m", "\x1b[1;33m", "\x1b[1;31m", "\x1b[2m", "\x1b[0m"}),
+              text);
+    const std::string json = reports.json();
+    EXPECT_EQ(lines(json), lines(usual.json())) << json;
+    EXPECT_THAT(actingIn(json), testing::IsEmpty()) << json;
+    EXPECT_TRUE(std::ranges::all_of(json, [](char byte) { return byte > 0; })) << json;
+  }
+}
+
+// Terminals that follow the direction of letters turn the name itself, as they should. A number
+// that comes next would go with it, and what is a size to the eye would be part of a name.
+TEST(NastyNames, LettersFromRightToLeftTurnNothingButThemselves) {
+  const std::string name = "אבג/123/دهل";
+  std::istringstream text(Reports(name).text(Style(false)));
+  int turned = 0;
+  for (std::string line; std::getline(text, line);) {
+    const icu::UnicodeString characters = icu::UnicodeString::fromUTF8(line);
+    const std::unique_ptr<UBiDi, decltype(&ubidi_close)> order(ubidi_open(), ubidi_close);
+    UErrorCode status = U_ZERO_ERROR;
+    ubidi_setPara(order.get(), characters.getBuffer(), characters.length(), UBIDI_LTR, nullptr,
+                  &status);
+    const icu::UnicodeString unicodeName = icu::UnicodeString::fromUTF8(name);
+    std::vector<bool> isName(static_cast<std::size_t>(characters.length()));
+    for (int at = characters.indexOf(unicodeName); at >= 0;
+         at = characters.indexOf(unicodeName, at + 1)) {
+      std::fill_n(isName.begin() + at, unicodeName.length(), true);
+    }
+    for (int at = 0; at < characters.length(); ++at) {
+      const int shownAt = ubidi_getVisualIndex(order.get(), at, &status);
+      if (isName[static_cast<std::size_t>(at)]) {
+        turned += shownAt == at ? 0 : 1;
+      } else {
+        EXPECT_EQ(shownAt, at) << line;
+      }
+    }
+    ASSERT_EQ(status, U_ZERO_ERROR);
+  }
+  EXPECT_GT(turned, 0);
+}
+
+}  // namespace
+}  // namespace broomtide::cli
