@@ -26,6 +26,10 @@ bool isDeceptive(char32_t codePoint) {
          u_hasBinaryProperty(static_cast<UChar32>(codePoint), UCHAR_DEFAULT_IGNORABLE_CODE_POINT);
 }
 
+bool isUnusual(const utf8::Sequence& sequence) {
+  return !sequence.isValid || isControl(sequence.codePoint) || isDeceptive(sequence.codePoint);
+}
+
 // Most names are this plain, and lists of them are long.
 bool isPlain(std::string_view name) {
   return std::ranges::all_of(name,
@@ -52,15 +56,21 @@ std::string visible(std::string_view name) {
   while (!name.empty()) {
     const utf8::Sequence sequence = utf8::decode(name);
     const std::string_view bytes = name.substr(0, sequence.length);
-    if (isControl(sequence.codePoint) || isDeceptive(sequence.codePoint) ||
-        sequence.codePoint == '\\') {
-      result += escape(sequence.codePoint);
-    } else {
-      result += utf8::printable(bytes);
-    }
+    const bool isEscaped = sequence.isValid && (isUnusual(sequence) || sequence.codePoint == '\\');
+    result += isEscaped ? escape(sequence.codePoint) : utf8::printable(bytes);
     name.remove_prefix(sequence.length);
   }
   return result;
+}
+
+bool hasUnusualCharacters(std::string_view name) {
+  if (isPlain(name)) return false;
+  while (!name.empty()) {
+    const utf8::Sequence sequence = utf8::decode(name);
+    if (isUnusual(sequence)) return true;
+    name.remove_prefix(sequence.length);
+  }
+  return false;
 }
 
 }  // namespace broomtide

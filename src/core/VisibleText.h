@@ -11,4 +11,8 @@ namespace broomtide {
 /// U+FFFD. The result takes one line.
 std::string visible(std::string_view name);
 
+/// Whether anything of a name can only be shown as something else: characters that deceive or
+/// bytes that are not UTF-8. A backslash does not count.
+bool hasUnusualCharacters(std::string_view name);
+
 }  // namespace broomtide

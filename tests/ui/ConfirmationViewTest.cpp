@@ -41,6 +41,18 @@ class Confirmation : public testing::Test {
   test::TestWindow test;
 };
 
+TEST_F(Confirmation, PointsOutNamesThatAreNotWhatTheySeem) {
+  ScanCandidate left = test::selectedItem("left\n", 1);
+  left.isSelected = false;
+  const auto warning = [&] { return screen().findChild<QLabel*>("warning"); };
+  confirm({test::selectedItem("photo\u202egpj/build", 1), test::selectedItem("a", 1),
+           test::selectedItem("\xff", 1), left});
+  EXPECT_TRUE(warning()->isVisible());
+  EXPECT_EQ(warning()->text(), "2 of them with unusual characters in the path");
+  confirm({test::selectedItem("a", 1), left});
+  EXPECT_FALSE(warning()->isVisible());
+}
+
 TEST_F(Confirmation, SaysWhatWillHappen) {
   ScanCandidate left = test::selectedItem("left", 1'000'000);
   left.isSelected = false;

@@ -57,6 +57,8 @@ ScanResult exampleResult() {
       item("engine/a/path/that/is/long/enough/to/be/shortened/somewhere/in/its/middle/because/it/"
            "goes/on/and/on/target",
            5'712'000'000, usuallySafe, "Build Output", ignored),
+      item("photo\u202egpj/אבג/דהו/node_modules\u200b", 1'400'000, safe, "Dependencies", ignored),
+      item("אבג/123/target", 1'300'000, usuallySafe, "Build Output", ignored),
       item("tools/.venv", 225'700'000, usuallySafe, "Virtual Environment", unavailable),
       item("engine/build", 7'000'000, reviewFirst, "Build Output", untracked),
   };
@@ -76,7 +78,7 @@ CleanupResult exampleCleanup(bool hasFailures) {
       {"1", "website/node_modules",
        "Broomtide could not move this item to Trash. It may be locked, in use, or require "
        "additional permission."},
-      {"2", "engine/build", "The item changed after the scan."},
+      {"2", "engine/build\x1b[2J", "The item changed after the scan."},
   };
   return result;
 }

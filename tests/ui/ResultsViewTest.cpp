@@ -19,6 +19,7 @@
 #include "ui/Person.h"
 #include "ui/TestWindow.h"
 #include "ui/controls/Metric.h"
+#include "ui/look/Theme.h"
 #include "ui/results/ResultsRoles.h"
 
 namespace broomtide {
@@ -318,7 +319,8 @@ TEST_F(Results, OfferAMenuForTheCandidateItWasOpenedFor) {
   choose("Copy Command");
   EXPECT_EQ(QApplication::clipboard()->text(), "make");
   choose("Copy Path");
-  EXPECT_EQ(QApplication::clipboard()->text(), QString::fromStdString(item.url));
+  EXPECT_EQ(QApplication::clipboard()->text(),
+            QString::fromStdString("$'" + tree.path("w\xc3\xa9%b") + "/we\\xff%ird'"));
   choose("Open Containing Folder");
   ASSERT_EQ(catcher.opened.size(), 1);
   EXPECT_EQ(catcher.opened[0].toEncoded(),
@@ -331,6 +333,53 @@ TEST_F(Results, OfferAMenuForTheCandidateItWasOpenedFor) {
   EXPECT_EQ(catcher.opened.size(), 1);
 }
 
+// How many points of the list have the colour of a warning.
+int warningPoints(QTableView& list) {
+  const int hue = ui::Theme::of(list.palette()).usuallySafe.hue();
+  const QImage image = list.viewport()->grab().toImage();
+  int count = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      const QColor colour = image.pixelColor(x, y);
+      count += std::abs(colour.hue() - hue) < 10 && colour.saturation() > 20 ? 1 : 0;
+    }
+  }
+  return count;
+}
+
+TEST_F(Results, PointOutNamesThatAreNotWhatTheySeem) {
+  for (const bool isUnusual : {false, true}) {
+    show(resultOf({makeCandidate(isUnusual ? "photo\u202egpj/build" : "photo/build")}));
+    EXPECT_EQ(warningPoints(*list()) > 100, isUnusual) << warningPoints(*list());
+    const QModelIndex row = list()->model()->index(1, 0);
+    const QString read = row.data(Qt::AccessibleTextRole).toString();
+    EXPECT_EQ(read.startsWith("build, Unusual characters, Build Output"), isUnusual)
+        << read.toStdString();
+    EXPECT_EQ(read.startsWith("build, Build Output"), !isUnusual) << read.toStdString();
+  }
+}
+
+TEST_F(Results, ReadNamesFromRightToLeftWithoutMarks) {
+  ScanCandidate item = makeCandidate("אבג/דהו");
+  item.evidence = {"Detected by אבג/דהו"};
+  item.projectRoot = "/אבג";
+  show(resultOf({item}, 1));
+  const QModelIndex row = list()->model()->index(1, 0);
+  EXPECT_NE(row.data(ui::PathRole).toString(), "אבג/דהו");
+  list()->model()->setData(row, true, ui::OpenRole);
+  settle();
+  for (int number = 0; number < list()->model()->rowCount(); ++number) {
+    const QModelIndex index = list()->model()->index(number, 0);
+    for (const int role : {Qt::AccessibleTextRole, Qt::AccessibleDescriptionRole}) {
+      EXPECT_FALSE(index.data(role).toString().contains(QChar(0x200E))) << number;
+    }
+  }
+  const auto labels =
+      test::screen(test.window()).findChild<QWidget*>("details")->findChildren<QLabel*>();
+  EXPECT_FALSE(labels.isEmpty());
+  for (const QLabel* label : labels) EXPECT_FALSE(label->text().contains(QChar(0x200E)));
+}
+
 TEST_F(Results, CopyPathsThatCanBePasted) {
   const struct {
     std::string path;
@@ -340,6 +389,11 @@ TEST_F(Results, CopyPathsThatCanBePasted) {
       {"back\\slash", "/home/ada/src/back\\slash"},
       {"x\nrm 'y'", "$'/home/ada/src/x\\nrm \\'y\\''"},
       {"\x1b[2J\\", "$'/home/ada/src/\\x1b[2J\\\\'"},
+      {"\u009b2Jé", "$'/home/ada/src/\\xc2\\x9b2Jé'"},
+      {"photo\u202egpj", "$'/home/ada/src/photo\\xe2\\x80\\xaegpj'"},
+      {"un\u200bseen'", "$'/home/ada/src/un\\xe2\\x80\\x8bseen\\''"},
+      {"caf\xe9/\xe2\x80", "$'/home/ada/src/caf\\xe9/\\xe2\\x80'"},
+      {"אבג/דהו", "/home/ada/src/אבג/דהו"},
   };
   for (const auto& row : table) {
     show(resultOf({makeCandidate(row.path)}));

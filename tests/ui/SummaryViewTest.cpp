@@ -75,6 +75,24 @@ TEST_F(Summary, ListsWhatWasLeftAlone) {
   }
 }
 
+TEST_F(Summary, PointsOutNamesThatAreNotWhatTheySeem) {
+  CleanupResult result{{test::selectedItem("a", 1)}, {}};
+  for (const char* path : {"photo\u202egpj", "אבג/דהו"}) {
+    result.failures.push_back({path, path, "Changed."});
+  }
+  clean(result);
+  const QAbstractItemModel& rows = *test::find<RecordList>(screen(), "failures").model();
+  const QString unusual = "photo\\u202egpj · Unusual characters · Changed.";
+  const QString usual = "אבג/דהו · Changed.";
+  for (const int role :
+       {Qt::DisplayRole, Qt::AccessibleTextRole}) {  // what is copied, what is read
+    EXPECT_EQ(rows.index(0, 0).data(role), unusual);
+    EXPECT_EQ(rows.index(1, 0).data(role), usual);
+  }
+  EXPECT_EQ(rows.index(0, 0).data(RecordModel::WarningRole), "Unusual characters");
+  EXPECT_EQ(rows.index(1, 0).data(RecordModel::WarningRole), "");
+}
+
 TEST_F(Summary, IsGreenOrOrange) {
   for (const Qt::GlobalColor behind : {Qt::white, Qt::black}) {
     const ui::Theme& theme = ui::Theme::of(QPalette(behind));

@@ -79,8 +79,9 @@ void RecordDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
   if (drawing::showsFocus(option))
     drawing::focusRing(*painter, option.rect, theme.accent, drawing::controlRadius);
   if (!symbol.isEmpty()) symbols::paint(*painter, symbol, theme.accent, layout.symbol);
-  drawing::line(*painter, layout.title, titleFont_, theme.text, text(RecordModel::TitleRole),
-                Qt::ElideMiddle);
+  drawing::markedLine(
+      *painter, layout.title, titleFont_, theme.text, text(RecordModel::TitleRole),
+      {.word = text(RecordModel::WarningRole), .font = noteFont_, .colour = theme.usuallySafe});
   const QString subtitle = text(RecordModel::SubtitleRole);
   if (lines_.subtitle > 1) {
     drawing::paragraph(*painter, layout.subtitle, subtitleFont_, theme.secondary, subtitle);

@@ -10,8 +10,8 @@ namespace {
 
 // All that a row says.
 QString sentence(const Record& record) {
-  return display::joined(
-      {record.title, record.subtitle, record.note, record.trailing, record.amount});
+  return display::unmarked(display::joined({record.title, record.warning, record.subtitle,
+                                            record.note, record.trailing, record.amount}));
 }
 
 }  // namespace
@@ -34,6 +34,8 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
       return record.symbol;
     case TitleRole:
       return record.title;
+    case WarningRole:
+      return record.warning;
     case SubtitleRole:
       return record.subtitle;
     case NoteRole:

@@ -14,6 +14,7 @@ namespace broomtide::ui {
 struct Record {
   QString symbol = {};  ///< in front, in the accent colour; empty for none
   QString title;
+  QString warning = {};  ///< a word right after the title, which stands out; empty for none
   QString subtitle;
   QString note = {};                 ///< a third, quieter line
   QString trailing = {};             ///< at the end, above the amount
@@ -35,6 +36,7 @@ class RecordModel final : public QAbstractListModel {
   enum Role {
     SymbolRole = Qt::UserRole,
     TitleRole,
+    WarningRole,
     SubtitleRole,
     NoteRole,
     TrailingRole,

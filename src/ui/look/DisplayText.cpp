@@ -1,10 +1,12 @@
 #include "ui/look/DisplayText.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 
 #include "core/ByteCount.h"
 #include "core/DateText.h"
 #include "core/Paths.h"
+#include "core/Utf8.h"
 #include "core/VisibleText.h"
 
 namespace broomtide::ui::display {
@@ -16,19 +18,57 @@ const DateText& dates() {
   return formats;
 }
 
+// Acts like an unseen Latin letter. In a name it would be shown as an escape, so that all there are
+// were put there by text().
+constexpr QChar leftToRight(0x200E);
+
+bool runsFromRightToLeft(const QString& text) {
+  return std::ranges::any_of(text.toUcs4(), [](uint character) {
+    const QChar::Direction direction = QChar::direction(character);
+    return direction == QChar::DirR || direction == QChar::DirAL || direction == QChar::DirAN;
+  });
+}
+
+// One or more bytes as a shell reads them between $' and '.
+QString quoted(std::string_view bytes, const utf8::Sequence& character) {
+  if (bytes == "'") return QStringLiteral("\\'");
+  const bool hasOtherForm = hasUnusualCharacters(bytes) && (bytes.size() > 1 || !character.isValid);
+  if (!hasOtherForm) return QString::fromStdString(visible(bytes));
+  QString result;
+  constexpr int hexadecimal = 16;
+  for (const char byte : bytes) {
+    result += "\\x" + QString::number(static_cast<unsigned char>(byte), hexadecimal);
+  }
+  return result;
+}
+
 }  // namespace
 
-QString text(std::string_view bytes) { return QString::fromStdString(visible(bytes)); }
+QString text(std::string_view bytes) {
+  QString shown = QString::fromStdString(visible(bytes));
+  if (!runsFromRightToLeft(shown)) return shown;
+  shown.replace(u'/', QString(u'/') + leftToRight);
+  return leftToRight + shown + leftToRight;
+}
+
+QString unmarked(QString text) { return text.remove(leftToRight); }
+
+QString warning(std::string_view name) {
+  if (!hasUnusualCharacters(name)) return {};
+  return QCoreApplication::translate("DisplayText", "Unusual characters");
+}
 
 QString name(std::string_view path) { return text(paths::lastComponent(path)); }
 
 QString pasteable(const std::string& path) {
-  const bool isPlain = std::ranges::none_of(path, [](char character) {
-    constexpr char erase = 0x7F;
-    return (character >= 0 && character < ' ') || character == erase;
-  });
-  if (isPlain) return QString::fromStdString(path);
-  return QStringLiteral("$'%1'").arg(text(path).replace(u'\'', QStringLiteral("\\'")));
+  if (!hasUnusualCharacters(path)) return QString::fromStdString(path);
+  QString word;
+  for (std::string_view rest = path; !rest.empty();) {
+    const utf8::Sequence character = utf8::decode(rest);
+    word += quoted(rest.substr(0, character.length), character);
+    rest.remove_prefix(character.length);
+  }
+  return "$'" + word + "'";
 }
 
 QString size(std::int64_t bytes) { return QString::fromStdString(formatByteCount(bytes)); }

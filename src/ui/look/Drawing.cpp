@@ -1,6 +1,7 @@
 #include "ui/look/Drawing.h"
 
 #include <QPainter>
+#include <algorithm>
 
 #include "ui/look/Symbols.h"
 #include "ui/look/Theme.h"
@@ -41,6 +42,30 @@ void line(QPainter& painter, const QRect& rect, const QFont& font, const QColor&
   const QString shown = painter.fontMetrics().elidedText(text, elision, rect.width());
   painter.drawText(rect, static_cast<int>(alignment | Qt::AlignVCenter) | Qt::TextSingleLine,
                    shown);
+}
+
+int widthOf(const Mark& mark) {
+  constexpr int padding = 9;
+  return QFontMetrics(mark.font).horizontalAdvance(mark.word) + 2 * padding;
+}
+
+void capsule(QPainter& painter, const QRect& rect, const Mark& mark) {
+  surface(painter, rect, Theme::faint(mark.colour), {}, rect.height() / 2);
+  line(painter, rect, mark.font, mark.colour, mark.word, Qt::ElideRight, Qt::AlignHCenter);
+}
+
+void markedLine(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
+                const QString& text, const Mark& mark) {
+  if (mark.word.isEmpty()) {
+    line(painter, rect, font, colour, text, Qt::ElideMiddle);
+    return;
+  }
+  constexpr int gap = 8;
+  const int room = std::max(0, rect.width() - widthOf(mark) - gap);
+  QRect place = rect;
+  place.setWidth(std::min(room, QFontMetrics(font).horizontalAdvance(text) + 2));
+  line(painter, place, font, colour, text, Qt::ElideMiddle);
+  capsule(painter, QRect(place.right() + 1 + gap, rect.y(), widthOf(mark), rect.height()), mark);
 }
 
 void paragraph(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,

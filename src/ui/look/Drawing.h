@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QColor>
+#include <QFont>
+#include <QString>
 #include <QStyleOption>
 
 QT_FORWARD_DECLARE_CLASS(QPainter)
@@ -33,6 +36,24 @@ void cardSlice(QPainter& painter, const QRect& rect, PlaceInCard place, const QC
 /// A text on one line, shortened where `elision` says if there is no room for all of it.
 void line(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
           const QString& text, Qt::TextElideMode elision, Qt::Alignment alignment = Qt::AlignLeft);
+
+/// A word in a capsule.
+struct Mark {
+  QString word;
+  QFont font;
+  QColor colour;  ///< of the word; the capsule is a faint shade of it
+};
+
+/// The width that a mark takes.
+int widthOf(const Mark& mark);
+
+/// A mark that fills a rectangle.
+void capsule(QPainter& painter, const QRect& rect, const Mark& mark);
+
+/// A text on one line, shortened in its middle if need be, and the mark right after it unless its
+/// word is empty.
+void markedLine(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
+                const QString& text, const Mark& mark);
 
 /// A text on as many lines as there is room for, shortened at its end.
 void paragraph(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,

@@ -40,7 +40,7 @@ constexpr int edge = 16;
 constexpr int symbolSide = 16;
 
 Label* selectable(const QString& text, TextStyle style, Tone tone, const char* name) {
-  auto* label = new Label(text, style, tone);
+  auto* label = new Label(display::unmarked(text), style, tone);
   label->setObjectName(name);
   label->setWordWrap(true);
   label->makeSelectable();

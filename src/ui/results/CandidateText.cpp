@@ -39,17 +39,19 @@ QString note(const ScanCandidate& candidate) {
 }
 
 QString sentence(const ScanCandidate& candidate, bool areDetailsShown) {
-  return QStringList{display::name(candidate.url),
-                     fixed(candidate.category),
-                     safety(candidate.safety),
-                     display::size(candidate.size),
-                     candidate.isSelected ? tr("selected") : tr("not selected"),
-                     fixed(title(candidate.confidence)),
-                     fixed(title(candidate.gitStatus)),
-                     dateOf(candidate),
-                     display::text(candidate.relativePath),
-                     areDetailsShown ? tr("details shown") : tr("details hidden")}
-      .join(QStringLiteral(", "));
+  QStringList parts{display::name(candidate.url),
+                    display::warning(candidate.relativePath),
+                    fixed(candidate.category),
+                    safety(candidate.safety),
+                    display::size(candidate.size),
+                    candidate.isSelected ? tr("selected") : tr("not selected"),
+                    fixed(title(candidate.confidence)),
+                    fixed(title(candidate.gitStatus)),
+                    dateOf(candidate),
+                    display::text(candidate.relativePath),
+                    areDetailsShown ? tr("details shown") : tr("details hidden")};
+  parts.removeAll(QString());
+  return display::unmarked(parts.join(QStringLiteral(", ")));
 }
 
 QString details(const ScanCandidate& candidate) {
@@ -58,7 +60,7 @@ QString details(const ScanCandidate& candidate) {
   for (const std::string& reason : candidate.evidence.lines()) lines << display::text(reason);
   if (candidate.regenerationCommand)
     lines << tr("How to regenerate") + ": " + display::text(*candidate.regenerationCommand);
-  return lines.join(u'\n');
+  return display::unmarked(lines.join(u'\n'));
 }
 
 }  // namespace broomtide::ui::candidatetext

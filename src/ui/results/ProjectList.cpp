@@ -24,6 +24,7 @@ Record recordOf(const ProjectReclaimSummary& summary, std::int64_t largest) {
   const QString newest = display::date(summary.newestArtifactDate, ProjectList::tr("unknown"));
   return {.symbol = "shippingbox.fill",
           .title = display::name(summary.root),
+          .warning = display::warning(summary.root),
           .subtitle = display::text(summary.root),
           .note = display::joined(
               {kindsOf(summary), ProjectList::tr("newest disposable artifact %1").arg(newest)}),

@@ -85,8 +85,9 @@ class RowPainter {
     if (index_.data(Qt::CheckStateRole).toInt() == Qt::Checked) tick |= QStyle::State_On;
     drawing::tickBox(painter_, layout_.tickBox, tick, option_.palette);
     symbols::paint(painter_, text(SymbolRole), tone_, layout_.symbol);
-    drawing::line(painter_, layout_.name, fonts_.name, theme_.text, text(Qt::DisplayRole),
-                  Qt::ElideMiddle);
+    drawing::markedLine(
+        painter_, layout_.name, fonts_.name, theme_.text, text(Qt::DisplayRole),
+        {.word = text(WarningRole), .font = fonts_.note, .colour = theme_.usuallySafe});
     drawing::line(painter_, layout_.path, fonts_.path, theme_.secondary, text(PathRole),
                   Qt::ElideMiddle);
     drawing::line(painter_, layout_.note, fonts_.note, theme_.tertiary, text(NoteRole),
@@ -98,13 +99,10 @@ class RowPainter {
   }
 
   void paintBadge() {
-    const QString level = text(BadgeRole);
-    constexpr int padding = 9;
-    QRect capsule = layout_.badge;
-    const int width = QFontMetrics(fonts_.badge).horizontalAdvance(level) + 2 * padding;
-    capsule.setLeft(capsule.right() + 1 - std::min(width, capsule.width()));
-    drawing::surface(painter_, capsule, Theme::faint(tone_), {}, capsule.height() / 2);
-    drawing::line(painter_, capsule, fonts_.badge, tone_, level, Qt::ElideRight, Qt::AlignHCenter);
+    const drawing::Mark level{.word = text(BadgeRole), .font = fonts_.badge, .colour = tone_};
+    QRect place = layout_.badge;
+    place.setLeft(place.right() + 1 - std::min(drawing::widthOf(level), place.width()));
+    drawing::capsule(painter_, place, level);
   }
 
   void paintChevron() {

@@ -121,7 +121,7 @@ QVariant ResultsModel::candidateData(const ResultsRow& row, int role) const {
     case Qt::AccessibleTextRole:
       return candidatetext::sentence(candidate, rows_.isOpen(row));
     case Qt::AccessibleDescriptionRole:
-      return tr("Select %1").arg(display::name(candidate.url));
+      return tr("Select %1").arg(display::unmarked(display::name(candidate.url)));
     case PathRole:
       return display::text(candidate.relativePath);
     case NoteRole:
@@ -130,6 +130,8 @@ QVariant ResultsModel::candidateData(const ResultsRow& row, int role) const {
       return candidatetext::symbol(candidate.kind);
     case ToneRole:
       return static_cast<int>(toneOf(candidate.safety));
+    case WarningRole:
+      return display::warning(candidate.relativePath);
     case BadgeRole:
       return candidatetext::safety(candidate.safety);
     case SizeRole:
@@ -153,7 +155,7 @@ QVariant ResultsModel::issueData(const ResultsRow& row, int role) const {
 
   const ScanIssue& issue = model_.scanIssues()[row.position];
   if (role == Qt::AccessibleTextRole)
-    return QStringLiteral("%1, %2").arg(display::text(issue.path), display::text(issue.message));
+    return display::unmarked(display::text(issue.path) + ", " + display::text(issue.message));
   if (role == Qt::DisplayRole) return display::text(issue.path);
   if (role == NoteRole) return display::text(issue.message);
   return {};

@@ -24,6 +24,7 @@ enum ResultsRole {
   SymbolRole,               ///< the name of an icon
   ToneRole,                 ///< a `Tone`, for the icon and the badge
   BadgeRole,                ///< the safety level
+  WarningRole,              ///< a word about the name of a candidate, mostly empty
   SizeRole,                 ///< the size of a candidate, as people read it
   OpenRole,                 ///< whether the details are shown; can be set
   FirstRole,                ///< whether a card begins with this row

@@ -1,7 +1,9 @@
 #include "ui/screens/ConfirmationView.h"
 
 #include <QHBoxLayout>
+#include <algorithm>
 
+#include "core/VisibleText.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Column.h"
 #include "ui/controls/Label.h"
@@ -21,9 +23,11 @@ ConfirmationView::ConfirmationView(AppModel& model, QWidget* parent)
     : QWidget(parent),
       model_(model),
       total_(new Label({}, TextStyle::headline)),
+      warning_(new Label({}, TextStyle::body, Tone::usuallySafe)),
       move_(new Button({}, Button::Look::prominent)) {
   setObjectName("confirmation");
   total_->setObjectName("total");
+  warning_->setObjectName("warning");
   auto* note = new Label(tr("Items are moved to macOS Trash, not permanently deleted. Broomtide "
                             "will validate every item again before moving it."),
                          TextStyle::body, Tone::secondary);
@@ -41,6 +45,7 @@ ConfirmationView::ConfirmationView(AppModel& model, QWidget* parent)
   lines.addWidget(new Label(tr("Move selected items to Trash?"), TextStyle::largeTitle), 0,
                   Qt::AlignHCenter);
   lines.addWidget(total_, 0, Qt::AlignHCenter);
+  lines.addWidget(warning_, 0, Qt::AlignHCenter);
   lines.addSpacing(8);
   lines.addWidget(note, 0, Qt::AlignHCenter);
   lines.addSpacing(24);
@@ -82,6 +87,11 @@ void ConfirmationView::refresh() {
   total_->setText(tr("%1 item(s) totaling %2")
                       .arg(display::count(static_cast<std::int64_t>(totals.selectedCount)),
                            display::size(totals.selectedBytes)));
+  const auto unusual = std::ranges::count_if(model_.candidates(), [](const ScanCandidate& item) {
+    return item.isSelected && hasUnusualCharacters(item.relativePath);
+  });
+  warning_->setText(tr("%1 of them with unusual characters in the path").arg(unusual));
+  warning_->setVisible(unusual > 0);
   move_->setText(model_.isCleaning() ? tr("Moving…") : tr("Move to Trash"));
   if (model_.isCleaning() && move_->hasFocus()) {
     // Otherwise the next button would get the focus, and Return would press that one.

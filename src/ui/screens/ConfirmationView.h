@@ -22,6 +22,7 @@ class ConfirmationView final : public QWidget {
 
   AppModel& model_;
   Label* total_;
+  Label* warning_;
   Button* move_;
   std::shared_ptr<void> observation_;
 };

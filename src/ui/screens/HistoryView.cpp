@@ -22,6 +22,7 @@ RecordList* entryList(const std::vector<CleanupHistoryEntry>& history) {
   for (const CleanupHistoryEntry& entry : history) {
     records.push_back(
         {.title = display::text(entry.rootPath),
+         .warning = display::warning(entry.rootPath),
          .subtitle = display::dateAndTime(entry.date),
          .trailing = HistoryView::tr("%1 item(s)").arg(display::count(entry.movedCount)),
          .amount = display::size(entry.movedBytes)});

@@ -39,8 +39,9 @@ RecordList* failureList(const std::vector<CleanupFailure>& failures) {
   std::vector<Record> records;
   records.reserve(failures.size());
   for (const CleanupFailure& failure : failures) {
-    records.push_back(
-        {.title = display::text(failure.path), .subtitle = display::text(failure.message)});
+    records.push_back({.title = display::text(failure.path),
+                       .warning = display::warning(failure.path),
+                       .subtitle = display::text(failure.message)});
   }
   constexpr int messageLines = 2;
   auto* list = new RecordList(SummaryView::tr("Items that were left alone"), std::move(records),
