@@ -4,9 +4,11 @@
 #include <QFileDialog>
 #include <QLayout>
 #include <QListView>
+#include <QStyledItemDelegate>
 #include <QTreeView>
 
 #include "ui/controls/Label.h"
+#include "ui/look/DisplayText.h"
 
 namespace broomtide::ui {
 namespace {
@@ -14,6 +16,18 @@ namespace {
 QString text(std::string_view fixed) {
   return QString::fromUtf8(fixed.data(), static_cast<qsizetype>(fixed.size()));
 }
+
+// Names of folders as the rest of the window shows them.
+class NameDelegate final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QString displayText(const QVariant& value, const QLocale& locale) const override {
+    const bool isText = value.userType() == QMetaType::QString;
+    return isText ? display::text(value.toString().toStdString())
+                  : QStyledItemDelegate::displayText(value, locale);
+  }
+};
 
 // Files, their kinds and new folders are not to be chosen; places and dates have room.
 void arrangeForFolders(QFileDialog& dialog) {
@@ -44,6 +58,7 @@ void present(QFileDialog& dialog, const FolderRequest& request) {
   dialog.setLabelText(QFileDialog::Accept, text(request.prompt));
   if (request.startingAt) dialog.setDirectory(QFile::decodeName(request.startingAt->c_str()));
   arrangeForFolders(dialog);
+  dialog.setItemDelegate(new NameDelegate(&dialog));
 
   auto* message = new Label(text(request.message), TextStyle::body, Tone::secondary);
   message->setObjectName("message");
