@@ -25,7 +25,6 @@ class FaultyFileManager final : public FileManager {
   Interception onCheck = [](const std::string&) { return std::error_code(); };
   /// As if the buffer for the entries of a folder were this small, in bytes; 0 for as it is.
   std::size_t mostBytesPerRead = 0;
-  bool hidesTypes = false;  ///< folders do not tell the types of their entries
   bool hidesTypes = false;        ///< folders do not tell the types of their entries
   bool hasNoPermissions = false;  ///< every item shows that everybody may do everything
 
