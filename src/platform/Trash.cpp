@@ -8,6 +8,7 @@
 #include "core/Paths.h"
 #include "platform/FileIdentity.h"
 #include "platform/MountTable.h"
+#include "platform/TrashName.h"
 #include "platform/WholeFile.h"
 
 namespace broomtide {
@@ -90,8 +91,7 @@ std::error_code Trash::move(const TrashItem& item) {
     if (const auto error = open(folder.get(), item.folder, folderAttributes, *opened)) return error;
     place = std::move(opened);
   }
-  return place->folder.take(folder.get(), item,
-                            place->top.empty() ? path : paths::relativePath(path, place->top));
+  return place->folder.take(folder.get(), item, recordedPath(path, place->top));
 }
 
 std::error_code Trash::refuseMountsBelow(const std::string& path) {
@@ -114,22 +114,26 @@ void Trash::recordSizes() {
 // Opens the Trash for what lies in the open folder at `path`.
 std::error_code Trash::open(int folder, const std::string& path, const FileAttributes& attributes,
                             Place& place) {
-  if (isHomeMount(attributes)) return openHome(place);
+  bool isHome = false;
+  if (const auto error = compareWithHome(attributes, isHome)) return error;
+  if (isHome) return openHome(place);
   MountTop top;
   if (const auto error = findTop(fileManager_, folder, attributes, top)) return error;
   place.top = climbed(path, top.depth);
   return openAtTop(top.folder.get(), place);
 }
 
-// Judged by the nearest folder that exists, so that no Trash is made that is not used.
-bool Trash::isHomeMount(const FileAttributes& attributes) {
-  if (!home_) return false;
+// Whether a folder lies on the mount of the user's own Trash, judged by the nearest folder that
+// exists, so that no Trash is made that is not used. Not knowing it must not lead to another Trash.
+std::error_code Trash::compareWithHome(const FileAttributes& attributes, bool& isSame) {
+  isSame = false;
+  if (!home_) return {};
   for (std::string folder = *home_;; folder = std::string(paths::enclosingFolder(folder))) {
     FileAttributes found;
     const std::error_code error =
         fileManager_.readAttributes(workingDirectory, folder.c_str(), LinkPolicy::follow, found);
-    if (!error) return isSameMount(attributes, found);
-    if (error != std::errc::no_such_file_or_directory || folder == "/") return false;
+    isSame = !error && isSameMount(attributes, found);
+    if (error != std::errc::no_such_file_or_directory || folder == "/") return error;
   }
 }
 

@@ -43,7 +43,7 @@ class Trash {
   std::error_code refuseMountsBelow(const std::string& path);
   std::error_code open(int folder, const std::string& path, const FileAttributes& attributes,
                        Place& place);
-  bool isHomeMount(const FileAttributes& attributes);
+  std::error_code compareWithHome(const FileAttributes& attributes, bool& isSame);
   std::error_code openHome(Place& place);
   std::error_code openAtTop(int top, Place& place);
   std::error_code openShared(int top, Place& place);

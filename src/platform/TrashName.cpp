@@ -38,6 +38,12 @@ std::string trashName(std::string_view name, std::uint64_t number) {
   return std::string(shortened(name, longestTrashName - ending.size())) + ending;
 }
 
+std::string recordedPath(std::string_view path, std::string_view top) {
+  if (top.empty()) return std::string(path);
+  const std::size_t slash = top.ends_with('/') ? top.size() - 1 : top.size();  // "/" is all slash
+  return std::string(path.substr(slash + 1));
+}
+
 std::string trashInfo(std::string_view path, Date movedAt) {
   const std::time_t second = std::chrono::system_clock::to_time_t(
       std::chrono::time_point_cast<std::chrono::system_clock::duration>(movedAt));

@@ -16,6 +16,10 @@ inline constexpr std::string_view trashInfoSuffix = ".trashinfo";
 /// its extension. Shortened, but for the extension, so that there is room for the suffix.
 std::string trashName(std::string_view name, std::uint64_t number);
 
+/// What is written down as the place of an item at an absolute path: the path as it is when `top`
+/// is empty, else what follows `top`, the folder that holds the Trash and that the path lies below.
+std::string recordedPath(std::string_view path, std::string_view top);
+
 /// What the information file of an item says: the path that it had (absolute, or relative to the
 /// folder that holds the Trash) and when it was moved, in local time.
 std::string trashInfo(std::string_view path, Date movedAt);

@@ -233,6 +233,13 @@ TEST_F(TrashMove, AListOfSizesThatIsFarTooLongIsLeftAlone) {
   EXPECT_EQ(std::distance(fs::directory_iterator(tree.path("Trash")), {}), 3);
 }
 
+TEST(TrashName, RecordsWhereAnItemWas) {
+  EXPECT_EQ(recordedPath("/srv/app/build", ""), "/srv/app/build");
+  EXPECT_EQ(recordedPath("/srv/app/build", "/srv"), "app/build");
+  EXPECT_EQ(recordedPath("/srv/app/build", "/"), "srv/app/build");
+  EXPECT_EQ(recordedPath("/build", "/"), "build");
+}
+
 TEST(TrashName, FitsAndKeepsTheExtension) {
   const std::string umlauts = [] {
     std::string text;
