@@ -68,7 +68,7 @@ void JSONHistoryStore::append(const CleanupHistoryEntry& entry) {
   lock(fileManager_, folder.get());
   Contents contents = read();
   contents.entries.insert(contents.entries.begin(), entry);
-  replace(folder.get(), HistoryCodec::encode(contents.entries), contents.reason);
+  replace(folder.get(), HistoryCodec::encode(contents.entries), contents);
 }
 
 JSONHistoryStore::Contents JSONHistoryStore::read() const {
@@ -76,7 +76,9 @@ JSONHistoryStore::Contents JSONHistoryStore::read() const {
   std::string text;
   const std::error_code error =
       WholeFile::read(fileManager_, workingDirectory, *file_, LinkPolicy::follow, text);
-  if (error == std::errc::no_such_file_or_directory) return {};
+  if (error == std::errc::no_such_file_or_directory) {
+    return {.entries = {}, .reason = std::nullopt, .nameTaken = NameTaken::fails};
+  }
   if (error) return {.entries = {}, .reason = "unreadable"};
   HistoryCodec::Decoded decoded = HistoryCodec::decode(text);
   if (decoded.defect) return {.entries = {}, .reason = reasonOf(*decoded.defect)};
@@ -85,19 +87,28 @@ JSONHistoryStore::Contents JSONHistoryStore::read() const {
 }
 
 // The lock is held, so that a file under the temporary name is one that was left behind.
-void JSONHistoryStore::replace(int folder, const std::string& text,
-                               const std::optional<std::string>& reason) {
+void JSONHistoryStore::replace(int folder, const std::string& text, const Contents& former) {
   const std::string name(paths::lastComponent(*file_));
   const std::string newName = '.' + name + ".new";
   fileManager_.removeFile(folder, newName.c_str());
   throwIf(WholeFile::create(fileManager_, folder, newName, text, WholeFile::Durability::onDisk));
-  std::error_code error = reason ? setAside(folder, name, *reason) : std::error_code();
-  if (!error) {
-    error = fileManager_.rename(folder, newName.c_str(), folder, name.c_str(), NameTaken::replaces);
-  }
+  std::error_code error =
+      former.reason ? setAside(folder, name, *former.reason) : std::error_code();
+  if (!error) error = putInPlace(folder, newName, former.nameTaken);
   if (error) fileManager_.removeFile(folder, newName.c_str());
   throwIf(error);
   fileManager_.synchronize(folder);  // the entry is there; only a power cut could still lose it
+}
+
+std::error_code JSONHistoryStore::putInPlace(int folder, const std::string& newName,
+                                             NameTaken nameTaken) const {
+  const std::string name(paths::lastComponent(*file_));
+  const std::error_code error =
+      fileManager_.rename(folder, newName.c_str(), folder, name.c_str(), nameTaken);
+  const bool isUnknown = error == std::errc::invalid_argument && nameTaken == NameTaken::fails;
+  if (!isUnknown) return error;
+  // A file system that cannot leave a file alone on request, such as a network's.
+  return fileManager_.rename(folder, newName.c_str(), folder, name.c_str(), NameTaken::replaces);
 }
 
 std::error_code JSONHistoryStore::setAside(int folder, const std::string& name,
