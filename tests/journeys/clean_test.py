@@ -17,7 +17,7 @@ import time
 import unittest
 import urllib.parse
 
-from journey import CLI, Journey, environment
+from journey import CLI, EndlessGit, Journey, environment
 
 NOT_MOVED = (
     "Broomtide could not move this item to Trash. "
@@ -336,17 +336,20 @@ class Interrupting(CleanJourney):
     def test_ctrl_c_leaves_the_rest_alone_and_is_recorded(self):
         self.project()
         os.makedirs(self.path("work/app/.git"))
-        os.mkfifo(self.path("asked"))
-        # Two listings for the scan, then one that tells of itself and never ends.
+        # Two listings for the scan, then one that never ends.
+        os.mkfifo(self.path("turns"))
+        turns = os.open(self.path("turns"), os.O_RDWR)
+        self.addCleanup(os.close, turns)
+        os.write(turns, b"list\nlist\nwait\n")
+        endless = EndlessGit(self)
         git = self.stubbed_git(f"""
-            if mkdir '{self.root}/first' 2>&-; then printf '.next/\\0'; exit; fi
-            if mkdir '{self.root}/second' 2>&-; then printf '.next/\\0'; exit; fi
-            echo > '{self.root}/asked'; exec sleep 1000""")
+            read turn <'{self.root}/turns'
+            if [ $turn = list ]; then printf '.next/\\0'; exit; fi
+            {endless.script}""")
         git["XDG_DATA_HOME"] = self.data
         clean = subprocess.Popen([CLI, "clean", "--yes", "--json", "--item", "app/node_modules", self.work],
                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE, env=git)
-        with open(self.path("asked")) as asked:
-            asked.readline()
+        self.assertTrue(endless.has_started())
         before = snapshot(self.work)
         clean.send_signal(signal.SIGINT)
         out, err = clean.communicate(timeout=60)
@@ -354,6 +357,7 @@ class Interrupting(CleanJourney):
         self.assertEqual([failure["message"] for failure in json.loads(out)["failures"]], [CANCELLED])
         self.assertEqual([entry["failures"][0]["message"] for entry in self.history()], [CANCELLED])
         self.assertEqual(snapshot(self.work), before)
+        self.assertTrue(endless.has_ended())
 
 
 class Killing(CleanJourney):

@@ -10,7 +10,8 @@ import shutil
 import signal
 import subprocess
 import tempfile
-import time
+
+from journey import PATIENCE, poll
 
 try:
     import gi
@@ -22,15 +23,6 @@ except (ImportError, ValueError) as error:
 PROGRAM = os.environ["BROOMTIDE"]
 LEAVES = ("label", "menu item", "push button", "check box", "table cell", "list item")
 DESCRIBED = ("push button", "table cell")
-PATIENCE = 30  # seconds until something that must happen counts as missing
-
-
-def poll(condition, seconds=PATIENCE):
-    """What the condition gives as soon as that is true, or what it gave last."""
-    deadline = time.monotonic() + seconds
-    while not (found := condition()) and time.monotonic() < deadline:
-        time.sleep(0.01)
-    return found
 
 
 @dataclasses.dataclass(frozen=True)

@@ -5,16 +5,57 @@ BROOMTIDE_CLI   the program to test
 
 import json
 import os
+import select
 import subprocess
 import tempfile
+import time
 import unittest
 
 CLI = os.environ.get("BROOMTIDE_CLI")
+PATIENCE = 30  # seconds until something that must happen counts as missing
+
+
+def poll(condition, seconds=PATIENCE):
+    """What the condition gives as soon as that is true, or what it gave last."""
+    deadline = time.monotonic() + seconds
+    while not (found := condition()) and time.monotonic() < deadline:
+        time.sleep(0.01)
+    return found
 
 
 def environment(**changes):
     kept = {name: value for name, value in os.environ.items() if name != "NO_COLOR"}
     return {**kept, "TERM": "xterm", **changes}
+
+
+class EndlessGit:
+    """A pipe that tells whether a Git tool which never answers is there.
+
+    Git may not write anything, so it opens the pipe for reading: `script` is the part of the tool that does.
+    """
+
+    def __init__(self, journey):
+        self.pipe = journey.path("alive")
+        os.mkfifo(self.pipe)
+        self.script = f"exec 9<'{self.pipe}'; exec sleep 1000"
+
+    def has_started(self):
+        def opened():
+            try:
+                return os.open(self.pipe, os.O_WRONLY | os.O_NONBLOCK)
+            except OSError:  # nobody reads
+                return None
+        self.writer = poll(opened)
+        return self.writer is not None
+
+    def has_ended(self):
+        """Whoever still held the pipe open would be a child that was left behind."""
+        state = select.poll()
+        state.register(self.writer, 0)
+        try:
+            return bool(state.poll(PATIENCE * 1000))
+        finally:
+            os.close(self.writer)
 
 
 class Journey(unittest.TestCase):

@@ -9,7 +9,6 @@ import pty
 import pwd
 import re
 import resource
-import select
 import shutil
 import signal
 import subprocess
@@ -18,7 +17,7 @@ import unicodedata
 import unittest
 import urllib.parse
 
-from journey import CLI, Journey, environment
+from journey import CLI, EndlessGit, Journey, environment
 
 sys.path.append(os.path.join(os.path.dirname(__file__), "../oracle"))
 import nasty_names  # noqa: E402
@@ -258,25 +257,17 @@ class Git(Journey):
         self.assertEqual(json.loads(result.stdout)["candidates"], [])
 
     def test_interrupting_an_endless_git_leaves_no_child_behind(self):
-        alive = self.path("alive")
-        os.mkfifo(alive)
-        reader = os.open(alive, os.O_RDONLY | os.O_NONBLOCK)
-        self.addCleanup(os.close, reader)
-        git = self.stubbed_git(f"exec 9>'{alive}'; echo $PPID >&9; sleep 1000")
+        git = EndlessGit(self)
         scan = subprocess.Popen(
-            [CLI, "scan", self.path("app")], stdout=subprocess.PIPE, stderr=subprocess.PIPE, env=git
+            [CLI, "scan", self.path("app")], stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+            env=self.stubbed_git(git.script),
         )
-        self.assertTrue(select.select([reader], [], [], 60)[0])
-        self.assertEqual(int(os.read(reader, 64).split()[0]), scan.pid)
+        self.assertTrue(git.has_started())
         scan.send_signal(signal.SIGINT)
         out, err = scan.communicate(timeout=30)
         self.assertEqual((scan.returncode, out), (130, b""))
         self.assertIn(b"Scan cancelled. No files were changed.", err)
-        # Whoever still held the pipe open would be a child that was left behind.
-        while select.select([reader], [], [], 30)[0]:
-            if os.read(reader, 64) == b"":
-                return
-        self.fail("a child of the scan is still running")
+        self.assertTrue(git.has_ended(), "a child of the scan is still running")
 
 
 class Usage(Journey):

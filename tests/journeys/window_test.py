@@ -5,15 +5,14 @@ BROOMTIDE   the program to test
 
 import os
 import re
-import select
 import subprocess
 import tempfile
 import time
 import unittest
 import urllib.parse
 
-from desktop import NOTHING, Application, Desktop, poll
-from journey import Journey
+from desktop import NOTHING, Application, Desktop
+from journey import EndlessGit, Journey, poll
 
 CARDS = {
     "Scan Project Folder": "Find build outputs, caches, and dependencies inside your repositories.",
@@ -411,38 +410,24 @@ class Leaving(WindowJourney):
         self.write("work/app/package.json", "{}")
         os.makedirs(self.path("work/app/.git"))
         self.write("work/app/.next/page", "page")
-        self.alive = self.path("alive")
-        os.mkfifo(self.alive)
-        self.reader = os.open(self.alive, os.O_RDONLY | os.O_NONBLOCK)
-        self.addCleanup(os.close, self.reader)
-        git = self.stubbed_git(f"exec 9>'{self.alive}'; echo >&9; sleep 1000")
-        self.start(DEVELOPER_DIR=git["DEVELOPER_DIR"])
+        self.git = EndlessGit(self)
+        self.start(DEVELOPER_DIR=self.stubbed_git(self.git.script)["DEVELOPER_DIR"])
 
     def scan(self):
         self.choose("Scan Project Folder", self.path("work"))
         self.await_text("Scanning work")
         self.await_focus("push button", "Back to Home")
-        self.assertTrue(select.select([self.reader], [], [], 30)[0], "Git was not asked")
-        self.assertEqual(os.read(self.reader, 64), b"\n")
+        self.assertTrue(self.git.has_started(), "Git was not asked")
         self.await_text("2005 Items scanned")
-
-    def check_no_child(self):
-        """Whoever still held the pipe open would be a child that was left behind."""
-        def ended():
-            try:
-                return os.read(self.reader, 64) == b""
-            except BlockingIOError:
-                return False
-        self.assertTrue(poll(ended), "Git is still running")
 
     def test_escape_leaves_a_scan_and_closing_the_window_too(self):
         self.scan()
         self.app.press("Escape")
         self.at_home()
-        self.check_no_child()
+        self.assertTrue(self.git.has_ended(), "Git is still running")
         self.scan()
         self.quit()
-        self.check_no_child()
+        self.assertTrue(self.git.has_ended(), "Git is still running")
         self.assertFalse(os.path.exists(self.trash))
 
 
