@@ -1,5 +1,6 @@
 #include "platform/Confinement.h"
 
+#include <elf.h>
 #include <fcntl.h>
 #include <link.h>
 #include <linux/landlock.h>
@@ -8,9 +9,12 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <cstdint>
+#include <cstring>
 #include <initializer_list>
 #include <memory>
 #include <string_view>
@@ -44,21 +48,28 @@ bool isScript(const std::string& program) {
          std::string_view(start.data(), start.size()) == "#!";
 }
 
-// The program that loads this one, and every other that needs libraries.
-std::string loader() {
-  std::string path;
-  ::dl_iterate_phdr(
-      [](dl_phdr_info* object, std::size_t, void* result) {
-        for (int index = 0; index < object->dlpi_phnum; ++index) {
-          const auto& segment = object->dlpi_phdr[index];
-          if (segment.p_type != PT_INTERP) continue;
-          *static_cast<std::string*>(result) =
-              reinterpret_cast<const char*>(object->dlpi_addr + segment.p_vaddr);
-        }
-        return 1;  // the first object is this program
-      },
-      &path);
-  return path;
+template <typename Value>
+bool readAt(const FileDescriptor& file, std::uint64_t offset, Value& value) {
+  const ssize_t count = ::pread(file.get(), &value, sizeof value, static_cast<off_t>(offset));
+  return count == static_cast<ssize_t>(sizeof value);
+}
+
+// The loader of a program that needs libraries, as its file names it; empty for any other.
+std::string loaderOf(const std::string& program) {
+  const FileDescriptor file(::open(program.c_str(), O_RDONLY | O_CLOEXEC));
+  ElfW(Ehdr) header;
+  if (!readAt(file, 0, header) || std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0) return {};
+  for (std::uint64_t index = 0; index < header.e_phnum; ++index) {
+    ElfW(Phdr) segment;
+    if (!readAt(file, header.e_phoff + index * header.e_phentsize, segment)) return {};
+    if (segment.p_type != PT_INTERP) continue;
+    std::array<char, PATH_MAX> path{};
+    const std::size_t length = std::min<std::size_t>(segment.p_filesz, path.size() - 1);
+    const ssize_t count =
+        ::pread(file.get(), path.data(), length, static_cast<off_t>(segment.p_offset));
+    return count > 0 ? path.data() : std::string();
+  }
+  return {};
 }
 
 // Rules about the files that processes may open or change.
@@ -94,7 +105,7 @@ void confineFiles(const std::string& program, Extent& extent) {
                         (mayRunOthers ? 0 : std::uint64_t{LANDLOCK_ACCESS_FS_EXECUTE}));
   rules.allow(LANDLOCK_ACCESS_FS_WRITE_FILE, "/dev/null");  // many programs open it for both
   if (!mayRunOthers) {
-    for (const std::string& path : {program, loader()}) {
+    for (const std::string& path : {program, loaderOf(program)}) {
       rules.allow(LANDLOCK_ACCESS_FS_EXECUTE, path);
     }
   }
