@@ -183,7 +183,8 @@ class Wait {
   bool isIdle() {
     const Clock::time_point now = Clock::now();
     std::string time = child_.processorTime();
-    if (time != lastProcessorTime_) {
+    const bool isUnknown = time.empty();  // then only the limit of time counts
+    if (isUnknown || time != lastProcessorTime_) {
       lastProcessorTime_ = std::move(time);
       lastSign_ = now;
     }
