@@ -27,6 +27,15 @@ std::uint64_t numberAfter(std::uint64_t number) {
 
 constexpr std::uint64_t largestNumber = std::numeric_limits<std::uint32_t>::max();
 
+std::error_code readToken(FileManager& fileManager, int folder, const std::string& name,
+                          std::string& token) {
+  FileAttributes attributes;
+  const std::error_code error =
+      fileManager.readAttributes(folder, name.c_str(), LinkPolicy::doNotFollow, attributes);
+  if (!error) token = FileIdentity::token(attributes);
+  return error;
+}
+
 }  // namespace
 
 std::error_code TrashFolder::open(FileDescriptor folder, TrashSharing sharing) {
@@ -98,17 +107,40 @@ std::error_code TrashFolder::moveIn(int folder, const TrashItem& item, const std
   std::error_code error =
       fileManager_.rename(folder, item.name.c_str(), files_.get(), name.c_str(), NameTaken::fails);
   if (!error) {
-    FileAttributes arrived;
-    error =
-        fileManager_.readAttributes(files_.get(), name.c_str(), LinkPolicy::doNotFollow, arrived);
-    if (!error && FileIdentity::token(arrived) == item.identity) return {};
-    if (!error) error = std::make_error_code(std::errc::operation_canceled);
-    const bool isBack = !fileManager_.rename(files_.get(), name.c_str(), folder, item.name.c_str(),
-                                             NameTaken::fails);
-    if (!isBack) return error;
+    error = examine(folder, item, name);
+    if (!error) return {};
+    if (moveBack(name, folder, item.name)) return error;
   }
   fileManager_.removeFile(info_.get(), infoName(name).c_str());
   return error;
+}
+
+// Nothing holds an item or its folder fast until it is renamed: another one may have been given the
+// name, and the whole folder may have been taken to another place.
+std::error_code TrashFolder::examine(int folder, const TrashItem& item, const std::string& name) {
+  std::string arrived, left, expected;
+  FileDescriptor found;
+  if (const auto error = readToken(fileManager_, files_.get(), name, arrived)) return error;
+  if (const auto error = readToken(fileManager_, folder, "", left)) return error;
+  if (const auto error = fileManager_.openFolder(workingDirectory, item.folder.c_str(),
+                                                 LinkPolicy::refuse, found)) {
+    return error;
+  }
+  if (const auto error = readToken(fileManager_, found.get(), "", expected)) return error;
+  const bool isRight = arrived == item.identity && left == expected;
+  return isRight ? std::error_code() : std::make_error_code(std::errc::operation_canceled);
+}
+
+// To where it was, or when that is taken, beside it under the next name that is free.
+std::error_code TrashFolder::moveBack(const std::string& name, int folder,
+                                      const std::string& wanted) {
+  std::string free = wanted;
+  for (std::uint64_t number = 1;; free = trashName(wanted, number)) {
+    const std::error_code error =
+        fileManager_.rename(files_.get(), name.c_str(), folder, free.c_str(), NameTaken::fails);
+    number = numberAfter(number);
+    if (error != std::errc::file_exists || number > largestNumber) return error;
+  }
 }
 
 std::vector<DirectorySize> TrashFolder::takeSizes() {

@@ -39,8 +39,9 @@ class TrashFolder {
   std::error_code open(FileDescriptor folder, TrashSharing sharing);
 
   /// Moves an item out of the open folder that holds it. `path` is what is written down as the
-  /// place it came from. After a failure the item is where it was; only when it turned out to be
-  /// another one and could not be moved back, it stays in the Trash with its information.
+  /// place it came from. After a failure the item is where it was. What turned out to be another
+  /// one, or to have come from another place, is moved back, beside what has taken its name
+  /// meanwhile; only when that fails too, it stays in the Trash with its information.
   std::error_code take(int folder, const TrashItem& item, std::string_view path);
 
   /// Adds the sizes of the folders that were moved to the list from which file managers read them.
@@ -57,6 +58,8 @@ class TrashFolder {
   std::error_code refuseOthers(int folder);
   bool hasPermissions(int folder);
   std::error_code moveIn(int folder, const TrashItem& item, const std::string& name);
+  std::error_code examine(int folder, const TrashItem& item, const std::string& name);
+  std::error_code moveBack(const std::string& name, int folder, const std::string& wanted);
   std::vector<DirectorySize> takeSizes();
 
   FileManager& fileManager_;

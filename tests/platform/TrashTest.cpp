@@ -52,8 +52,6 @@ class TrashMove : public testing::Test {
     return result;
   }
 
-  void swap() const { tree.run("mv build moved; mkdir build; echo new > build/new", "work"); }
-
   test::TemporaryTree tree;
   FaultyFileManager files;
 };
@@ -162,31 +160,50 @@ TEST_F(TrashMove, ATakenNameGivesTheNextOne) {
   EXPECT_TRUE(fs::exists(tree.path("Trash/info/build.3.trashinfo")));
 }
 
-TEST_F(TrashMove, AnItemThatIsSwappedAtTheLastMomentIsMovedBack) {
-  files.onChange = when("rename build", {}, [this, first = true]() mutable {
-    if (std::exchange(first, false)) swap();
-  });
-  EXPECT_TRUE(move());
-  EXPECT_TRUE(fs::exists(tree.path("work/build/new")));
-  EXPECT_TRUE(fs::exists(tree.path("work/moved/object")));
-  EXPECT_TRUE(fs::is_empty(tree.path("Trash/files")));
-  EXPECT_TRUE(fs::is_empty(tree.path("Trash/info")));
+TEST_F(TrashMove, WhatIsSwappedAtTheLastMomentIsMovedBack) {
+  struct Row {
+    const char* name;
+    std::string beforeMoving;
+    std::string beforeMovingBack;
+    std::string newPlace;  ///< of the file that is not the item's
+  };
+  for (const Row& row : std::vector<Row>{
+           {"the item", "mv work/build work/old; mkdir work/build; touch work/build/new", ":",
+            "work/build/new"},
+           {"an item whose name is taken again",
+            "mv work/build work/old; mkdir work/build; touch work/build/new", "touch work/build",
+            "work/build.2/new"},
+           {"an item of which two names are taken",
+            "mv work/build work/old; mkdir work/build; touch work/build/new",
+            "touch work/build; ln -s nowhere work/build.2", "work/build.3/new"},
+           {"the folder, by a link", "mv work aside; ln -s aside work", ":", "aside/build/object"},
+           {"the folder, by another one",
+            "mkdir -p other/build; touch other/build/new; mv work aside; mv other work", ":",
+            "aside/build/object"},
+       }) {
+    tree.run("rm -rf work aside Trash/*/*; mkdir -p work/build; touch work/build/object");
+    files.onChange = when("rename build", {}, [&, renames = 0]() mutable {
+      const int rename = renames++;
+      if (rename < 2) tree.run(rename == 0 ? row.beforeMoving : row.beforeMovingBack);
+    });
+    EXPECT_TRUE(move()) << row.name;
+    EXPECT_TRUE(fs::exists(tree.path(row.newPlace))) << row.name;
+    EXPECT_TRUE(fs::is_empty(tree.path("Trash/files"))) << row.name;
+    EXPECT_TRUE(fs::is_empty(tree.path("Trash/info"))) << row.name;
+  }
 }
 
-TEST_F(TrashMove, AnItemThatCannotBeMovedBackStaysInTheTrashWhole) {
-  // The first renaming moves the wrong item, the second one finds its old place taken.
-  files.onChange = when("rename build", {}, [this, renames = 0]() mutable {
-    if (renames++ == 0) {
-      swap();
-    } else {
-      tree.file("work/build", "third");
-    }
-  });
+TEST_F(TrashMove, WhatCannotBeMovedBackStaysInTheTrashWhole) {
+  files.onChange = [this, renames = 0](const std::string& called) mutable {
+    if (!called.starts_with("rename build")) return std::error_code();
+    if (renames++ > 0) return error(std::errc::io_error);
+    tree.run("mv build old; mkdir build; touch build/new", "work");
+    return std::error_code();
+  };
   EXPECT_TRUE(move());
   EXPECT_TRUE(fs::exists(tree.path("Trash/files/build/new")));
   EXPECT_TRUE(fs::exists(tree.path("Trash/info/build.trashinfo")));
-  EXPECT_TRUE(fs::is_regular_file(tree.path("work/build")));
-  EXPECT_TRUE(fs::exists(tree.path("work/moved/object")));
+  EXPECT_TRUE(fs::exists(tree.path("work/old/object")));
 }
 
 TEST_F(TrashMove, AnItemThatCannotBeLookedAtAfterwardsIsMovedBack) {
