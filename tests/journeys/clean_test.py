@@ -175,6 +175,29 @@ trash-list > ../listed
 """
 TMPFS = "mount -t tmpfs none mount"
 
+# A system of its own, whose root is the mount that the items lie on.
+ROOT_MOUNT = """
+set -e
+cd "$1"
+mkdir -p mount
+mount -t tmpfs none mount
+cd mount
+mkdir -p code/app/.next data tmp
+echo page > code/app/.next/page
+echo '{}' > code/app/package.json
+mount -t tmpfs none data
+for folder in /bin /dev /etc /lib /lib64 /proc /sbin /usr "$(dirname "$2")"; do
+  if [ -L $folder ]; then cp -a $folder .$folder; continue; fi
+  [ -d $folder ] || continue
+  mkdir -p ".$folder"
+  mount --rbind "$folder" ".$folder"
+done
+chroot . "$2" clean --yes --json /code > ../result.json || echo $? > ../status
+find . -xdev -name page > ../pages
+cat $(find . -xdev -name '.next.trashinfo') > ../info || true
+chroot . trash-list > ../listed
+"""
+
 
 class OtherMounts(CleanJourney):
     # What stands at the top of the mount, and which folder must become the Trash.
@@ -206,10 +229,12 @@ class OtherMounts(CleanJourney):
         if subprocess.run([*self.unshare, "mount", "-t", "tmpfs", "none", self.work], capture_output=True).returncode:
             self.skipTest("mounting in a namespace is not allowed here")
 
-    def run_script(self, mount, arrange="", remount=""):
-        script = MOUNTS.format(mount=mount, arrange=arrange, remount=remount)
+    def run_on(self, mount, arrange="", remount=""):
+        return self.run_script(MOUNTS.format(mount=mount, arrange=arrange, remount=remount), self.data)
+
+    def run_script(self, script, data):
         subprocess.run([*self.unshare, "bash", "-c", script, "bash", self.root, CLI], check=True, timeout=120,
-                       stderr=subprocess.DEVNULL, env=environment(XDG_DATA_HOME=self.data))
+                       stderr=subprocess.DEVNULL, env=environment(XDG_DATA_HOME=data))
         results = {}
         for name in ["result.json", "status", "pages", "info", "listed"]:
             if os.path.exists(self.path(name)):
@@ -237,7 +262,7 @@ class OtherMounts(CleanJourney):
             if "chown" in arrange and os.getuid() != 0:
                 continue  # only an administrator can give files away
             with self.subTest(kind):
-                results = self.run_script(TMPFS, arrange.format(uid=uid))
+                results = self.run_on(TMPFS, arrange.format(uid=uid))
                 if trash:
                     self.check_moved(results, trash.format(uid=uid))
                 else:
@@ -245,15 +270,22 @@ class OtherMounts(CleanJourney):
 
     def test_what_is_mounted_below_an_item_keeps_it_in_its_place(self):
         inner = "mkdir code/app/.next/inner; mount -t tmpfs none code/app/.next/inner; touch code/app/.next/inner/kept"
-        self.check_refused(self.run_script(TMPFS, inner))
+        self.check_refused(self.run_on(TMPFS, inner))
 
     def test_a_bind_mount_has_its_own_trash(self):
         os.makedirs(self.path("elsewhere"))
-        self.check_moved(self.run_script("mount --bind elsewhere mount"), ".Trash-0")
+        self.check_moved(self.run_on("mount --bind elsewhere mount"), ".Trash-0")
         self.assertTrue(os.path.exists(self.path("elsewhere/.Trash-0/files/.next/page")))
 
+    def test_the_trash_at_the_top_of_the_root_mount(self):
+        results = self.run_script(ROOT_MOUNT, "/data")
+        self.assertNotIn("status", results)
+        self.assertEqual(results["pages"], "./.Trash-0/files/.next/page\n")
+        self.assertIn("\nPath=code/app/.next\n", results["info"])
+        self.assertRegex(results["listed"], r" /code/app/\.next\n")
+
     def test_a_read_only_mount_is_refused(self):
-        self.check_refused(self.run_script(TMPFS, remount="mount -o remount,ro mount"))
+        self.check_refused(self.run_on(TMPFS, remount="mount -o remount,ro mount"))
 
 
 class Selecting(CleanJourney):
