@@ -53,7 +53,6 @@ TEST_F(Confined, ChangesNoFiles) {
       {"point", [&] { return ::symlink(name, other.c_str()) == 0; }},
       {"create a folder", [&] { return ::mkdir(other.c_str(), 0700) == 0; }},
       {"create a pipe", [&] { return ::mkfifo(other.c_str(), 0600) == 0; }},
-      {"date", [&] { return ::utimensat(AT_FDCWD, name, nullptr, 0) == 0; }},
       {"allow", [&] { return ::chmod(name, 0777) == 0; }},
       {"give away", [&] { return ::chown(name, ::getuid(), ::getgid()) == 0; }},
   };
@@ -66,6 +65,7 @@ TEST_F(Confined, ChangesNoFiles) {
     }
     EXPECT_TRUE(FileDescriptor(::open(name, O_RDONLY)).isOpen());
     EXPECT_TRUE(FileDescriptor(::open("/dev/null", O_RDWR)).isOpen());
+    EXPECT_EQ(::utimensat(AT_FDCWD, name, nullptr, 0), 0) << "a program should not notice";
   });
   EXPECT_EQ(test::snapshotOf(tree.root()), before);
   for (const auto& [what, attempt] : attempts) {
