@@ -199,7 +199,7 @@ TEST_F(History, AnAppendThatWasKilledHalfwayIsForgotten) {
 }
 
 TEST_F(History, TwoProcessesLoseNothing) {
-  constexpr int each = 500;
+  constexpr int each = 150;
   const auto appendAll = [&](const std::string& who) {
     for (int number = 0; number < each; ++number) {
       store.append(entry('/' + who + std::to_string(number), "2025-03-01T09:30:00Z"));
