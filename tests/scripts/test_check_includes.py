@@ -39,6 +39,7 @@ CLEAN = {
     '#include "scanner/Scan.h"\n',
     "tests/fuzz/Input.h": "#include <string_view>\n",
     "tests/fuzz/Sizes.cpp": '#include "fuzz/Input.h"\n#include "cli/Print.h"\n',
+    "tests/soak/Round.cpp": '#include <sys/stat.h>\n#include "cli/Print.h"\n#include "support/Tree.h"\n',
     "tests/journeys/WindowTest.cpp": '#include <QTest>\n#include "ui/Window.h"\n',
 }
 
@@ -73,6 +74,7 @@ BROKEN = [
     ("tests/core/Bad.cpp", '#include "scanner/Scan.h"', "core must not include scanner"),
     ("tests/cli/Bad.cpp", '#include "cleanup/Trash.h"', "cli must not include cleanup"),
     ("tests/fuzz/Bad.cpp", '#include "ui/Window.h"', "fuzz must not include ui"),
+    ("tests/soak/Bad.cpp", '#include "ui/Window.h"', "soak must not include ui"),
     ("tests/core/Bad.cpp", '#include "fuzz/Input.h"', "core must not include fuzz"),
     ("tests/app/Bad.cpp", "#include <QTest>", "app must not see Qt"),
 ]

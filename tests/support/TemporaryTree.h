@@ -16,6 +16,9 @@ class TemporaryTree {
   TemporaryTree(const TemporaryTree&) = delete;
   TemporaryTree& operator=(const TemporaryTree&) = delete;
 
+  /// Leaves the folder where it is, for people to look at.
+  void keep() { isKept_ = true; }
+
   const std::string& root() const { return root_; }
   std::string path(std::string_view relative) const;
 
@@ -32,6 +35,7 @@ class TemporaryTree {
 
  private:
   std::string root_;
+  bool isKept_ = false;
 };
 
 }  // namespace broomtide::test

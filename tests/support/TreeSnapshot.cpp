@@ -12,28 +12,40 @@ namespace broomtide::test {
 namespace fs = std::filesystem;
 
 namespace {
+
 constexpr off_t largestRead = off_t{1} << 24U;
+
+std::string contentsOf(const fs::path& path, const struct stat& status) {
+  if (S_ISLNK(status.st_mode)) return fs::read_symlink(path);
+  if (!S_ISREG(status.st_mode)) return {};
+  if (status.st_size > largestRead) return std::to_string(status.st_size) + " bytes";
+  std::ifstream file(path);
+  return {std::istreambuf_iterator<char>(file), {}};
 }
+
+std::string lineOf(const fs::path& path, const std::string& root) {
+  struct stat status {};
+  if (::lstat(path.c_str(), &status) != 0) throw std::runtime_error("an entry vanished");
+  return path.lexically_relative(root).native() + ' ' + std::to_string(status.st_mode) + ' ' +
+         std::to_string(status.st_mtim.tv_sec) + '.' + std::to_string(status.st_mtim.tv_nsec) +
+         ' ' + contentsOf(path, status);
+}
+
+}  // namespace
 
 std::vector<std::string> snapshotOf(const std::string& root) {
   std::vector<std::string> lines;
   for (const fs::directory_entry& entry : fs::recursive_directory_iterator(root)) {
-    struct stat status {};
-    if (::lstat(entry.path().c_str(), &status) != 0) throw std::runtime_error("an entry vanished");
-    std::string contents;
-    if (S_ISREG(status.st_mode) && status.st_size > largestRead) {
-      contents = std::to_string(status.st_size) + " bytes";
-    } else if (S_ISREG(status.st_mode)) {
-      std::ifstream file(entry.path());
-      contents.assign(std::istreambuf_iterator<char>(file), {});
-    } else if (S_ISLNK(status.st_mode)) {
-      contents = fs::read_symlink(entry.path());
-    }
-    lines.push_back(entry.path().lexically_relative(root).native() + ' ' +
-                    std::to_string(status.st_mode) + ' ' + std::to_string(status.st_mtim.tv_sec) +
-                    '.' + std::to_string(status.st_mtim.tv_nsec) + ' ' + contents);
+    lines.push_back(lineOf(entry.path(), root));
   }
   std::ranges::sort(lines);
+  return lines;
+}
+
+std::vector<std::string> snapshotOfItem(const std::string& path) {
+  const bool isFolder = fs::is_directory(fs::symlink_status(path));
+  std::vector<std::string> lines = isFolder ? snapshotOf(path) : std::vector<std::string>();
+  lines.push_back(lineOf(path, path));
   return lines;
 }
 
