@@ -18,6 +18,7 @@
 #include <initializer_list>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include "platform/FileDescriptor.h"
 
@@ -113,6 +114,23 @@ void confineFiles(const std::string& program, Extent& extent) {
   extent.forbidsPrograms = extent.forbidsFiles && !mayRunOthers;
 }
 
+bool forbid(scmp_filter_ctx filter, int call, const std::vector<scmp_arg_cmp>& arguments = {}) {
+  return ::seccomp_rule_add_array(filter, SCMP_ACT_ERRNO(EPERM), call,
+                                  static_cast<unsigned int>(arguments.size()),
+                                  arguments.data()) == 0;
+}
+
+// What rules about files would. A lock that can be made, but not be removed again, would stay.
+bool forbidCreating(scmp_filter_ctx filter) {
+  for (const std::uint64_t flag : {std::uint64_t{O_CREAT}, std::uint64_t{O_TRUNC}}) {
+    if (!forbid(filter, SCMP_SYS(open), {{1, SCMP_CMP_MASKED_EQ, flag, flag}}) ||
+        !forbid(filter, SCMP_SYS(openat), {{2, SCMP_CMP_MASKED_EQ, flag, flag}})) {
+      return false;
+    }
+  }
+  return forbid(filter, SCMP_SYS(creat)) && forbid(filter, SCMP_SYS(openat2));
+}
+
 // What no rule about files covers.
 void confineSystem(Extent& extent) {
   const std::unique_ptr<void, void (*)(scmp_filter_ctx)> filter(::seccomp_init(SCMP_ACT_ALLOW),
@@ -133,8 +151,9 @@ void confineSystem(Extent& extent) {
       // ways around a filter of system calls
       SCMP_SYS(io_uring_setup), SCMP_SYS(ptrace), SCMP_SYS(process_vm_writev)};
   for (const int call : forbidden) {
-    if (::seccomp_rule_add(filter.get(), SCMP_ACT_ERRNO(EPERM), call, 0) != 0) return;
+    if (!forbid(filter.get(), call)) return;
   }
+  if (!extent.forbidsFiles && !forbidCreating(filter.get())) return;
   // Dates stay as they are although a program is told that they have changed: Git writes an object
   // anew whose date it cannot change, and fails.
   const std::initializer_list<int> dates{SCMP_SYS(utime), SCMP_SYS(utimes), SCMP_SYS(futimesat),
