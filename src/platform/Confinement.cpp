@@ -29,6 +29,9 @@ namespace {
 constexpr std::uint64_t moveBetweenFolders = LANDLOCK_ACCESS_FS_REFER;
 constexpr std::uint64_t truncateFile = std::uint64_t{1} << 14U;
 
+// Later ways to change modes and attributes, by the numbers that they have on every common system.
+constexpr int changeModeAt = 452, setAttributeAt = 463, removeAttributeAt = 466, setFileFlags = 469;
+
 constexpr std::uint64_t change = LANDLOCK_ACCESS_FS_WRITE_FILE | LANDLOCK_ACCESS_FS_REMOVE_DIR |
                                  LANDLOCK_ACCESS_FS_REMOVE_FILE | LANDLOCK_ACCESS_FS_MAKE_CHAR |
                                  LANDLOCK_ACCESS_FS_MAKE_DIR | LANDLOCK_ACCESS_FS_MAKE_REG |
@@ -143,6 +146,7 @@ void confineSystem(Extent& extent) {
       SCMP_SYS(chmod), SCMP_SYS(fchmod), SCMP_SYS(fchmodat), SCMP_SYS(chown), SCMP_SYS(fchown),
       SCMP_SYS(lchown), SCMP_SYS(fchownat), SCMP_SYS(setxattr), SCMP_SYS(lsetxattr),
       SCMP_SYS(fsetxattr), SCMP_SYS(removexattr), SCMP_SYS(lremovexattr), SCMP_SYS(fremovexattr),
+      changeModeAt, setAttributeAt, removeAttributeAt, setFileFlags,
       // lengths, and names of files, where rules about files do not know them
       SCMP_SYS(truncate), SCMP_SYS(rename), SCMP_SYS(renameat), SCMP_SYS(renameat2), SCMP_SYS(link),
       SCMP_SYS(linkat), SCMP_SYS(symlink), SCMP_SYS(symlinkat), SCMP_SYS(unlink),

@@ -5,6 +5,7 @@
 #include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -86,6 +87,10 @@ TEST_F(Confined, ChangesNoFiles) {
     if (!extent.forbidsFiles || !extent.forbidsSystem) GTEST_SKIP() << "not on this system";
     expectRefused(writing);
     expectRefused(attempts);
+    for (const long call : {452, 463, 466, 469}) {  // which not every kernel knows
+      EXPECT_EQ(::syscall(call, AT_FDCWD, name, 0777, 0, 0, 0), -1) << call;
+      EXPECT_EQ(errno, EPERM) << call;
+    }
     EXPECT_TRUE(FileDescriptor(::open(name, O_RDONLY)).isOpen());
     EXPECT_TRUE(FileDescriptor(::open("/dev/null", O_RDWR)).isOpen());
     EXPECT_EQ(::utimensat(AT_FDCWD, name, nullptr, 0), 0) << "a program should not notice";
