@@ -21,16 +21,16 @@ bool rename(const std::string& from, const std::string& to, unsigned int flags) 
   return ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), flags) == 0;
 }
 
-// Takes the item at a path to `away`, and puts a link in its place; or that away again.
-void putOrTakeLink(const std::string& path, const std::string& away, const std::string& target,
+// Takes the item at a path to `hidden`, and puts a link in its place; or back again.
+bool putOrTakeLink(const std::string& path, const std::string& away, const std::string& target,
                    const std::string& hidden) {
-  std::error_code ignored;
-  if (fs::is_symlink(path, ignored)) {
-    rename(path, away, RENAME_NOREPLACE);
-    rename(hidden, path, RENAME_NOREPLACE);
-  } else if (rename(path, hidden, RENAME_NOREPLACE)) {
-    fs::create_symlink(target, path, ignored);
+  std::error_code error;
+  if (fs::is_symlink(path, error)) {
+    return rename(path, away, RENAME_NOREPLACE) && rename(hidden, path, RENAME_NOREPLACE);
   }
+  if (!rename(path, hidden, RENAME_NOREPLACE)) return false;
+  fs::create_symlink(target, path, error);
+  return !error;
 }
 
 }  // namespace
@@ -67,45 +67,40 @@ void SwappedTree::fillItem(const std::string& path) {
   }
 }
 
-void SwappedTree::putNewItem() {
+bool SwappedTree::putNewItem() {
   const std::string path = scanned() + '/' + item_.path();
-  if (!rename(path, newAway(), RENAME_NOREPLACE)) return;
+  if (!rename(path, newAway(), RENAME_NOREPLACE)) return false;
   fillItem("others/new");
-  rename(tree_.path("others/new"), path, RENAME_NOREPLACE);
+  return rename(tree_.path("others/new"), path, RENAME_NOREPLACE);
 }
 
 std::string SwappedTree::newText() { return *texts_.insert("text " + std::to_string(++count_)); }
 
 std::string SwappedTree::newAway() { return tree_.path("away/" + std::to_string(++count_)); }
 
-void SwappedTree::swap(Swap swap) {
+bool SwappedTree::swap(Swap swap) {
   const std::string parent = scanned() + '/' + item_.parent, path = scanned() + '/' + item_.path();
   const std::string otherParent = tree_.path("others/" + item_.parent);
   const bool isParentSwapped = swap == Swap::parentByLink || swap == Swap::parentByParent;
   // What a link leads to is not for anybody to touch.
-  if (!isParentSwapped && (fs::is_symlink(parent) || fs::is_symlink(otherParent))) return;
+  if (!isParentSwapped && (fs::is_symlink(parent) || fs::is_symlink(otherParent))) return false;
   switch (swap) {
     case Swap::itemByLink:
-      putOrTakeLink(path, newAway(), tree_.path("outside/" + item_.path()),
-                    tree_.path("away/item"));
-      break;
+      return putOrTakeLink(path, newAway(), tree_.path("outside/" + item_.path()),
+                           tree_.path("away/item"));
     case Swap::itemByItem:
-      rename(path, otherParent + '/' + item_.name, RENAME_EXCHANGE);
-      break;
+      return rename(path, otherParent + '/' + item_.name, RENAME_EXCHANGE);
     case Swap::itemByNewItem:
-      putNewItem();
-      break;
+      return putNewItem();
     case Swap::itemByOther:
-      rename(path, tree_.path("others/other"), RENAME_EXCHANGE);
-      break;
+      return rename(path, tree_.path("others/other"), RENAME_EXCHANGE);
     case Swap::parentByLink:
-      putOrTakeLink(parent, newAway(), tree_.path("outside/" + item_.parent),
-                    tree_.path("away/parent"));
-      break;
+      return putOrTakeLink(parent, newAway(), tree_.path("outside/" + item_.parent),
+                           tree_.path("away/parent"));
     case Swap::parentByParent:
-      rename(parent, otherParent, RENAME_EXCHANGE);
-      break;
+      return rename(parent, otherParent, RENAME_EXCHANGE);
   }
+  return false;
 }
 
 void SwappedTree::swapRoot() {

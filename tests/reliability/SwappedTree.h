@@ -38,9 +38,9 @@ class SwappedTree {
   /// Makes everything anew but what lies outside.
   void build();
 
-  /// What is not possible just now is left out. Nothing is erased or replaced. From one thread at a
-  /// time.
-  void swap(Swap swap);
+  /// What is not possible just now is left out, and false is returned. Nothing is erased or
+  /// replaced. From one thread at a time.
+  bool swap(Swap swap);
 
   /// Takes the folder that is scanned away, and puts a link to the one outside in its place.
   void swapRoot();
@@ -57,7 +57,7 @@ class SwappedTree {
  private:
   void fill(const std::string& folder);
   void fillItem(const std::string& path);
-  void putNewItem();
+  bool putNewItem();
   std::string newText();
   std::string newAway();
 
