@@ -33,10 +33,6 @@ Role roleOf(SafetyLevel safety) {
   return Role::reviewFirst;
 }
 
-std::string padding(std::size_t used, std::size_t width) {
-  return std::string(width > used ? width - used : 0, ' ');
-}
-
 std::string reasonLines(const ScanCandidate& candidate, const Style& style) {
   const std::string indent(sizeColumns + 6, ' ');
   std::string lines = indent + style(Role::quiet, candidate.explanation) + '\n';

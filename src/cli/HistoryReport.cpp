@@ -9,14 +9,6 @@
 #include "core/VisibleText.h"
 
 namespace broomtide::cli {
-namespace {
-
-std::string padding(std::size_t used, std::size_t width) {
-  return std::string(width > used ? width - used : 0, ' ');
-}
-
-}  // namespace
-
 void writeText(std::ostream& out, const std::vector<CleanupHistoryEntry>& entries,
                const Style& style) {
   using Role = Style::Role;

@@ -65,6 +65,10 @@ std::string shortened(std::string_view text, std::size_t most) {
          std::string(text.substr(text.size() - tailBytes));
 }
 
+std::string padding(std::size_t used, std::size_t width) {
+  return std::string(width > used ? width - used : 0, ' ');
+}
+
 bool takesEscapes(int descriptor) {
   const char* terminal = std::getenv("TERM");
   const bool isDumb = terminal != nullptr && std::string_view(terminal) == "dumb";

@@ -12,6 +12,10 @@ std::size_t columns(std::string_view text);
 /// A visible text shortened in its middle so that it takes no more than `most` columns.
 std::string shortened(std::string_view text, std::size_t most);
 
+/// The blanks that fill a column of `width` in which `used` columns are taken; none when it is
+/// full.
+std::string padding(std::size_t used, std::size_t width);
+
 /// Whether the descriptor is a terminal that understands escape sequences.
 bool takesEscapes(int descriptor);
 

@@ -18,11 +18,11 @@ Word wordAt(const std::uint8_t* start) {
 // Keys end with a zero byte and are filled up with more of them.
 bool isLastWord(Word word) { return (word & 0xFFU) == 0; }
 
-struct Entry {
+struct KeyWord {
   Word word;  // of the key, as deep as the run is sorted
   std::size_t key;
 
-  bool operator<(const Entry& other) const {
+  bool operator<(const KeyWord& other) const {
     return std::tie(word, key) < std::tie(other.word, other.key);
   }
 };
@@ -49,15 +49,15 @@ void SortKeys::add(std::span<const std::uint8_t> key) {
 // comparing two keys at a time would go through them again and again. Runs wait in a list, since
 // keys may be longer than the stack is deep.
 std::vector<std::size_t> SortKeys::order() const {
-  std::vector<Entry> entries(starts_.size());
+  std::vector<KeyWord> entries(starts_.size());
   for (std::size_t index = 0; index < entries.size(); ++index) entries[index].key = index;
 
   std::vector<Run> pending{{0, entries.size(), 0}};
   while (!pending.empty()) {
     const Run run = pending.back();
     pending.pop_back();
-    const std::span<Entry> sorted(entries.data() + run.begin, run.end - run.begin);
-    for (Entry& entry : sorted) entry.word = wordAt(&bytes_[starts_[entry.key] + run.depth]);
+    const std::span<KeyWord> sorted(entries.data() + run.begin, run.end - run.begin);
+    for (KeyWord& entry : sorted) entry.word = wordAt(&bytes_[starts_[entry.key] + run.depth]);
     if (!std::is_sorted(sorted.begin(), sorted.end())) std::sort(sorted.begin(), sorted.end());
     for (std::size_t begin = 0, end = 0; begin < sorted.size(); begin = end) {
       while (end < sorted.size() && sorted[end].word == sorted[begin].word) ++end;
@@ -68,7 +68,7 @@ std::vector<std::size_t> SortKeys::order() const {
   }
   std::vector<std::size_t> order;
   order.reserve(entries.size());
-  for (const Entry& entry : entries) order.push_back(entry.key);
+  for (const KeyWord& entry : entries) order.push_back(entry.key);
   return order;
 }
 

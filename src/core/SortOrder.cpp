@@ -12,12 +12,12 @@ namespace broomtide {
 namespace {
 
 // What decides about a row, kept together: candidates lie far apart in memory.
-struct Entry {
+struct RankedRow {
   SafetyLevel safety;
   std::int64_t rank;
   const ScanCandidate* candidate;
 
-  bool operator<(const Entry& other) const {
+  bool operator<(const RankedRow& other) const {
     return safety == other.safety ? rank < other.rank : safety < other.safety;
   }
 };
@@ -55,13 +55,13 @@ CandidateRows rowsOf(std::span<const ScanCandidate> candidates) {
 
 void sortRows(CandidateRows& rows, SortOrder order) {
   if (order == SortOrder::name) sortByName(rows);
-  std::vector<Entry> entries;
+  std::vector<RankedRow> entries;
   entries.reserve(rows.size());
   for (const ScanCandidate* candidate : rows) {
     entries.push_back({candidate->safety, rankOf(*candidate, order), candidate});
   }
   std::stable_sort(entries.begin(), entries.end());
-  std::ranges::transform(entries, rows.begin(), &Entry::candidate);
+  std::ranges::transform(entries, rows.begin(), &RankedRow::candidate);
 }
 
 }  // namespace broomtide

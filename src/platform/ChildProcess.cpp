@@ -1,12 +1,7 @@
 #include "platform/ChildProcess.h"
 
-#include <fcntl.h>
 #include <poll.h>
-#include <signal.h>
-#include <spawn.h>
 #include <sys/eventfd.h>
-#include <sys/resource.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -14,141 +9,20 @@
 #include <array>
 #include <cerrno>
 #include <cstdint>
-#include <fstream>
 #include <utility>
 
 #include "platform/FileDescriptor.h"
+#include "platform/SpawnedChild.h"
 
 namespace broomtide::ChildProcess {
 namespace {
 
 using Clock = std::chrono::steady_clock;
 
-std::vector<char*> pointers(const std::vector<std::string>& texts) {
-  std::vector<char*> result;
-  result.reserve(texts.size() + 1);
-  for (const std::string& text : texts) result.push_back(const_cast<char*>(text.c_str()));
-  result.push_back(nullptr);
-  return result;
-}
-
-// A child in a process group of its own. Ends and reaps it when it is still there on destruction.
-class Child {
- public:
-  Child(const Command& command, int output, int errors) {
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
-    posix_spawn_file_actions_adddup2(&actions, errors, STDERR_FILENO);
-
-    // The caller may have blocked or redirected signals for its own purposes.
-    posix_spawnattr_t attributes;
-    posix_spawnattr_init(&attributes);
-    posix_spawnattr_setflags(
-        &attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-    posix_spawnattr_setpgroup(&attributes, 0);
-    sigset_t signals;
-    sigemptyset(&signals);
-    posix_spawnattr_setsigmask(&attributes, &signals);
-    sigfillset(&signals);
-    posix_spawnattr_setsigdefault(&attributes, &signals);
-
-    std::vector<std::string> arguments{command.executable};
-    arguments.insert(arguments.end(), command.arguments.begin(), command.arguments.end());
-    if (::posix_spawn(&process_, command.executable.c_str(), &actions, &attributes,
-                      pointers(arguments).data(), pointers(command.environment).data()) != 0) {
-      process_ = -1;
-    }
-    posix_spawnattr_destroy(&attributes);
-    posix_spawn_file_actions_destroy(&actions);
-    if (process_ <= 0) return;
-    const rlimit memory{memoryLimit, memoryLimit};
-    ::prlimit(process_, RLIMIT_AS, &memory, nullptr);
-    // The C library's own declaration of this call cannot be linked from C++ everywhere.
-    ended_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, process_, 0)));
-  }
-
-  ~Child() {
-    if (process_ <= 0) return;
-    ::kill(-process_, SIGKILL);
-    static_cast<void>(reap());
-  }
-
-  Child(const Child&) = delete;
-  Child& operator=(const Child&) = delete;
-
-  bool isRunning() const { return process_ > 0 && ended_.isOpen(); }
-
-  // Readable once the child has ended.
-  int ended() const { return ended_.get(); }
-
-  // The nanoseconds that the child has spent on a processor; changes as long as it does anything.
-  std::string processorTime() const {
-    std::ifstream statistics("/proc/" + std::to_string(process_) + "/schedstat");
-    std::string time;
-    statistics >> time;
-    return time;
-  }
-
-  // Waits for the child and returns its wait status.
-  int reap() {
-    int status = -1;
-    while (::waitpid(process_, &status, 0) < 0 && errno == EINTR) {
-    }
-    process_ = -1;
-    return status;
-  }
-
- private:
-  pid_t process_ = -1;
-  FileDescriptor ended_;
-};
-
-// One end of a pipe that a child writes to.
-class Stream {
- public:
-  explicit Stream(std::size_t most) : most_(most) {
-    std::array<int, 2> ends{};
-    if (::pipe2(ends.data(), O_CLOEXEC) != 0) return;
-    readEnd_ = FileDescriptor(ends[0]);
-    writeEnd_ = FileDescriptor(ends[1]);
-  }
-
-  bool isOpen() const { return readEnd_.isOpen(); }
-  int readEnd() const { return readEnd_.get(); }
-  int writeEnd() const { return writeEnd_.get(); }
-  void closeWriteEnd() { writeEnd_.reset(); }
-
-  // Reads what is there; the stream is closed at its end. False when that fails or it is too much.
-  bool read() {
-    constexpr std::size_t chunk = 64 * 1024;
-    if (text_.size() - length_ < chunk) text_.resize(text_.size() * 2 + chunk);
-    const ssize_t count = ::read(readEnd_.get(), text_.data() + length_, text_.size() - length_);
-    if (count < 0) return errno == EINTR;
-    if (count == 0) readEnd_.reset();
-    length_ += static_cast<std::size_t>(count);
-    return length_ <= most_;
-  }
-
-  std::string take() {
-    text_.resize(length_);
-    text_.shrink_to_fit();
-    return std::move(text_);
-  }
-
- private:
-  const std::size_t most_;
-  FileDescriptor readEnd_;
-  FileDescriptor writeEnd_;
-  std::string text_;
-  std::size_t length_ = 0;
-};
-
 // Waits for what a child writes and for its end, within the limits of time.
 class Wait {
  public:
-  Wait(const Child& child, int interrupt, const Limits& limits)
+  Wait(const SpawnedChild& child, int interrupt, const Limits& limits)
       : child_(child),
         interrupt_(interrupt),
         limits_(limits),
@@ -191,7 +65,7 @@ class Wait {
     return now - lastSign_ >= limits_.idleTime;
   }
 
-  const Child& child_;
+  const SpawnedChild& child_;
   const int interrupt_;
   const Limits& limits_;
   const Clock::time_point deadline_;
@@ -211,7 +85,7 @@ std::optional<Output> run(const Command& command, const Limits& limits, std::sto
     static_cast<void>(!::write(interrupt.get(), &one, sizeof one));
   });
 
-  Child child(command, output.writeEnd(), errors.writeEnd());
+  SpawnedChild child(command, output.writeEnd(), errors.writeEnd());
   output.closeWriteEnd();
   errors.closeWriteEnd();
   if (!child.isRunning()) return std::nullopt;

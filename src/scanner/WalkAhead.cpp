@@ -24,7 +24,7 @@ constexpr std::size_t mostRecords = 512;
 constexpr std::size_t mostText = 64 * 1024;
 
 using Clock = std::chrono::steady_clock;
-constexpr std::chrono::milliseconds longestDelay{10};
+constexpr std::chrono::milliseconds longestStay{10};
 constexpr std::size_t entriesPerClockReading = 16;
 
 }  // namespace
@@ -62,7 +62,7 @@ class WalkAhead::Walker {
   bool isTimeToFlush() {
     const WalkBatch& batch = steps_.batch();
     if (batch.recordCount() >= mostRecords || batch.textSize() >= mostText) return true;
-    return ++entriesSeen_ % entriesPerClockReading == 0 && Clock::now() - lastFlush_ > longestDelay;
+    return ++entriesSeen_ % entriesPerClockReading == 0 && Clock::now() - lastFlush_ > longestStay;
   }
 
   void flush() {

@@ -229,11 +229,10 @@ TEST_F(Cleanup, CancellingLeavesTheRestAlone) {
     if (change == "rename 3 3") stopping.request_stop();
     return std::error_code();
   };
-  const std::string cancelled(CleanupMessages::cancelled);
-  EXPECT_EQ(outcomes(items),
-            (std::vector<std::string>{"moved", "moved", "moved", cancelled, cancelled}));
+  const std::string left(CleanupMessages::cancelled);
+  EXPECT_EQ(outcomes(items), (std::vector<std::string>{"moved", "moved", "moved", left, left}));
   askedRoots.clear();
-  EXPECT_EQ(outcomes({items[3]}), std::vector<std::string>{cancelled});
+  EXPECT_EQ(outcomes({items[3]}), std::vector<std::string>{left});
   EXPECT_EQ(askedRoots.size(), 1U);
 }
 

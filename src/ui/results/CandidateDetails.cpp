@@ -36,8 +36,8 @@ class CommandBox final : public QWidget {
   }
 };
 
-constexpr int edge = 16;
-constexpr int symbolSide = 16;
+constexpr int margin = 16;
+constexpr int factSymbolSide = 16;
 
 Label* selectable(const QString& text, TextStyle style, Tone tone, const char* name) {
   auto* label = new Label(display::unmarked(text), style, tone);
@@ -52,7 +52,7 @@ Label* selectable(const QString& text, TextStyle style, Tone tone, const char* n
 CandidateDetails::CandidateDetails(const ScanCandidate& candidate, QWidget* parent)
     : QWidget(parent), lines_(new QVBoxLayout(this)) {
   setObjectName("details");
-  lines_->setContentsMargins(RowLayout::textStart(), 2, edge, edge);
+  lines_->setContentsMargins(RowLayout::textStart(), 2, margin, margin);
   lines_->setSpacing(6);
   lines_->addWidget(selectable(display::text(candidate.explanation), TextStyle::body, Tone::primary,
                                "explanation"));
@@ -68,7 +68,7 @@ CandidateDetails::CandidateDetails(const ScanCandidate& candidate, QWidget* pare
 void CandidateDetails::addWithSymbol(const QString& symbol, const QString& text, const char* name) {
   auto* row = new QHBoxLayout;
   row->setSpacing(8);
-  row->addWidget(new SymbolView(symbol, symbolSide, Tone::secondary), 0, Qt::AlignTop);
+  row->addWidget(new SymbolView(symbol, factSymbolSide, Tone::secondary), 0, Qt::AlignTop);
   row->addWidget(selectable(text, TextStyle::small, Tone::secondary, name), 1);
   lines_->addLayout(row);
 }

@@ -13,9 +13,9 @@
 namespace broomtide::ui {
 namespace {
 
-constexpr int widest = 640;
+constexpr int widestConfirmation = 640;
 constexpr int widestNote = 500;
-constexpr int symbolSide = 62;
+constexpr int trashSymbolSide = 62;
 
 }  // namespace
 
@@ -36,10 +36,10 @@ ConfirmationView::ConfirmationView(AppModel& model, QWidget* parent)
   note->setAlignment(Qt::AlignHCenter);
   note->setFixedWidth(widestNote);
 
-  QVBoxLayout& lines = (new Column(*this, widest))->lines();
+  QVBoxLayout& lines = (new Column(*this, widestConfirmation))->lines();
   lines.setSpacing(8);
   lines.addStretch(2);
-  lines.addWidget(new SymbolView("trash.circle.fill", symbolSide, Tone::accent), 0,
+  lines.addWidget(new SymbolView("trash.circle.fill", trashSymbolSide, Tone::accent), 0,
                   Qt::AlignHCenter);
   lines.addSpacing(16);
   lines.addWidget(new Label(tr("Move selected items to Trash?"), TextStyle::largeTitle), 0,

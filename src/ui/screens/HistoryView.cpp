@@ -14,7 +14,7 @@
 namespace broomtide::ui {
 namespace {
 
-constexpr int widest = 960;
+constexpr int widestHistory = 960;
 
 RecordList* entryList(const std::vector<CleanupHistoryEntry>& history) {
   std::vector<Record> records;
@@ -37,7 +37,7 @@ RecordList* entryList(const std::vector<CleanupHistoryEntry>& history) {
 
 HistoryView::HistoryView(AppModel& model, QWidget* parent) : QWidget(parent) {
   setObjectName("history");
-  auto* column = new Column(*this, widest, Column::Content::scrolling);
+  auto* column = new Column(*this, widestHistory, Column::Content::scrolling);
   QVBoxLayout& lines = column->lines();
   lines.setSpacing(12);
   lines.addSpacing(12);

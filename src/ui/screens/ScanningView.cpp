@@ -13,7 +13,7 @@
 namespace broomtide::ui {
 namespace {
 
-constexpr int widest = 640;
+constexpr int widestScan = 640;
 constexpr int widestPath = 520;
 
 QString folderName(const AppModel& model) {
@@ -50,7 +50,7 @@ ScanningView::ScanningView(AppModel& model, QWidget* parent)
   setCancelAction(*this, *back);
   setFocusProxy(back);
 
-  QVBoxLayout& lines = (new Column(*this, widest))->lines();
+  QVBoxLayout& lines = (new Column(*this, widestScan))->lines();
   lines.setSpacing(8);
   lines.addStretch(2);
   lines.addWidget(new BusyIndicator, 0, Qt::AlignHCenter);

@@ -15,8 +15,8 @@
 namespace broomtide::ui {
 namespace {
 
-constexpr int widest = 620;
-constexpr int symbolSide = 62;
+constexpr int widestSummary = 620;
+constexpr int outcomeSymbolSide = 62;
 constexpr int failuresHeight = 220;
 
 QLayout* metrics(const CleanupResult& result) {
@@ -59,10 +59,10 @@ SummaryView::SummaryView(AppModel& model, QWidget* parent) : QWidget(parent) {
   const bool hasFailures = !result.failures.empty();
   auto* outcome =
       new SymbolView(hasFailures ? "exclamationmark.circle.fill" : "checkmark.circle.fill",
-                     symbolSide, hasFailures ? Tone::usuallySafe : Tone::safe);
+                     outcomeSymbolSide, hasFailures ? Tone::usuallySafe : Tone::safe);
   outcome->setObjectName("outcome");
 
-  QVBoxLayout& lines = (new Column(*this, widest))->lines();
+  QVBoxLayout& lines = (new Column(*this, widestSummary))->lines();
   lines.setSpacing(8);
   lines.addStretch(2);
   lines.addWidget(outcome, 0, Qt::AlignHCenter);

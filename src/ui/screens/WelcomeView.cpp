@@ -22,7 +22,7 @@
 namespace broomtide::ui {
 namespace {
 
-constexpr int widest = 960;
+constexpr int widestWelcome = 960;
 
 QWidget* trustNote(const QString& icon, const QString& text) {
   auto* note = new QWidget;
@@ -65,7 +65,7 @@ WelcomeView::WelcomeView(AppModel& model, QWidget* parent) : QWidget(parent), mo
   history->setObjectName("viewHistory");
   connect(history, &Button::clicked, this, [&model] { model.showHistory(); });
 
-  QVBoxLayout& lines = (new Column(*this, widest))->lines();
+  QVBoxLayout& lines = (new Column(*this, widestWelcome))->lines();
   lines.addStretch(2);
   constexpr int markSide = 92;
   lines.addWidget(new BrandMark(markSide), 0, Qt::AlignHCenter);
