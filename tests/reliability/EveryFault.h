@@ -11,8 +11,8 @@
 
 namespace broomtide::test {
 
-/// Makes each call that an operation makes of the file system fail once, with each error that it
-/// could fail with, and once more together with every call after it.
+/// Makes each call that an operation makes of the file system fail with each of a few errors,
+/// whether or not that call could: once alone, and once together with every call after it.
 class EveryFault : public testing::Test {
  protected:
   enum class Extent { oneCall, allFromThere };

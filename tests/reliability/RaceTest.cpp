@@ -151,7 +151,7 @@ TEST_P(Race, AScannedFolderThatIsReplacedBeforeAnyCallIsNotLeft) {
   }
 }
 
-// The environment may ask for more rounds.
+// RACE_ROUNDS in the environment asks for other than 100 rounds of each mode.
 TEST_P(Race, AThreadThatKeepsSwappingGetsNothingElseMoved) {
   const char* wanted = std::getenv("RACE_ROUNDS");
   const unsigned long wantedRounds = wanted == nullptr ? 100 : std::stoul(wanted);

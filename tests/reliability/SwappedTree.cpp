@@ -21,7 +21,8 @@ bool rename(const std::string& from, const std::string& to, unsigned int flags) 
   return ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), flags) == 0;
 }
 
-// Takes the item at a path to `hidden`, and puts a link in its place; or back again.
+// Takes the item at a path to `hidden` and puts a link to `target` in its place; or, where the link
+// is there already, takes it to `away` and brings the item back.
 bool putOrTakeLink(const std::string& path, const std::string& away, const std::string& target,
                    const std::string& hidden) {
   std::error_code error;
