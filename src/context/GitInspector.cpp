@@ -34,8 +34,7 @@ ChildProcess::Command listingCommand(const std::string& git, const std::string& 
       .executable = git,
       .arguments = {"-C", root, "-c", "core.quotepath=false", "-c", "core.fsmonitor=false",
                     "ls-files", "-z"},
-      // With no home folder at all, a configuration that names something in it cannot be read.
-      .environment = {"LC_ALL=C", "PATH=/usr/bin:/bin", "HOME=/dev/null",
+      .environment = {"LC_ALL=C", "PATH=/usr/bin:/bin",
                       "GIT_ALLOW_PROTOCOL=", "GIT_LITERAL_PATHSPECS=1"},
   };
   if (listing == Listing::tracked) {

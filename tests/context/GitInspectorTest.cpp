@@ -44,17 +44,6 @@ TEST_F(Git, TellsTrackedFromIgnoredFromUntracked) {
   EXPECT_EQ(status("dist", true), untracked);
 }
 
-TEST_F(Git, AnswersWhereAConfigurationNamesTheHomeFolder) {
-  tree.file("repo/.gitignore", "build/\n");
-  tree.repository("repo");
-  tree.file("repo/build/object");
-  for (const char* key : {"include.path", "core.excludesFile", "core.hooksPath"}) {
-    tree.run(std::string("git config ") + key + " '~/nowhere'", "repo");
-    EXPECT_EQ(inspect(tree.path("repo")).status(tree.path("repo/build"), true), ignored) << key;
-    tree.run(std::string("git config --unset ") + key, "repo");
-  }
-}
-
 TEST_F(Git, IsUnavailableWhereGitFails) {
   tree.folder("plain");
   tree.file("lost/.git", "gitdir: /nowhere/at/all\n");
