@@ -35,14 +35,14 @@ std::string withoutTrailingZeros(std::uint64_t steps, std::uint64_t parts) {
 
 }  // namespace
 
-std::string formatByteCount(std::int64_t bytes) {
-  if (bytes == 0) return "Zero KB";
+ByteCount byteCount(std::int64_t bytes) {
+  if (bytes == 0) return {"Zero", "KB"};
   const bool isNegative = bytes < 0;
   const std::string sign = isNegative ? "-" : "";
   const std::uint64_t magnitude =
       isNegative ? 0 - static_cast<std::uint64_t>(bytes) : static_cast<std::uint64_t>(bytes);
-  if (magnitude == 1) return sign + "1 byte";
-  if (magnitude < 1'000) return sign + std::to_string(magnitude) + " bytes";
+  if (magnitude == 1) return {sign + "1", "byte"};
+  if (magnitude < 1'000) return {sign + std::to_string(magnitude), "bytes"};
 
   for (std::size_t index = 0; index < units.size(); ++index) {
     const Unit& unit = units.at(index);
@@ -50,9 +50,14 @@ std::string formatByteCount(std::int64_t bytes) {
     const std::uint64_t steps = magnitude / step + (magnitude % step >= step - magnitude % step);
     const bool roundsUpToNext = steps >= 1'000 * unit.parts;
     if (roundsUpToNext && index + 1 < units.size()) continue;
-    return sign + withoutTrailingZeros(steps, unit.parts) + ' ' + std::string(unit.name);
+    return {sign + withoutTrailingZeros(steps, unit.parts), unit.name};
   }
   return {};
+}
+
+std::string formatByteCount(std::int64_t bytes) {
+  const ByteCount count = byteCount(bytes);
+  return count.number + ' ' + std::string(count.unit);
 }
 
 }  // namespace broomtide
