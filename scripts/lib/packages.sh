@@ -3,7 +3,8 @@
 
 packages_run=(
   build-essential ccache cmake git libcli11-dev libicu-dev libqt6svg6 libseccomp-dev ninja-build nlohmann-json3-dev
-  pkg-config python3 qt6-base-dev qt6-svg-dev uuid-dev
+  pkg-config python3 qt6-base-dev qt6-l10n-tools qt6-svg-dev qt6-tools-dev qt6-tools-dev-tools
+  qt6-translations-l10n uuid-dev
 )
 packages_test=(
   at-spi2-core dbus dbus-daemon fonts-dejavu-core gir1.2-atspi-2.0 gvfs gvfs-daemons libglib2.0-bin

@@ -11,8 +11,8 @@ int main(int argumentCount, char** arguments) {
   if (const auto status = ui::commandline::answerWithoutWindow(words)) return *status;
 
   QApplication application(argumentCount, arguments);
-  if (const auto status = ui::commandline::rejection(QApplication::arguments())) return *status;
   ui::BroomtideApp::introduce(application);
+  if (const auto status = ui::commandline::rejection(QApplication::arguments())) return *status;
   ui::BroomtideApp app;
   app.window().show();
   return QApplication::exec();

@@ -8,6 +8,7 @@ namespace broomtide::ui {
 
 /// A turning wheel: something is going on, and nobody knows for how long.
 class BusyIndicator final : public QWidget {
+  Q_OBJECT
  public:
   explicit BusyIndicator(QWidget* parent = nullptr);
 

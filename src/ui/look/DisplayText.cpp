@@ -1,7 +1,10 @@
 #include "ui/look/DisplayText.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 #include <algorithm>
+#include <array>
+#include <memory>
 
 #include "core/ByteCount.h"
 #include "core/DateText.h"
@@ -12,10 +15,41 @@
 namespace broomtide::ui::display {
 namespace {
 
+class DisplayText {
+  Q_DECLARE_TR_FUNCTIONS(DisplayText)
+};
+
 // Shown on one thread alone, and slow to make.
 const DateText& dates() {
-  static const DateText formats;
-  return formats;
+  static QLocale language;
+  static auto formats = std::make_unique<DateText>();
+  if (language != QLocale()) {
+    language = QLocale();
+    formats = std::make_unique<DateText>();
+  }
+  return *formats;
+}
+
+struct Unit {
+  std::string_view name;
+  const char* amount;
+};
+
+constexpr std::array units{
+    Unit{"byte", QT_TRANSLATE_NOOP("DisplayText", "%1 byte")},
+    Unit{"bytes", QT_TRANSLATE_NOOP("DisplayText", "%1 bytes")},
+    Unit{"KB", QT_TRANSLATE_NOOP("DisplayText", "%1 KB")},
+    Unit{"MB", QT_TRANSLATE_NOOP("DisplayText", "%1 MB")},
+    Unit{"GB", QT_TRANSLATE_NOOP("DisplayText", "%1 GB")},
+    Unit{"TB", QT_TRANSLATE_NOOP("DisplayText", "%1 TB")},
+    Unit{"PB", QT_TRANSLATE_NOOP("DisplayText", "%1 PB")},
+    Unit{"EB", QT_TRANSLATE_NOOP("DisplayText", "%1 EB")},
+};
+
+// English keeps its point in countries where others write a comma.
+QString decimalPoint() {
+  const QLocale user;
+  return user.language() == QLocale::English ? QStringLiteral(".") : user.decimalPoint();
 }
 
 // Acts like an unseen Latin letter. In a name it would be shown as an escape, so that all there are
@@ -55,7 +89,7 @@ QString unmarked(QString text) { return text.remove(leftToRight); }
 
 QString warning(std::string_view name) {
   if (!hasUnusualCharacters(name)) return {};
-  return QCoreApplication::translate("DisplayText", "Unusual characters");
+  return DisplayText::tr("Unusual characters");
 }
 
 QString name(std::string_view path) { return text(paths::lastComponent(path)); }
@@ -71,7 +105,13 @@ QString pasteable(const std::string& path) {
   return "$'" + word + "'";
 }
 
-QString size(std::int64_t bytes) { return QString::fromStdString(formatByteCount(bytes)); }
+QString size(std::int64_t bytes) {
+  if (bytes == 0) return DisplayText::tr("Zero KB");
+  const ByteCount count = byteCount(bytes);
+  const Unit* unit = std::ranges::find(units, count.unit, &Unit::name);
+  QString number = QString::fromStdString(count.number);
+  return DisplayText::tr(unit->amount).arg(number.replace(u'.', decimalPoint()));
+}
 
 QString count(std::int64_t number) { return QString::number(number); }
 

@@ -29,7 +29,7 @@ QString name(std::string_view path);
 /// would end the line, steer the terminal, deceive the eye or not be text.
 QString pasteable(const std::string& path);
 
-/// A size in bytes, such as 1.2 GB.
+/// A size in bytes, such as 1.2 GB in English.
 QString size(std::int64_t bytes);
 
 /// A count, without grouping of its digits.

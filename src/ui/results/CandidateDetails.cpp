@@ -11,6 +11,7 @@
 #include "ui/controls/SymbolView.h"
 #include "ui/look/DisplayText.h"
 #include "ui/look/Drawing.h"
+#include "ui/look/EngineText.h"
 #include "ui/results/RowLayout.h"
 
 namespace broomtide::ui {
@@ -54,14 +55,15 @@ CandidateDetails::CandidateDetails(const ScanCandidate& candidate, QWidget* pare
   setObjectName("details");
   lines_->setContentsMargins(RowLayout::textStart(), 2, margin, margin);
   lines_->setSpacing(6);
-  lines_->addWidget(selectable(display::text(candidate.explanation), TextStyle::body, Tone::primary,
-                               "explanation"));
+  lines_->addWidget(selectable(enginetext::statement(candidate.explanation), TextStyle::body,
+                               Tone::primary, "explanation"));
   if (candidate.projectRoot)
     addWithSymbol("shippingbox", tr("Project: %1").arg(display::name(*candidate.projectRoot)),
                   "project");
   for (const std::string& reason : candidate.evidence.lines())
-    addWithSymbol("checkmark.circle", display::text(reason), "evidence");
-  if (candidate.regenerationCommand) addCommand(display::text(*candidate.regenerationCommand));
+    addWithSymbol("checkmark.circle", enginetext::statement(reason), "evidence");
+  if (candidate.regenerationCommand)
+    addCommand(enginetext::statement(*candidate.regenerationCommand));
   lines_->addStretch();
 }
 

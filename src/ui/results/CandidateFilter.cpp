@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "core/Paths.h"
+#include "ui/look/EngineText.h"
 
 namespace broomtide::ui {
 namespace {
@@ -42,9 +43,15 @@ CandidateFilter::CandidateFilter(const QString& text) {
 }
 
 bool CandidateFilter::picks(const ScanCandidate& candidate) const {
-  return std::ranges::all_of(words_, [&candidate](const Word& word) {
-    return word.isIn(candidate.relativePath) || word.isIn(candidate.category);
+  return std::ranges::all_of(words_, [&](const Word& word) {
+    return word.isIn(candidate.relativePath) || word.isIn(shownCategory(candidate.category));
   });
+}
+
+const std::string& CandidateFilter::shownCategory(std::string_view category) const {
+  std::string& shown = shownCategories_[category];
+  if (shown.empty()) shown = enginetext::title(category).toStdString();
+  return shown;
 }
 
 }  // namespace broomtide::ui

@@ -4,14 +4,15 @@
 #include <QStringMatcher>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "core/ScanCandidate.h"
 
 namespace broomtide::ui {
 
-/// Picks the candidates that hold every word of a text in their path or their category, upper and
-/// lower case alike.
+/// Picks the candidates that hold every word of a text in their path or in their category as it is
+/// shown, upper and lower case alike.
 class CandidateFilter {
  public:
   CandidateFilter() = default;
@@ -33,7 +34,10 @@ class CandidateFilter {
     QStringMatcher any;
   };
 
+  const std::string& shownCategory(std::string_view category) const;
+
   std::vector<Word> words_;
+  mutable std::unordered_map<std::string_view, std::string> shownCategories_;  // as they come up
 };
 
 }  // namespace broomtide::ui

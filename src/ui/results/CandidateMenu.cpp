@@ -9,6 +9,7 @@
 #include "core/FileUrl.h"
 #include "core/Paths.h"
 #include "ui/look/DisplayText.h"
+#include "ui/look/EngineText.h"
 
 namespace broomtide::ui {
 namespace {
@@ -34,7 +35,7 @@ CandidateMenu::CandidateMenu(AppModel& model, const ScanCandidate& candidate, QW
   const std::string folder(paths::enclosingFolder(candidate.url));
   addAction(tr("Open Containing Folder"), this, [folder] { openFolder(folder); });
   addAction(tr("Copy Path"), this, [path = candidate.url] { copy(display::pasteable(path)); });
-  const QString commandText = display::text(candidate.regenerationCommand.value_or(""));
+  const QString commandText = enginetext::statement(candidate.regenerationCommand.value_or(""));
   QAction* command = addAction(tr("Copy Command"), this, [commandText] { copy(commandText); });
   command->setEnabled(candidate.regenerationCommand.has_value());
 }

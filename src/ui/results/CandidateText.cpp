@@ -2,26 +2,24 @@
 
 #include <QCoreApplication>
 #include <QStringList>
-#include <string_view>
 
 #include "ui/look/DisplayText.h"
+#include "ui/look/EngineText.h"
 
 namespace broomtide::ui::candidatetext {
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("CandidateText", text); }
-
-QString fixed(std::string_view title) {
-  return QCoreApplication::translate("Titles", std::string(title).c_str());
-}
+class CandidateText {
+  Q_DECLARE_TR_FUNCTIONS(CandidateText)
+};
 
 QString dateOf(const ScanCandidate& candidate) {
-  return display::date(candidate.modificationDate, tr("Unknown date"));
+  return display::date(candidate.modificationDate, CandidateText::tr("Unknown date"));
 }
 
 }  // namespace
 
-QString safety(SafetyLevel level) { return fixed(title(level)); }
+QString safety(SafetyLevel level) { return enginetext::title(title(level)); }
 
 QString symbol(CandidateKind kind) {
   switch (kind) {
@@ -34,32 +32,37 @@ QString symbol(CandidateKind kind) {
 }
 
 QString note(const ScanCandidate& candidate) {
-  return display::joined({fixed(candidate.category), fixed(title(candidate.confidence)),
-                          fixed(title(candidate.gitStatus)), dateOf(candidate)});
+  return display::joined({enginetext::title(candidate.category),
+                          enginetext::title(title(candidate.confidence)),
+                          enginetext::title(title(candidate.gitStatus)), dateOf(candidate)});
 }
 
 QString sentence(const ScanCandidate& candidate, bool areDetailsShown) {
-  QStringList parts{display::name(candidate.url),
-                    display::warning(candidate.relativePath),
-                    fixed(candidate.category),
-                    safety(candidate.safety),
-                    display::size(candidate.size),
-                    candidate.isSelected ? tr("selected") : tr("not selected"),
-                    fixed(title(candidate.confidence)),
-                    fixed(title(candidate.gitStatus)),
-                    dateOf(candidate),
-                    display::text(candidate.relativePath),
-                    areDetailsShown ? tr("details shown") : tr("details hidden")};
+  QStringList parts{
+      display::name(candidate.url),
+      display::warning(candidate.relativePath),
+      enginetext::title(candidate.category),
+      safety(candidate.safety),
+      display::size(candidate.size),
+      candidate.isSelected ? CandidateText::tr("selected") : CandidateText::tr("not selected"),
+      enginetext::title(title(candidate.confidence)),
+      enginetext::title(title(candidate.gitStatus)),
+      dateOf(candidate),
+      display::text(candidate.relativePath),
+      areDetailsShown ? CandidateText::tr("details shown") : CandidateText::tr("details hidden")};
   parts.removeAll(QString());
   return display::unmarked(parts.join(QStringLiteral(", ")));
 }
 
 QString details(const ScanCandidate& candidate) {
-  QStringList lines{display::text(candidate.explanation)};
-  if (candidate.projectRoot) lines << tr("Project: %1").arg(display::name(*candidate.projectRoot));
-  for (const std::string& reason : candidate.evidence.lines()) lines << display::text(reason);
+  QStringList lines{enginetext::statement(candidate.explanation)};
+  if (candidate.projectRoot)
+    lines << CandidateText::tr("Project: %1").arg(display::name(*candidate.projectRoot));
+  for (const std::string& reason : candidate.evidence.lines())
+    lines << enginetext::statement(reason);
   if (candidate.regenerationCommand)
-    lines << tr("How to regenerate") + ": " + display::text(*candidate.regenerationCommand);
+    lines << CandidateText::tr("How to regenerate: %1")
+                 .arg(enginetext::statement(*candidate.regenerationCommand));
   return display::unmarked(lines.join(u'\n'));
 }
 

@@ -6,6 +6,7 @@
 #include "ui/controls/Label.h"
 #include "ui/controls/RecordList.h"
 #include "ui/look/DisplayText.h"
+#include "ui/look/EngineText.h"
 
 namespace broomtide::ui {
 namespace {
@@ -13,8 +14,7 @@ namespace {
 QString kindsOf(const ProjectReclaimSummary& summary) {
   QStringList titles;
   for (const ProjectKind kind : summary.kinds) {
-    const std::string_view text = title(kind);
-    titles << QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    titles << enginetext::title(title(kind));
   }
   titles.sort();
   return titles.join(QStringLiteral(", "));
@@ -22,17 +22,18 @@ QString kindsOf(const ProjectReclaimSummary& summary) {
 
 Record recordOf(const ProjectReclaimSummary& summary, std::int64_t largest) {
   const QString newest = display::date(summary.newestArtifactDate, ProjectList::tr("unknown"));
-  return {.symbol = "shippingbox.fill",
-          .title = display::name(summary.root),
-          .warning = display::warning(summary.root),
-          .subtitle = display::text(summary.root),
-          .note = display::joined(
-              {kindsOf(summary), ProjectList::tr("newest disposable artifact %1").arg(newest)}),
-          .trailing = ProjectList::tr("%1 items").arg(display::count(summary.candidateCount)),
-          .amount = display::size(summary.reclaimableBytes),
-          .share = largest > 0 ? static_cast<double>(summary.reclaimableBytes) /
-                                     static_cast<double>(largest)
-                               : 0};
+  return {
+      .symbol = "shippingbox.fill",
+      .title = display::name(summary.root),
+      .warning = display::warning(summary.root),
+      .subtitle = display::text(summary.root),
+      .note = display::joined(
+          {kindsOf(summary), ProjectList::tr("newest disposable artifact %1").arg(newest)}),
+      .trailing = ProjectList::tr("%n items", nullptr, static_cast<int>(summary.candidateCount)),
+      .amount = display::size(summary.reclaimableBytes),
+      .share = largest > 0
+                   ? static_cast<double>(summary.reclaimableBytes) / static_cast<double>(largest)
+                   : 0};
 }
 
 }  // namespace

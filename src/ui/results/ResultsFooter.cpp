@@ -30,10 +30,12 @@ ResultsFooter::ResultsFooter(AppModel& model, QWidget* parent)
 }
 
 void ResultsFooter::refresh(const Selection::Totals& totals, std::size_t hiddenCount) {
-  const QString hidden =
-      hiddenCount > 0 ? tr("%1 of them hidden by the filter").arg(hiddenCount) : QString();
-  selection_->setText(display::joined(
-      {tr("%1 selected").arg(totals.selectedCount), display::size(totals.selectedBytes), hidden}));
+  const QString hidden = hiddenCount > 0 ? tr("%n of them hidden by the filter", nullptr,
+                                              static_cast<int>(hiddenCount))
+                                         : QString();
+  selection_->setText(
+      display::joined({tr("%n selected", nullptr, static_cast<int>(totals.selectedCount)),
+                       display::size(totals.selectedBytes), hidden}));
   move_->setEnabled(totals.selectedCount > 0);
 }
 

@@ -131,7 +131,8 @@ QLayout* ResultsHeader::titles() {
 QLayout* ResultsHeader::metrics() {
   auto* row = new QHBoxLayout;
   row->setSpacing(24);
-  selected_->reserve(QStringLiteral("888.8 MB"));
+  constexpr std::int64_t wide = 888'800'000;
+  selected_->reserve(display::size(wide));
   for (Metric* metric : {found_, selected_, scanned_, projects_, matches_}) row->addWidget(metric);
   row->addStretch();
   return row;

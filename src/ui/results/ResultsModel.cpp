@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "ui/look/DisplayText.h"
+#include "ui/look/EngineText.h"
 #include "ui/look/Theme.h"
 #include "ui/results/CandidateText.h"
 
@@ -147,17 +148,18 @@ QVariant ResultsModel::issueData(const ResultsRow& row, int role) const {
   if (row.kind == ResultsRowKind::issuesHeading) {
     if (role == SymbolRole) return QStringLiteral("exclamationmark.triangle");
     if (!isText) return {};
-    const auto count = static_cast<std::int64_t>(model_.scanIssues().size());
-    return tr("%1 item(s) could not be read and were skipped.").arg(display::count(count));
+    const auto count = static_cast<int>(model_.scanIssues().size());
+    return tr("%n item(s) could not be read and were skipped.", nullptr, count);
   }
   if (row.kind == ResultsRowKind::moreIssues)
-    return isText ? tr("And %1 more…").arg(display::count(row.position)) : QVariant();
+    return isText ? tr("And %n more…", nullptr, static_cast<int>(row.position)) : QVariant();
 
   const ScanIssue& issue = model_.scanIssues()[row.position];
   if (role == Qt::AccessibleTextRole)
-    return display::unmarked(display::text(issue.path) + ", " + display::text(issue.message));
+    return display::unmarked(display::text(issue.path) + ", " +
+                             enginetext::statement(issue.message));
   if (role == Qt::DisplayRole) return display::text(issue.path);
-  if (role == NoteRole) return display::text(issue.message);
+  if (role == NoteRole) return enginetext::statement(issue.message);
   return {};
 }
 

@@ -84,13 +84,13 @@ QLayout* ConfirmationView::buttons() {
 
 void ConfirmationView::refresh() {
   const Selection::Totals totals = model_.totals();
-  total_->setText(tr("%1 item(s) totaling %2")
-                      .arg(display::count(static_cast<std::int64_t>(totals.selectedCount)),
-                           display::size(totals.selectedBytes)));
+  total_->setText(tr("%n item(s) totaling %1", nullptr, static_cast<int>(totals.selectedCount))
+                      .arg(display::size(totals.selectedBytes)));
   const auto unusual = std::ranges::count_if(model_.candidates(), [](const ScanCandidate& item) {
     return item.isSelected && hasUnusualCharacters(item.relativePath);
   });
-  warning_->setText(tr("%1 of them with unusual characters in the path").arg(unusual));
+  warning_->setText(
+      tr("%n of them with unusual characters in the path", nullptr, static_cast<int>(unusual)));
   warning_->setVisible(unusual > 0);
   move_->setText(model_.isCleaning() ? tr("Moving…") : tr("Move to Trash"));
   if (model_.isCleaning() && move_->hasFocus()) {

@@ -9,6 +9,7 @@
 #include "ui/controls/Label.h"
 #include "ui/controls/Metric.h"
 #include "ui/look/DisplayText.h"
+#include "ui/look/EngineText.h"
 
 namespace broomtide::ui {
 namespace {
@@ -18,7 +19,7 @@ constexpr int widestPath = 520;
 
 QString folderName(const AppModel& model) {
   return model.rootURL() ? display::name(paths::standardized(*model.rootURL()))
-                         : QStringLiteral("folder");
+                         : ScanningView::tr("folder");
 }
 
 Metric* named(const char* name, const QString& label) {
@@ -76,7 +77,7 @@ QLayout* ScanningView::metrics() {
 
 void ScanningView::refresh() {
   const ScanProgress& progress = model_.progress();
-  currentPath_->setText(display::text(progress.currentPath));
+  currentPath_->setText(enginetext::place(progress.currentPath));
   itemsScanned_->setValue(display::count(progress.entriesScanned));
   reclaimable_->setValue(display::size(progress.reclaimableBytes));
   matches_->setValue(display::count(static_cast<std::int64_t>(model_.candidates().size())));

@@ -11,6 +11,7 @@
 #include "ui/controls/SymbolView.h"
 #include "ui/look/DisplayText.h"
 #include "ui/look/Drawing.h"
+#include "ui/look/EngineText.h"
 
 namespace broomtide::ui {
 namespace {
@@ -41,7 +42,7 @@ RecordList* failureList(const std::vector<CleanupFailure>& failures) {
   for (const CleanupFailure& failure : failures) {
     records.push_back({.title = display::text(failure.path),
                        .warning = display::warning(failure.path),
-                       .subtitle = display::text(failure.message)});
+                       .subtitle = enginetext::statement(failure.message)});
   }
   constexpr int messageLines = 2;
   auto* list = new RecordList(SummaryView::tr("Items that were left alone"), std::move(records),

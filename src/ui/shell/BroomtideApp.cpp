@@ -6,6 +6,7 @@
 #include "ui/look/Style.h"
 #include "ui/look/Symbols.h"
 #include "ui/shell/HeldKeys.h"
+#include "ui/shell/Languages.h"
 
 namespace broomtide::ui {
 
@@ -20,6 +21,7 @@ void BroomtideApp::introduce(QApplication& application) {
   QApplication::setApplicationName(QStringLiteral("Broomtide"));
   QApplication::setApplicationVersion(QStringLiteral(BROOMTIDE_VERSION));
   QApplication::setDesktopFileName(QStringLiteral("broomtide"));
+  languages::use(languages::wanted());
   QApplication::setStyle(new Style);
   application.setWindowIcon(symbols::brandMark());
   if (QApplication::platformName() == QStringLiteral("xcb"))

@@ -1,9 +1,11 @@
 #include "ui/shell/CommandLine.h"
 
+#include <QCoreApplication>
 #include <QtGlobal>
 #include <cstdio>
 
 #include "ui/look/DisplayText.h"
+#include "ui/shell/Languages.h"
 
 namespace broomtide::ui::commandline {
 namespace {
@@ -12,15 +14,33 @@ constexpr int done = 0;
 constexpr int failed = 1;
 constexpr int wrongUsage = 2;
 
-constexpr const char* help =
-    "Usage: broomtide\n"
-    "Opens the window that finds disposable developer files and moves them to the Trash.\n"
-    "\n"
-    "  -h, --help     print this and exit\n"
-    "  -v, --version  print the version and exit\n"
-    "\n"
-    "Qt's own options, such as -platform, are understood too. broomtide-cli does the same in a\n"
-    "terminal.\n";
+class CommandLine {
+  Q_DECLARE_TR_FUNCTIONS(CommandLine)
+};
+
+// Texts are translated for an application alone, which this is without a window.
+class Speaker {
+ public:
+  Speaker() : application_(argumentCount_, nullptr) { languages::use(languages::wanted()); }
+
+ private:
+  int argumentCount_ = 0;
+  QCoreApplication application_;
+};
+
+QString help() {
+  return CommandLine::tr(
+      "Usage: broomtide\n"
+      "Opens the window that finds disposable developer files and moves them to the Trash.\n"
+      "\n"
+      "  -h, --help     print this and exit\n"
+      "  -v, --version  print the version and exit\n"
+      "\n"
+      "Qt's own options, such as -platform, are understood too. broomtide-cli does the same in a\n"
+      "terminal.\n");
+}
+
+void print(const QString& text, std::FILE* stream) { std::fputs(qPrintable(text), stream); }
 
 bool hasDisplay(const QStringList& arguments) {
   return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
@@ -32,7 +52,8 @@ bool hasDisplay(const QStringList& arguments) {
 
 std::optional<int> answerWithoutWindow(const QStringList& arguments) {
   if (arguments.contains("--help") || arguments.contains("-h")) {
-    std::fputs(help, stdout);
+    const Speaker speaker;
+    print(help(), stdout);
     return done;
   }
   if (arguments.contains("--version") || arguments.contains("-v")) {
@@ -40,18 +61,19 @@ std::optional<int> answerWithoutWindow(const QStringList& arguments) {
     return done;
   }
   if (hasDisplay(arguments)) return std::nullopt;
-  std::fputs(
-      "broomtide: There is no display to open a window on. In a terminal, use broomtide-cli.\n",
-      stderr);
+  const Speaker speaker;
+  print(CommandLine::tr("broomtide: There is no display to open a window on. In a terminal, use "
+                        "broomtide-cli.\n"),
+        stderr);
   return failed;
 }
 
 std::optional<int> rejection(const QStringList& arguments) {
   if (arguments.size() < 2) return std::nullopt;
-  std::fprintf(stderr,
-               "broomtide: '%s' is not understood; the window takes no folder.\n"
-               "Run broomtide --help for more information.\n",
-               qPrintable(display::text(arguments[1].toStdString())));
+  print(CommandLine::tr("broomtide: '%1' is not understood; the window takes no folder.\n"
+                        "Run broomtide --help for more information.\n")
+            .arg(display::text(arguments[1].toStdString())),
+        stderr);
   return wrongUsage;
 }
 

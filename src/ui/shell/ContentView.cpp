@@ -1,6 +1,6 @@
 #include "ui/shell/ContentView.h"
 
-#include "ui/look/DisplayText.h"
+#include "ui/look/EngineText.h"
 #include "ui/results/ResultsView.h"
 #include "ui/screens/ConfirmationView.h"
 #include "ui/screens/HistoryView.h"
@@ -78,7 +78,7 @@ void ContentView::showAlert() {
       model_.clearErrorMessage();
     });
   }
-  alert_->setText(display::text(*model_.errorMessage()));
+  alert_->setText(enginetext::statement(*model_.errorMessage()));
   alert_->open();
 }
 

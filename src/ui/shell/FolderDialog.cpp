@@ -9,13 +9,10 @@
 
 #include "ui/controls/Label.h"
 #include "ui/look/DisplayText.h"
+#include "ui/look/EngineText.h"
 
 namespace broomtide::ui {
 namespace {
-
-QString text(std::string_view fixed) {
-  return QString::fromUtf8(fixed.data(), static_cast<qsizetype>(fixed.size()));
-}
 
 // Names of folders as the rest of the window shows them.
 class NameDelegate final : public QStyledItemDelegate {
@@ -51,16 +48,16 @@ void arrangeForFolders(QFileDialog& dialog) {
 // desktops; Qt's has both.
 void present(QFileDialog& dialog, const FolderRequest& request) {
   dialog.setObjectName("folderPicker");
-  dialog.setWindowTitle(text(request.title));
+  dialog.setWindowTitle(enginetext::title(request.title));
   dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::ShowDirsOnly |
                     QFileDialog::ReadOnly);
   dialog.setFileMode(QFileDialog::Directory);
-  dialog.setLabelText(QFileDialog::Accept, text(request.prompt));
+  dialog.setLabelText(QFileDialog::Accept, enginetext::title(request.prompt));
   if (request.startingAt) dialog.setDirectory(QFile::decodeName(request.startingAt->c_str()));
   arrangeForFolders(dialog);
   dialog.setItemDelegate(new NameDelegate(&dialog));
 
-  auto* message = new Label(text(request.message), TextStyle::body, Tone::secondary);
+  auto* message = new Label(enginetext::title(request.message), TextStyle::body, Tone::secondary);
   message->setObjectName("message");
   message->setWordWrap(true);
   constexpr int edge = 12;
