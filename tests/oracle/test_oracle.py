@@ -18,7 +18,7 @@ class Tables(unittest.TestCase):
         self.assertEqual(sum(rule.safety == "safe" for rule in rules.PROJECT_RULES), 44)
         self.assertEqual((rules.PROJECT_RULES[0].id, rules.PROJECT_RULES[-1].id), ("next", "logs"))
         self.assertEqual(len(rules.DOWNLOADS_RULES), 10)
-        self.assertEqual(len(rules.CACHE_TARGETS), 15)
+        self.assertEqual(len(rules.CACHE_TARGETS), 65)
         self.assertEqual(sum(target.safety == "safe" for target in rules.CACHE_TARGETS), 9)
         self.assertEqual(sum(target.expands_children for target in rules.CACHE_TARGETS), 3)
         self.assertEqual(len(rules.KIND_TITLES), 14)
