@@ -11,6 +11,7 @@ packages_test=(
   libbenchmark-dev libgmock-dev libgtest-dev openbox python3-gi trash-cli util-linux xdotool xvfb
 )
 packages_bench=(gdu libbenchmark-dev libglib2.0-bin ncdu trash-cli)
+packages_pictures=(fonts-noto-core imagemagick)
 packages_fuzz=(clang-14 libclang-rt-14-dev)
 packages_lint=(clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev)
 

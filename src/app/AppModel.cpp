@@ -52,12 +52,9 @@ void AppModel::presentFolderPicker(std::optional<std::string> startingAt, ScanMo
 }
 
 void AppModel::chooseDownloadsFolder() {
-  std::optional<std::string> downloads;
-  if (surroundings_.homeFolder) {
-    downloads = paths::appending(*surroundings_.homeFolder, "Downloads");
-    if (!FolderChoice::exists(*downloads)) downloads.reset();
-  }
-  presentFolderPicker(std::move(downloads), ScanMode::downloads);
+  presentFolderPicker(
+      FolderChoice::downloads(surroundings_.homeFolder, surroundings_.desktopDownloads),
+      ScanMode::downloads);
 }
 
 void AppModel::beginScan(std::string root, ScanMode mode, bool renewAccess) {

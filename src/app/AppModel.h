@@ -64,6 +64,7 @@ class AppModel {
     FolderPicking& folderPicker;
     AccessGranting& access;
     std::optional<std::string> homeFolder;  ///< of the real user; nothing when it is unknown
+    std::optional<std::string> desktopDownloads = std::nullopt;  ///< what the desktop calls so
   };
 
   /// Starts no scan and reads no file.
@@ -101,7 +102,8 @@ class AppModel {
   /// location sets `errorMessage` instead.
   void presentFolderPicker(std::optional<std::string> startingAt, ScanMode mode);
 
-  /// The same for the Downloads folder, starting at the one in the home folder if there is one.
+  /// The same for the Downloads folder, starting at the one in the home folder if there is one,
+  /// else at what the desktop calls Downloads, if that is there and not the home folder itself.
   void chooseDownloadsFolder();
 
   /// Scans the folder at an absolute path in place of any scan under way. `renewAccess` asks for

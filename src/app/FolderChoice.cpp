@@ -54,8 +54,18 @@ bool exists(const std::string& path) {
   return std::filesystem::exists(path, ignored);
 }
 
+std::optional<std::string> downloads(const std::optional<std::string>& home,
+                                     const std::optional<std::string>& desktopDownloads) {
+  if (home) {
+    std::string usual = paths::appending(*home, "Downloads");
+    if (exists(usual)) return usual;
+  }
+  if (desktopDownloads == home || !desktopDownloads || !exists(*desktopDownloads)) return {};
+  return desktopDownloads;
+}
+
 bool containsKnownCacheLocation(const std::string& folder) {
-  return std::ranges::any_of(CacheRules::targets, [&folder](const CacheTarget& target) {
+  return std::ranges::any_of(CacheRules::locations, [&folder](const CacheTarget& target) {
     return exists(paths::appending(folder, target.relativePath));
   });
 }

@@ -14,6 +14,12 @@ FolderRequest request(ScanMode mode, std::optional<std::string> startingAt);
 /// Whether anything exists at `path`, through links; what cannot be looked at does not.
 bool exists(const std::string& path);
 
+/// Where a choice of the Downloads folder starts: at the one in the home folder, else at what the
+/// desktop calls so. A desktop without any calls the home folder so, which does not count. Nothing
+/// when neither exists.
+std::optional<std::string> downloads(const std::optional<std::string>& home,
+                                     const std::optional<std::string>& desktopDownloads);
+
 /// Whether any of the known cache locations exists below `folder`.
 bool containsKnownCacheLocation(const std::string& folder);
 

@@ -32,16 +32,18 @@ std::unique_ptr<TrashManaging> makeTrashManager() {
 }  // namespace
 
 std::unique_ptr<AppModel> makeModel(MainThread& mainThread, FolderPicking& folderPicker,
-                                    AccessGranting& access) {
+                                    AccessGranting& access,
+                                    std::optional<std::string> desktopDownloads) {
   AppModel::Services services;
   services.scanner = std::make_unique<DefaultFileScanner>(systemFileManager());
   services.trashManager = makeTrashManager();
   services.historyStore = std::make_unique<JSONHistoryStore>(std::nullopt, systemFileManager());
-  return std::make_unique<AppModel>(std::move(services),
-                                    AppModel::Surroundings{.mainThread = mainThread,
-                                                           .folderPicker = folderPicker,
-                                                           .access = access,
-                                                           .homeFolder = UserFolders::realHome()});
+  return std::make_unique<AppModel>(
+      std::move(services), AppModel::Surroundings{.mainThread = mainThread,
+                                                  .folderPicker = folderPicker,
+                                                  .access = access,
+                                                  .homeFolder = UserFolders::realHome(),
+                                                  .desktopDownloads = std::move(desktopDownloads)});
 }
 
 }  // namespace broomtide::services

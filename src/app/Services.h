@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "app/AppModel.h"
 
@@ -8,8 +10,10 @@
 namespace broomtide::services {
 
 /// An app model that works on this machine's file system, with the Trash of its desktop and the
-/// user's own history. What it is given must outlive it.
+/// user's own history. What it is given must outlive it. `desktopDownloads` is what the desktop
+/// calls the Downloads folder, where people choose folders on one.
 std::unique_ptr<AppModel> makeModel(MainThread& mainThread, FolderPicking& folderPicker,
-                                    AccessGranting& access);
+                                    AccessGranting& access,
+                                    std::optional<std::string> desktopDownloads = std::nullopt);
 
 }  // namespace broomtide::services

@@ -1,59 +1,14 @@
 #include "context/ProjectDetector.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "core/Paths.h"
 #include "core/Utf8.h"
+#include "rules/ProjectManifests.h"
 
 namespace broomtide {
 namespace {
-
-using enum ProjectKind;
-
-struct Manifest {
-  std::string_view name;
-  ProjectKind kind;
-};
-
-// In byte order of the names, for binary search.
-constexpr std::array manifestNames = std::to_array<Manifest>({
-    {"build.gradle", java},
-    {"build.gradle.kts", java},
-    {"cargo.toml", rust},
-    {"cmakelists.txt", cmake},
-    {"composer.json", php},
-    {"deno.json", javascript},
-    {"deno.jsonc", javascript},
-    {"gemfile", ruby},
-    {"go.mod", go},
-    {"go.work", go},
-    {"mix.exs", elixir},
-    {"package.json", javascript},
-    {"package.swift", swift},
-    {"pipfile", python},
-    {"pnpm-workspace.yaml", javascript},
-    {"poetry.lock", python},
-    {"pom.xml", java},
-    {"pubspec.yaml", flutter},
-    {"pyproject.toml", python},
-    {"requirements.txt", python},
-    {"settings.gradle", java},
-    {"settings.gradle.kts", java},
-    {"setup.py", python},
-    {"stack.yaml", haskell},
-});
-static_assert(std::ranges::is_sorted(manifestNames, {}, &Manifest::name));
-
-constexpr std::array manifestSuffixes = std::to_array<Manifest>({
-    {".csproj", dotnet},
-    {".fsproj", dotnet},
-    {".vbproj", dotnet},
-    {".sln", dotnet},
-    {".cabal", haskell},
-    {".tf", terraform},
-});
 
 bool endsIgnoringCase(std::string_view name, std::string_view suffix) {
   return name.size() >= suffix.size() &&
@@ -61,7 +16,8 @@ bool endsIgnoringCase(std::string_view name, std::string_view suffix) {
 }
 
 bool isXcodeBundle(std::string_view name) {
-  return name.ends_with(".xcodeproj") || name.ends_with(".xcworkspace");
+  return std::ranges::any_of(xcodeBundleSuffixes,
+                             [name](std::string_view suffix) { return name.ends_with(suffix); });
 }
 
 bool isInside(std::string_view path, std::string_view folder) {
@@ -104,7 +60,7 @@ void ProjectDetector::addEntry(std::string_view name, EntryType type) {
   if (name == ".git") {
     addRepository();  // also when it cannot be examined: Git knows better
   } else if (type == EntryType::folder) {
-    if (isXcodeBundle(name)) addManifest(swift, name);
+    if (isXcodeBundle(name)) addManifest(ProjectKind::swift, name);
   } else if (const auto kind = manifestKind(name); kind && type == EntryType::file) {
     addManifest(*kind, name);
   }

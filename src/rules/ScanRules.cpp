@@ -1,39 +1,16 @@
 #include "rules/ScanRules.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 #include <vector>
 
 #include "core/Paths.h"
 #include "rules/ContextPolicy.h"
+#include "rules/GuardedNames.h"
 #include "rules/RuleIndex.h"
 
 namespace broomtide::ScanRules {
 namespace {
-
-using namespace std::string_view_literals;
-
-// All name lists stand in byte order, for binary search.
-constexpr std::array sensitiveDirectoryNames{
-    ".dvc"sv,     ".git"sv,     "artifacts"sv,  "checkpoints"sv, "data"sv,
-    "database"sv, "datasets"sv, "migrations"sv, "models"sv,      "secrets"sv,
-    "storage"sv,  "uploads"sv,  "weights"sv};
-constexpr std::array protectedFileNames{
-    ".terraform.lock.hcl"sv, "cargo.lock"sv,  "composer.lock"sv, "package-lock.json"sv,
-    "pnpm-lock.yaml"sv,      "poetry.lock"sv, "yarn.lock"sv};
-constexpr std::array protectedExtensions{
-    "ckpt"sv,   "db"sv,      "gguf"sv,        "h5"sv,
-    "keras"sv,  "key"sv,     "mlmodel"sv,     "mobileprovision"sv,
-    "onnx"sv,   "p12"sv,     "pem"sv,         "pfx"sv,
-    "pt"sv,     "pth"sv,     "safetensors"sv, "sql"sv,
-    "sqlite"sv, "sqlite3"sv, "tflite"sv};
-static_assert(sensitiveDirectoryNames.size() == 13);
-static_assert(protectedFileNames.size() == 7);
-static_assert(protectedExtensions.size() == 19);
-static_assert(std::ranges::is_sorted(sensitiveDirectoryNames));
-static_assert(std::ranges::is_sorted(protectedFileNames));
-static_assert(std::ranges::is_sorted(protectedExtensions));
 
 static_assert(project.size() <= RuleIndex::most && downloads.size() <= RuleIndex::most);
 
@@ -100,9 +77,8 @@ bool isSensitiveDirectory(std::string_view name) {
 }
 
 bool isProtectedFile(std::string_view name) {
-  constexpr std::string_view environment = ".env";
-  if (paths::equalIgnoringCase(name.substr(0, environment.size()), environment) &&
-      (name.size() == environment.size() || name[environment.size()] == '.')) {
+  if (paths::equalIgnoringCase(name.substr(0, environmentFile.size()), environmentFile) &&
+      (name.size() == environmentFile.size() || name[environmentFile.size()] == '.')) {
     return true;
   }
   const paths::ShortLowercase lowered(name);

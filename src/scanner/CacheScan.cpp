@@ -4,6 +4,8 @@
 #include <iterator>
 #include <memory>
 #include <optional>
+#include <set>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -38,7 +40,7 @@ class CacheScan {
         measurements_(fileManager, openRoot(), settings.measuringThreads, stop) {}
 
   ScanOutcome run() {
-    for (const CacheTarget& target : CacheRules::targets) {
+    for (const CacheTarget& target : CacheRules::locations) {
       checkForCancellation();
       visit(target);
     }
@@ -64,6 +66,7 @@ class CacheScan {
         !attributes.isFolder()) {
       return;
     }
+    if (!visited_.insert(FileIdentity::token(attributes)).second) return;
     // Opened later, by its resolved path and without links, so that a link put in its way after it
     // was found to lie inside leads nowhere.
     const std::string resolved = PathSafety::resolved(location);
@@ -150,6 +153,7 @@ class CacheScan {
   ScanReports& reports_;
   std::vector<ScanIssue> issues_;
   std::vector<CacheItem> items_;
+  std::set<std::string> visited_;  // identities: two rows can name one folder through a link
   const CacheTarget* reportedTarget_ = nullptr;
   std::int64_t entries_ = 0;  // examined below the target that is reported
   const std::string resolvedRoot_;

@@ -40,7 +40,8 @@ class Model : public testing::Test {
         AppModel::Surroundings{.mainThread = main,
                                .folderPicker = picker,
                                .access = access,
-                               .homeFolder = tree.path("home")});
+                               .homeFolder = tree.path("home"),
+                               .desktopDownloads = desktopDownloads});
   }
 
   void crankUntil(Route route) {
@@ -74,6 +75,7 @@ class Model : public testing::Test {
   test::HandCrankedThread main;
   test::ScriptedPicker picker;
   test::RecordedAccess access;
+  std::optional<std::string> desktopDownloads;
   std::unique_ptr<AppModel> model = makeModel();
   Fields changes;
   std::shared_ptr<void> observation;
@@ -261,13 +263,28 @@ TEST_F(Model, TheFolderPickerDecides) {
 }
 
 TEST_F(Model, TheDownloadsFolderIsOfferedIfThereIsOne) {
-  model->chooseDownloadsFolder();
+  const std::optional<std::string> none;
+  tree.folder("home");
+  tree.folder("data/Téléchargements");
+  struct Row {
+    std::optional<std::string> desktopDownloads;
+    std::optional<std::string> startsAt;
+  };
+  const auto check = [&](const std::vector<Row>& rows) {
+    for (const Row& row : rows) {
+      desktopDownloads = row.desktopDownloads;
+      model = makeModel();
+      model->chooseDownloadsFolder();
+      EXPECT_EQ(picker.requests.back().startingAt, row.startsAt)
+          << row.desktopDownloads.value_or("");
+      EXPECT_EQ(picker.requests.back().mode, ScanMode::downloads);
+    }
+  };
+  const std::string other = tree.path("data/Téléchargements");
+  check({{none, none}, {other, other}, {tree.path("gone"), none}, {tree.path("home"), none}});
   tree.folder("home/Downloads");
-  model->chooseDownloadsFolder();
-  EXPECT_EQ(picker.requests.at(0).startingAt, std::nullopt);
+  check({{none, tree.path("home/Downloads")}, {other, tree.path("home/Downloads")}});
   EXPECT_EQ(model->homeFolder(), tree.path("home"));
-  EXPECT_EQ(picker.requests.at(1).startingAt, tree.path("home/Downloads"));
-  EXPECT_EQ(picker.requests.at(1).mode, ScanMode::downloads);
 }
 
 TEST_F(Model, ScanningAgainKeepsTheAccess) {

@@ -199,6 +199,32 @@ chroot . trash-list > ../listed
 """
 
 
+class ReadOnlyModules(CleanJourney):
+    """Go makes the modules that it downloads read-only, which must keep nobody from moving them and back."""
+
+    def setUp(self):
+        super().setUp()
+        self.user = {"user": 65534, "group": 65534, "extra_groups": []} if os.getuid() == 0 else {}
+        self.module = "work/go/pkg/mod/example.org/module@v1.0.0"
+        self.write(self.module + "/inner/code.go", "package inner")
+        os.makedirs(self.data)
+        for folder, _, files in os.walk(self.root):
+            for path in [folder, *[os.path.join(folder, file) for file in files]]:
+                os.chown(path, self.user.get("user", -1), -1)
+        for path in ["/inner/code.go", "/inner", ""]:
+            os.chmod(self.path(self.module + path), 0o555)
+        self.addCleanup(subprocess.run, ["chmod", "-R", "u+w", self.root], check=True)
+
+    def test_they_go_and_come_back(self):
+        before = snapshot(self.path("work/go/pkg/mod"))
+        result = self.run_cli("clean", "--mode", "caches", "--item", "go/pkg/mod", "--yes", self.work, **self.user)
+        self.assertEqual((result.returncode, os.listdir(self.path("work/go/pkg"))), (0, []), result.stderr)
+        subprocess.run(["trash-restore", self.path("work/go/pkg/mod")], input=b"0\n", check=True, timeout=300,
+                       cwd=self.root, capture_output=True, env=environment(XDG_DATA_HOME=self.data), **self.user)
+        self.assertEqual(snapshot(self.path("work/go/pkg/mod")), before)
+        self.assertEqual(os.listdir(os.path.join(self.data, "Trash/info")), [])
+
+
 class OtherMounts(CleanJourney):
     # What stands at the top of the mount, and which folder must become the Trash.
     KINDS = {

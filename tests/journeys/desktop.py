@@ -115,7 +115,7 @@ def states_of(thing):
 class Desktop:
     """An X server and a session bus of their own. There can be one in a process."""
 
-    def __init__(self):
+    def __init__(self, screen="1280x900x24"):
         self.require("xdotool")
         self.folder = tempfile.mkdtemp(prefix="broomtide-desktop-")
         self.started = []
@@ -124,7 +124,7 @@ class Desktop:
         self.environment |= {"XDG_RUNTIME_DIR": self.folder, "HOME": self.folder, "LC_ALL": "C.UTF-8",
                              "GSETTINGS_BACKEND": "memory", "NO_AT_BRIDGE": "1"}
         try:
-            display = self.serve("Xvfb", "-displayfd", "{}", "-screen", "0", "1280x900x24", "-nolisten", "tcp",
+            display = self.serve("Xvfb", "-displayfd", "{}", "-screen", "0", screen, "-nolisten", "tcp",
                                  "-noreset")
             self.environment["DISPLAY"] = ":" + display
             self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.serve(

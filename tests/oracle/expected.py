@@ -413,10 +413,15 @@ def cache_items(location, expands_children):
 
 
 def scan_caches(scan):
+    visited = set()
     for target in rules.CACHE_TARGETS:
         location = scan.root + b"/" + target.relative_path.encode()
         if not os.path.isdir(location) or os.path.islink(location):
             continue
+        identity = (os.lstat(location).st_dev, os.lstat(location).st_ino)
+        if identity in visited:
+            continue
+        visited.add(identity)
         if not os.path.realpath(location).startswith(os.path.realpath(scan.root) + b"/"):
             continue
         for path, attributes, open_folder in cache_items(location, target.expands_children):

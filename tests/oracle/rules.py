@@ -82,7 +82,7 @@ def _policies():
     return policies
 
 
-def _cache_targets():
+def _cache_targets(table):
     return [
         CacheTarget(
             id=row["id"],
@@ -93,7 +93,7 @@ def _cache_targets():
             explanation=row["explanation"],
             regeneration_command=row["regenerationCommand"] or None,
         )
-        for row in read_table("cache_targets.tsv")
+        for row in read_table(table)
     ]
 
 
@@ -104,7 +104,8 @@ def _names(which):
 PROJECT_RULES = _rules("project_rules.tsv")
 DOWNLOADS_RULES = _rules("downloads_rules.tsv")
 POLICIES = _policies()
-CACHE_TARGETS = _cache_targets()
+USUAL_CACHE_TARGETS = _cache_targets("cache_targets.tsv")
+CACHE_TARGETS = USUAL_CACHE_TARGETS + _cache_targets("linux_cache_targets.tsv")
 KIND_TITLES = {row["kind"]: row["title"] for row in read_table("kinds.tsv")}
 MANIFESTS = [(row["match"], row["text"].encode(), row["kind"]) for row in read_table("manifests.tsv")]
 SENSITIVE_DIRECTORIES = _names("sensitiveDirectory")

@@ -51,6 +51,34 @@ TEST(CacheScan, ExpandsVisibleChildFoldersOnly) {
             (std::vector<std::string>{derived + "App", derived + "Other"}));
 }
 
+// What the tools keep beside their caches, and do not get back, is not offered.
+TEST(CacheScan, LeavesWhatToolsKeepBesideTheirCaches) {
+  TemporaryTree tree;
+  for (const char* path :
+       {".ccache/ccache.conf", ".ccache/a/b", ".cache/deno/location_data/kv/kv.sqlite3",
+        ".cache/deno/npm/registry/x", ".cache/huggingface/token", ".cache/huggingface/hub/model",
+        ".cache/helm/plugins/diff/plugin.yaml", ".cache/helm/repository/index.yaml",
+        ".cache/pypoetry/virtualenvs/app/pyvenv.cfg", ".cache/pypoetry/artifacts/x",
+        ".terraform.d/plugin-cache/registry/x", ".terraform.d/credentials.tfrc.json"}) {
+    tree.file(path, "x");
+  }
+  EXPECT_EQ(
+      pathsOf(ScanRecorder().scan(tree.root(), ScanMode::caches)),
+      (std::vector<std::string>{".cache/pypoetry/artifacts", ".ccache/a", ".cache/helm/repository",
+                                ".cache/deno/npm", ".terraform.d/plugin-cache/registry",
+                                ".cache/huggingface/hub"}));
+}
+
+// Two rows can name one folder when what holds it is linked.
+TEST(CacheScan, TakesWhatTwoRowsNameOnce) {
+  TemporaryTree tree;
+  tree.file("Library/Caches/pip/http/a", "x");
+  tree.file("Library/Caches/uv/b", "x");
+  tree.link("Library/Caches", ".cache");
+  EXPECT_EQ(pathsOf(ScanRecorder().scan(tree.root(), ScanMode::caches)),
+            (std::vector<std::string>{"Library/Caches/pip", ".cache/uv"}));
+}
+
 TEST(CacheScan, LeavesTheRootThroughNoLink) {
   TemporaryTree outside;
   outside.file("pip/x", "x");

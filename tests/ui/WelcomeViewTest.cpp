@@ -10,6 +10,7 @@
 #include "ui/look/Symbols.h"
 #include "ui/look/Theme.h"
 #include "ui/screens/ScanModeCard.h"
+#include "ui/shell/DesktopFolders.h"
 
 namespace broomtide {
 namespace {
@@ -87,6 +88,25 @@ TEST_F(Welcome, EachCardSaysWhatItScans) {
     painter.end();
     EXPECT_TRUE(contains(card.grab().toImage(), icon.toImage())) << row.icon;
   }
+}
+
+TEST(DesktopFolders, DownloadsIsWhatTheDesktopCallsSo) {
+  test::TemporaryTree tree;
+  qputenv("XDG_CONFIG_HOME", tree.root().c_str());
+  struct Row {
+    std::string settings;
+    std::string folder;
+  };
+  const std::string home = qgetenv("HOME").toStdString();
+  for (const Row& row : std::vector<Row>{
+           {"XDG_DOWNLOAD_DIR=\"/data/Téléchargements\"\n", "/data/Téléchargements"},
+           {"XDG_DOWNLOAD_DIR=\"$HOME/Geladenes/\"\n", home + "/Geladenes"},
+           {"XDG_DOWNLOAD_DIR=\"$HOME/\"\n", home},
+       }) {
+    tree.file("user-dirs.dirs", row.settings);
+    EXPECT_EQ(ui::desktopDownloads(), row.folder);
+  }
+  qunsetenv("XDG_CONFIG_HOME");
 }
 
 TEST_F(Welcome, CardsAskForTheFolder) {
