@@ -75,7 +75,7 @@ std::set<std::string> engineTexts() {
   for (const GitItemStatus status : allGitStatuses) texts.add(title(status));
   for (const ScanRule& rule : ScanRules::project) texts.addRule(rule);
   for (const ScanRule& rule : ScanRules::downloads) texts.addRule(rule);
-  for (const CacheTarget& target : CacheRules::targets) texts.addTarget(target);
+  for (const CacheTarget& target : CacheRules::locations) texts.addTarget(target);
   for (const ScanMode mode : {ScanMode::project, ScanMode::downloads, ScanMode::caches})
     texts.addFolderRequest(mode);
   texts.addMessages();

@@ -997,6 +997,322 @@ Mehr dazu zeigt broomtide --help.
         <source>pip re-downloads packages on demand.</source>
         <translation>pip lädt Pakete bei Bedarf erneut herunter.</translation>
     </message>
+    <message>
+        <source>Bazel outputs and downloads of all workspaces. They are built and downloaded again on the next build, which takes a while.</source>
+        <translation>Ausgaben und Downloads aller Bazel-Workspaces. Sie werden beim nächsten Build erneut erzeugt und heruntergeladen, was eine Weile dauert.</translation>
+    </message>
+    <message>
+        <source>Browsers downloaded by Puppeteer. They are downloaded again on the next install, which can be large.</source>
+        <translation>Von Puppeteer heruntergeladene Browser. Sie werden bei der nächsten Installation erneut heruntergeladen und können groß sein.</translation>
+    </message>
+    <message>
+        <source>Build the project again with ccache.</source>
+        <translation>Erstellen Sie das Projekt mit ccache neu.</translation>
+    </message>
+    <message>
+        <source>Build the project again with sccache.</source>
+        <translation>Erstellen Sie das Projekt mit sccache neu.</translation>
+    </message>
+    <message>
+        <source>Bun download cache. Packages are downloaded again when installed. Projects may hard-link into it, so it may free less than it shows.</source>
+        <translation>Download-Cache von Bun. Pakete werden bei der Installation erneut heruntergeladen. Projekte können über harte Links darauf verweisen, sodass eventuell weniger Platz frei wird als angezeigt.</translation>
+    </message>
+    <message>
+        <source>Cabal cache of package indexes and sources. They are downloaded again on the next update and build.</source>
+        <translation>Cabal-Cache mit Paketindizes und Quelltexten. Sie werden bei der nächsten Aktualisierung und beim nächsten Build erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>Cargo cache of Git dependencies. They are cloned again on the next build.</source>
+        <translation>Cargo-Cache mit Git-Abhängigkeiten. Sie werden beim nächsten Build erneut geklont.</translation>
+    </message>
+    <message>
+        <source>Code that Deno generated from modules. It is generated again on the next run.</source>
+        <translation>Code, den Deno aus Modulen erzeugt hat. Er wird bei der nächsten Ausführung neu erzeugt.</translation>
+    </message>
+    <message>
+        <source>Compiler cache. Compilations are cached again on the next build.</source>
+        <translation>Compiler-Cache. Kompilate werden beim nächsten Build neu zwischengespeichert.</translation>
+    </message>
+    <message>
+        <source>Composer download cache. Packages are downloaded again when installed.</source>
+        <translation>Download-Cache von Composer. Pakete werden bei der Installation erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>Conan package cache. Packages are downloaded again on the next install; those made on this machine are made again from their recipes.</source>
+        <translation>Paket-Cache von Conan. Pakete werden bei der nächsten Installation erneut heruntergeladen; auf diesem Rechner erstellte werden aus ihren Rezepten neu erstellt.</translation>
+    </message>
+    <message>
+        <source>Cypress binaries. They are downloaded again on the next install, which can be large.</source>
+        <translation>Cypress-Binärdateien. Sie werden bei der nächsten Installation erneut heruntergeladen und können groß sein.</translation>
+    </message>
+    <message>
+        <source>Dart and Flutter package cache. Projects use packages straight from it until they are downloaded again.</source>
+        <translation>Paket-Cache von Dart und Flutter. Projekte verwenden die Pakete unmittelbar von dort; danach müssen sie erneut heruntergeladen werden.</translation>
+    </message>
+    <message>
+        <source>Datasets prepared by Hugging Face libraries. Preparing them again can take long, and some may no longer be offered.</source>
+        <translation>Von Hugging-Face-Bibliotheken aufbereitete Datensätze. Sie neu aufzubereiten kann lange dauern, und manche werden eventuell nicht mehr angeboten.</translation>
+    </message>
+    <message>
+        <source>Deno re-downloads modules on demand.</source>
+        <translation>Deno lädt Module bei Bedarf erneut herunter.</translation>
+    </message>
+    <message>
+        <source>Deno re-downloads packages on demand.</source>
+        <translation>Deno lädt Pakete bei Bedarf erneut herunter.</translation>
+    </message>
+    <message>
+        <source>Electron download cache. Electron is downloaded again on the next install.</source>
+        <translation>Download-Cache von Electron. Electron wird bei der nächsten Installation erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>Environments of pre-commit hooks, installed again on the next run. Patch files in it hold changes that were not staged while hooks ran, and do not come back.</source>
+        <translation>Umgebungen von pre-commit-Hooks, die bei der nächsten Ausführung neu installiert werden. Patch-Dateien darin enthalten Änderungen, die beim Ausführen der Hooks nicht vorgemerkt waren; sie kommen nicht zurück.</translation>
+    </message>
+    <message>
+        <source>Global NuGet package folder. Packages are downloaded again on the next restore.</source>
+        <translation>Globaler NuGet-Paketordner. Pakete werden bei der nächsten Wiederherstellung erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>Go build cache, with the inputs that fuzzing found. The compiler recreates it on the next build, and fuzzing finds inputs again.</source>
+        <translation>Build-Cache von Go mit den Eingaben, die beim Fuzzing gefunden wurden. Der Compiler erzeugt ihn beim nächsten Build neu, und das Fuzzing findet Eingaben erneut.</translation>
+    </message>
+    <message>
+        <source>Go module cache. Modules are downloaded again on the next build.</source>
+        <translation>Modul-Cache von Go. Module werden beim nächsten Build erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>Helm cache of chart repositories. Indexes and charts are downloaded again when updated.</source>
+        <translation>Helm-Cache mit Chart-Repositorys. Indizes und Charts werden bei der Aktualisierung erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>Hex download cache. Packages are downloaded again when dependencies are fetched.</source>
+        <translation>Download-Cache von Hex. Pakete werden beim Abrufen der Abhängigkeiten erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>Hugging Face libraries download them again when they are loaded.</source>
+        <translation>Hugging-Face-Bibliotheken laden sie beim Verwenden erneut herunter.</translation>
+    </message>
+    <message>
+        <source>Hugging Face transfer cache. Parts of models are downloaded again when needed.</source>
+        <translation>Übertragungs-Cache von Hugging Face. Teile von Modellen werden bei Bedarf erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>Indexes and caches of a JetBrains IDE, which recreates them. The local history of your files is in it too, and does not come back.</source>
+        <translation>Indizes und Caches einer JetBrains-IDE, die sie neu erzeugt. Darin liegt auch der lokale Verlauf Ihrer Dateien; er kommt nicht zurück.</translation>
+    </message>
+    <message>
+        <source>Load the datasets again.</source>
+        <translation>Laden Sie die Datensätze erneut.</translation>
+    </message>
+    <message>
+        <source>Model Cache</source>
+        <translation>Modell-Cache</translation>
+    </message>
+    <message>
+        <source>Models and datasets downloaded from Hugging Face. They can be large, and some may no longer be offered.</source>
+        <translation>Von Hugging Face heruntergeladene Modelle und Datensätze. Sie können groß sein, und manche werden eventuell nicht mehr angeboten.</translation>
+    </message>
+    <message>
+        <source>Models downloaded and kernels compiled by PyTorch. They can be large, and some may no longer be offered.</source>
+        <translation>Von PyTorch heruntergeladene Modelle und kompilierte Kernel. Sie können groß sein, und manche werden eventuell nicht mehr angeboten.</translation>
+    </message>
+    <message>
+        <source>Modules downloaded by Deno before version 2. They are downloaded again on the next run.</source>
+        <translation>Von Deno vor Version 2 heruntergeladene Module. Sie werden bei der nächsten Ausführung erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>Modules downloaded by Deno. They are downloaded again on the next run.</source>
+        <translation>Von Deno heruntergeladene Module. Sie werden bei der nächsten Ausführung erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>Node.js headers for building native modules. They are downloaded again on the next build.</source>
+        <translation>Node.js-Header zum Erstellen nativer Module. Sie werden beim nächsten Build erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>NuGet download cache. Packages are downloaded again on the next restore.</source>
+        <translation>Download-Cache von NuGet. Pakete werden bei der nächsten Wiederherstellung erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>Open the projects in the IDE again.</source>
+        <translation>Öffnen Sie die Projekte erneut in der IDE.</translation>
+    </message>
+    <message>
+        <source>Packages built by vcpkg. They are built again on the next install, which takes a while.</source>
+        <translation>Von vcpkg erstellte Pakete. Sie werden bei der nächsten Installation neu erstellt, was eine Weile dauert.</translation>
+    </message>
+    <message>
+        <source>Part of the compiler cache. Compilations are cached again on the next build.</source>
+        <translation>Teil des Compiler-Caches. Kompilate werden beim nächsten Build neu zwischengespeichert.</translation>
+    </message>
+    <message>
+        <source>Playwright browser binaries, downloaded again on the next install. A folder named mcp-… is a browser profile instead, with its logins, and does not come back.</source>
+        <translation>Browser-Binärdateien von Playwright, die bei der nächsten Installation erneut heruntergeladen werden. Ein Ordner namens mcp-… ist dagegen ein Browserprofil mit seinen Anmeldungen; er kommt nicht zurück.</translation>
+    </message>
+    <message>
+        <source>Poetry cache of package indexes. They are downloaded again when dependencies are resolved.</source>
+        <translation>Poetry-Cache mit Paketindizes. Sie werden beim Auflösen der Abhängigkeiten erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>Poetry download cache. Packages are downloaded again when installed.</source>
+        <translation>Download-Cache von Poetry. Pakete werden bei der Installation erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>PyTorch downloads models again when they are loaded.</source>
+        <translation>PyTorch lädt Modelle beim Verwenden erneut herunter.</translation>
+    </message>
+    <message>
+        <source>RubyGems cache of package indexes. They are downloaded again when needed.</source>
+        <translation>RubyGems-Cache mit Paketindizes. Sie werden bei Bedarf erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>RubyGems re-downloads indexes on demand.</source>
+        <translation>RubyGems lädt Indizes bei Bedarf erneut herunter.</translation>
+    </message>
+    <message>
+        <source>Run bazel build again.</source>
+        <translation>Führen Sie bazel build erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run bun install again.</source>
+        <translation>Führen Sie bun install erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run cabal update and build the project again.</source>
+        <translation>Führen Sie cabal update aus und erstellen Sie das Projekt neu.</translation>
+    </message>
+    <message>
+        <source>Run composer install again.</source>
+        <translation>Führen Sie composer install erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run conan install again, and conan create for your own packages.</source>
+        <translation>Führen Sie conan install erneut aus und conan create für Ihre eigenen Pakete.</translation>
+    </message>
+    <message>
+        <source>Run dart pub get or flutter pub get again.</source>
+        <translation>Führen Sie dart pub get oder flutter pub get erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run dotnet restore again.</source>
+        <translation>Führen Sie dotnet restore erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run electron-builder again.</source>
+        <translation>Führen Sie electron-builder erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run go mod download again.</source>
+        <translation>Führen Sie go mod download erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run helm repo update again.</source>
+        <translation>Führen Sie helm repo update erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run npm install again.</source>
+        <translation>Führen Sie npm install erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run npx cypress install again.</source>
+        <translation>Führen Sie npx cypress install erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run npx puppeteer browsers install again.</source>
+        <translation>Führen Sie npx puppeteer browsers install erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run pnpm install again.</source>
+        <translation>Führen Sie pnpm install erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run poetry install again.</source>
+        <translation>Führen Sie poetry install erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run pre-commit install-hooks again in each project.</source>
+        <translation>Führen Sie pre-commit install-hooks in jedem Projekt erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run stack build again.</source>
+        <translation>Führen Sie stack build erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run terraform init again in each project.</source>
+        <translation>Führen Sie terraform init in jedem Projekt erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run the program with Deno again.</source>
+        <translation>Führen Sie das Programm mit Deno erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run vcpkg install again.</source>
+        <translation>Führen Sie vcpkg install erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run yarn install again in each project.</source>
+        <translation>Führen Sie yarn install in jedem Projekt erneut aus.</translation>
+    </message>
+    <message>
+        <source>Run zig build again.</source>
+        <translation>Führen Sie zig build erneut aus.</translation>
+    </message>
+    <message>
+        <source>Stack cache of package indexes and sources. They are downloaded again on the next build.</source>
+        <translation>Stack-Cache mit Paketindizes und Quelltexten. Sie werden beim nächsten Build erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>Terraform provider cache. Projects link into it and need their providers again.</source>
+        <translation>Provider-Cache von Terraform. Projekte verweisen über Links darauf und brauchen ihre Provider danach erneut.</translation>
+    </message>
+    <message>
+        <source>Tools downloaded by electron-builder. They are downloaded again on the next build.</source>
+        <translation>Von electron-builder heruntergeladene Werkzeuge. Sie werden beim nächsten Build erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>Yarn cache shared by all projects. Projects that run straight from it need their packages installed again.</source>
+        <translation>Yarn-Cache, den alle Projekte teilen. Projekte, die unmittelbar daraus laufen, müssen ihre Pakete neu installieren.</translation>
+    </message>
+    <message>
+        <source>Zig build and package cache. The compiler recreates it on the next build.</source>
+        <translation>Build- und Paket-Cache von Zig. Der Compiler erzeugt ihn beim nächsten Build neu.</translation>
+    </message>
+    <message>
+        <source>node-gyp re-downloads headers on demand.</source>
+        <translation>node-gyp lädt Header bei Bedarf erneut herunter.</translation>
+    </message>
+    <message>
+        <source>npm packages downloaded by Deno. They are downloaded again on the next run.</source>
+        <translation>Von Deno heruntergeladene npm-Pakete. Sie werden bei der nächsten Ausführung erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>pnpm cache of package metadata and of what pnpm dlx ran. It is downloaded again when needed.</source>
+        <translation>pnpm-Cache mit Paketmetadaten und dem, was pnpm dlx ausgeführt hat. Er wird bei Bedarf erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>pnpm package store. Projects hard-link into it, so it frees less than it shows. Packages are downloaded again when installed.</source>
+        <translation>Paketspeicher von pnpm. Projekte verweisen über harte Links darauf, daher wird weniger Platz frei als angezeigt. Pakete werden bei der Installation erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>pnpm re-downloads packages on demand.</source>
+        <translation>pnpm lädt Pakete bei Bedarf erneut herunter.</translation>
+    </message>
+    <message>
+        <source>rustup download cache. Toolchains are downloaded again when installed.</source>
+        <translation>Download-Cache von rustup. Toolchains werden bei der Installation erneut heruntergeladen.</translation>
+    </message>
+    <message>
+        <source>rustup re-downloads toolchains on demand.</source>
+        <translation>rustup lädt Toolchains bei Bedarf erneut herunter.</translation>
+    </message>
+    <message>
+        <source>uv download and build cache. Packages are downloaded again when installed. Environments share its files, so it may free less than it shows.</source>
+        <translation>Download- und Build-Cache von uv. Pakete werden bei der Installation erneut heruntergeladen. Umgebungen nutzen seine Dateien mit, sodass eventuell weniger Platz frei wird als angezeigt.</translation>
+    </message>
+    <message>
+        <source>uv re-downloads packages on demand.</source>
+        <translation>uv lädt Pakete bei Bedarf erneut herunter.</translation>
+    </message>
 </context>
 <context>
     <name>broomtide::ui::BusyIndicator</name>

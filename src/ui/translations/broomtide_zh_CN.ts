@@ -995,6 +995,322 @@ Run broomtide --help for more information.
         <source>pip re-downloads packages on demand.</source>
         <translation>pip 会按需重新下载软件包。</translation>
     </message>
+    <message>
+        <source>Bazel outputs and downloads of all workspaces. They are built and downloaded again on the next build, which takes a while.</source>
+        <translation>所有 Bazel 工作区的输出和下载内容。下次构建时会重新构建和下载，需要一些时间。</translation>
+    </message>
+    <message>
+        <source>Browsers downloaded by Puppeteer. They are downloaded again on the next install, which can be large.</source>
+        <translation>Puppeteer 下载的浏览器。下次安装时会重新下载，体积可能较大。</translation>
+    </message>
+    <message>
+        <source>Build the project again with ccache.</source>
+        <translation>使用 ccache 重新构建项目。</translation>
+    </message>
+    <message>
+        <source>Build the project again with sccache.</source>
+        <translation>使用 sccache 重新构建项目。</translation>
+    </message>
+    <message>
+        <source>Bun download cache. Packages are downloaded again when installed. Projects may hard-link into it, so it may free less than it shows.</source>
+        <translation>Bun 下载缓存。安装时会重新下载软件包。项目可能通过硬链接使用其中的文件，因此实际释放的空间可能少于显示值。</translation>
+    </message>
+    <message>
+        <source>Cabal cache of package indexes and sources. They are downloaded again on the next update and build.</source>
+        <translation>Cabal 的软件包索引和源码缓存。下次更新和构建时会重新下载。</translation>
+    </message>
+    <message>
+        <source>Cargo cache of Git dependencies. They are cloned again on the next build.</source>
+        <translation>Cargo 的 Git 依赖缓存。下次构建时会重新克隆。</translation>
+    </message>
+    <message>
+        <source>Code that Deno generated from modules. It is generated again on the next run.</source>
+        <translation>Deno 从模块生成的代码。下次运行时会重新生成。</translation>
+    </message>
+    <message>
+        <source>Compiler cache. Compilations are cached again on the next build.</source>
+        <translation>编译器缓存。下次构建时会重新缓存编译结果。</translation>
+    </message>
+    <message>
+        <source>Composer download cache. Packages are downloaded again when installed.</source>
+        <translation>Composer 下载缓存。安装时会重新下载软件包。</translation>
+    </message>
+    <message>
+        <source>Conan package cache. Packages are downloaded again on the next install; those made on this machine are made again from their recipes.</source>
+        <translation>Conan 软件包缓存。下次安装时会重新下载软件包；在本机制作的软件包会根据配方重新制作。</translation>
+    </message>
+    <message>
+        <source>Cypress binaries. They are downloaded again on the next install, which can be large.</source>
+        <translation>Cypress 程序。下次安装时会重新下载，体积可能较大。</translation>
+    </message>
+    <message>
+        <source>Dart and Flutter package cache. Projects use packages straight from it until they are downloaded again.</source>
+        <translation>Dart 和 Flutter 软件包缓存。项目直接使用其中的软件包，清理后需要重新下载。</translation>
+    </message>
+    <message>
+        <source>Datasets prepared by Hugging Face libraries. Preparing them again can take long, and some may no longer be offered.</source>
+        <translation>Hugging Face 库处理过的数据集。重新处理可能需要很长时间，部分数据集可能已不再提供。</translation>
+    </message>
+    <message>
+        <source>Deno re-downloads modules on demand.</source>
+        <translation>Deno 会按需重新下载模块。</translation>
+    </message>
+    <message>
+        <source>Deno re-downloads packages on demand.</source>
+        <translation>Deno 会按需重新下载软件包。</translation>
+    </message>
+    <message>
+        <source>Electron download cache. Electron is downloaded again on the next install.</source>
+        <translation>Electron 下载缓存。下次安装时会重新下载 Electron。</translation>
+    </message>
+    <message>
+        <source>Environments of pre-commit hooks, installed again on the next run. Patch files in it hold changes that were not staged while hooks ran, and do not come back.</source>
+        <translation>pre-commit 钩子的环境，下次运行时会重新安装。其中的补丁文件保存了钩子运行时未暂存的更改，删除后无法恢复。</translation>
+    </message>
+    <message>
+        <source>Global NuGet package folder. Packages are downloaded again on the next restore.</source>
+        <translation>NuGet 全局软件包文件夹。下次还原时会重新下载软件包。</translation>
+    </message>
+    <message>
+        <source>Go build cache, with the inputs that fuzzing found. The compiler recreates it on the next build, and fuzzing finds inputs again.</source>
+        <translation>Go 构建缓存，包含模糊测试找到的输入。编译器会在下次构建时重新创建，模糊测试也会重新找到输入。</translation>
+    </message>
+    <message>
+        <source>Go module cache. Modules are downloaded again on the next build.</source>
+        <translation>Go 模块缓存。下次构建时会重新下载模块。</translation>
+    </message>
+    <message>
+        <source>Helm cache of chart repositories. Indexes and charts are downloaded again when updated.</source>
+        <translation>Helm 的 chart 仓库缓存。更新时会重新下载索引和 chart。</translation>
+    </message>
+    <message>
+        <source>Hex download cache. Packages are downloaded again when dependencies are fetched.</source>
+        <translation>Hex 下载缓存。获取依赖项时会重新下载软件包。</translation>
+    </message>
+    <message>
+        <source>Hugging Face libraries download them again when they are loaded.</source>
+        <translation>Hugging Face 库会在加载时重新下载。</translation>
+    </message>
+    <message>
+        <source>Hugging Face transfer cache. Parts of models are downloaded again when needed.</source>
+        <translation>Hugging Face 传输缓存。需要时会重新下载模型的各个部分。</translation>
+    </message>
+    <message>
+        <source>Indexes and caches of a JetBrains IDE, which recreates them. The local history of your files is in it too, and does not come back.</source>
+        <translation>JetBrains IDE 的索引和缓存，IDE 会重新创建。其中还包含文件的本地历史记录，删除后无法恢复。</translation>
+    </message>
+    <message>
+        <source>Load the datasets again.</source>
+        <translation>重新加载数据集。</translation>
+    </message>
+    <message>
+        <source>Model Cache</source>
+        <translation>模型缓存</translation>
+    </message>
+    <message>
+        <source>Models and datasets downloaded from Hugging Face. They can be large, and some may no longer be offered.</source>
+        <translation>从 Hugging Face 下载的模型和数据集。体积可能较大，部分内容可能已不再提供。</translation>
+    </message>
+    <message>
+        <source>Models downloaded and kernels compiled by PyTorch. They can be large, and some may no longer be offered.</source>
+        <translation>PyTorch 下载的模型和编译的内核。体积可能较大，部分内容可能已不再提供。</translation>
+    </message>
+    <message>
+        <source>Modules downloaded by Deno before version 2. They are downloaded again on the next run.</source>
+        <translation>Deno 2 之前的版本下载的模块。下次运行时会重新下载。</translation>
+    </message>
+    <message>
+        <source>Modules downloaded by Deno. They are downloaded again on the next run.</source>
+        <translation>Deno 下载的模块。下次运行时会重新下载。</translation>
+    </message>
+    <message>
+        <source>Node.js headers for building native modules. They are downloaded again on the next build.</source>
+        <translation>用于构建原生模块的 Node.js 头文件。下次构建时会重新下载。</translation>
+    </message>
+    <message>
+        <source>NuGet download cache. Packages are downloaded again on the next restore.</source>
+        <translation>NuGet 下载缓存。下次还原时会重新下载软件包。</translation>
+    </message>
+    <message>
+        <source>Open the projects in the IDE again.</source>
+        <translation>在 IDE 中重新打开项目。</translation>
+    </message>
+    <message>
+        <source>Packages built by vcpkg. They are built again on the next install, which takes a while.</source>
+        <translation>vcpkg 构建的软件包。下次安装时会重新构建，需要一些时间。</translation>
+    </message>
+    <message>
+        <source>Part of the compiler cache. Compilations are cached again on the next build.</source>
+        <translation>编译器缓存的一部分。下次构建时会重新缓存编译结果。</translation>
+    </message>
+    <message>
+        <source>Playwright browser binaries, downloaded again on the next install. A folder named mcp-… is a browser profile instead, with its logins, and does not come back.</source>
+        <translation>Playwright 浏览器程序，下次安装时会重新下载。名为 mcp-… 的文件夹则是浏览器配置文件，包含登录信息，删除后无法恢复。</translation>
+    </message>
+    <message>
+        <source>Poetry cache of package indexes. They are downloaded again when dependencies are resolved.</source>
+        <translation>Poetry 的软件包索引缓存。解析依赖项时会重新下载。</translation>
+    </message>
+    <message>
+        <source>Poetry download cache. Packages are downloaded again when installed.</source>
+        <translation>Poetry 下载缓存。安装时会重新下载软件包。</translation>
+    </message>
+    <message>
+        <source>PyTorch downloads models again when they are loaded.</source>
+        <translation>PyTorch 会在加载时重新下载模型。</translation>
+    </message>
+    <message>
+        <source>RubyGems cache of package indexes. They are downloaded again when needed.</source>
+        <translation>RubyGems 的软件包索引缓存。需要时会重新下载。</translation>
+    </message>
+    <message>
+        <source>RubyGems re-downloads indexes on demand.</source>
+        <translation>RubyGems 会按需重新下载索引。</translation>
+    </message>
+    <message>
+        <source>Run bazel build again.</source>
+        <translation>重新运行 bazel build。</translation>
+    </message>
+    <message>
+        <source>Run bun install again.</source>
+        <translation>重新运行 bun install。</translation>
+    </message>
+    <message>
+        <source>Run cabal update and build the project again.</source>
+        <translation>运行 cabal update 并重新构建项目。</translation>
+    </message>
+    <message>
+        <source>Run composer install again.</source>
+        <translation>重新运行 composer install。</translation>
+    </message>
+    <message>
+        <source>Run conan install again, and conan create for your own packages.</source>
+        <translation>重新运行 conan install，对自己的软件包运行 conan create。</translation>
+    </message>
+    <message>
+        <source>Run dart pub get or flutter pub get again.</source>
+        <translation>重新运行 dart pub get 或 flutter pub get。</translation>
+    </message>
+    <message>
+        <source>Run dotnet restore again.</source>
+        <translation>重新运行 dotnet restore。</translation>
+    </message>
+    <message>
+        <source>Run electron-builder again.</source>
+        <translation>重新运行 electron-builder。</translation>
+    </message>
+    <message>
+        <source>Run go mod download again.</source>
+        <translation>重新运行 go mod download。</translation>
+    </message>
+    <message>
+        <source>Run helm repo update again.</source>
+        <translation>重新运行 helm repo update。</translation>
+    </message>
+    <message>
+        <source>Run npm install again.</source>
+        <translation>重新运行 npm install。</translation>
+    </message>
+    <message>
+        <source>Run npx cypress install again.</source>
+        <translation>重新运行 npx cypress install。</translation>
+    </message>
+    <message>
+        <source>Run npx puppeteer browsers install again.</source>
+        <translation>重新运行 npx puppeteer browsers install。</translation>
+    </message>
+    <message>
+        <source>Run pnpm install again.</source>
+        <translation>重新运行 pnpm install。</translation>
+    </message>
+    <message>
+        <source>Run poetry install again.</source>
+        <translation>重新运行 poetry install。</translation>
+    </message>
+    <message>
+        <source>Run pre-commit install-hooks again in each project.</source>
+        <translation>在每个项目中重新运行 pre-commit install-hooks。</translation>
+    </message>
+    <message>
+        <source>Run stack build again.</source>
+        <translation>重新运行 stack build。</translation>
+    </message>
+    <message>
+        <source>Run terraform init again in each project.</source>
+        <translation>在每个项目中重新运行 terraform init。</translation>
+    </message>
+    <message>
+        <source>Run the program with Deno again.</source>
+        <translation>使用 Deno 重新运行程序。</translation>
+    </message>
+    <message>
+        <source>Run vcpkg install again.</source>
+        <translation>重新运行 vcpkg install。</translation>
+    </message>
+    <message>
+        <source>Run yarn install again in each project.</source>
+        <translation>在每个项目中重新运行 yarn install。</translation>
+    </message>
+    <message>
+        <source>Run zig build again.</source>
+        <translation>重新运行 zig build。</translation>
+    </message>
+    <message>
+        <source>Stack cache of package indexes and sources. They are downloaded again on the next build.</source>
+        <translation>Stack 的软件包索引和源码缓存。下次构建时会重新下载。</translation>
+    </message>
+    <message>
+        <source>Terraform provider cache. Projects link into it and need their providers again.</source>
+        <translation>Terraform provider 缓存。项目会链接到其中，清理后需要重新获取 provider。</translation>
+    </message>
+    <message>
+        <source>Tools downloaded by electron-builder. They are downloaded again on the next build.</source>
+        <translation>electron-builder 下载的工具。下次构建时会重新下载。</translation>
+    </message>
+    <message>
+        <source>Yarn cache shared by all projects. Projects that run straight from it need their packages installed again.</source>
+        <translation>所有项目共享的 Yarn 缓存。直接使用它运行的项目需要重新安装软件包。</translation>
+    </message>
+    <message>
+        <source>Zig build and package cache. The compiler recreates it on the next build.</source>
+        <translation>Zig 构建和软件包缓存。编译器会在下次构建时重新创建。</translation>
+    </message>
+    <message>
+        <source>node-gyp re-downloads headers on demand.</source>
+        <translation>node-gyp 会按需重新下载头文件。</translation>
+    </message>
+    <message>
+        <source>npm packages downloaded by Deno. They are downloaded again on the next run.</source>
+        <translation>Deno 下载的 npm 软件包。下次运行时会重新下载。</translation>
+    </message>
+    <message>
+        <source>pnpm cache of package metadata and of what pnpm dlx ran. It is downloaded again when needed.</source>
+        <translation>pnpm 的软件包元数据缓存，以及 pnpm dlx 运行过的内容。需要时会重新下载。</translation>
+    </message>
+    <message>
+        <source>pnpm package store. Projects hard-link into it, so it frees less than it shows. Packages are downloaded again when installed.</source>
+        <translation>pnpm 软件包存储。项目通过硬链接使用其中的文件，因此实际释放的空间少于显示值。安装时会重新下载软件包。</translation>
+    </message>
+    <message>
+        <source>pnpm re-downloads packages on demand.</source>
+        <translation>pnpm 会按需重新下载软件包。</translation>
+    </message>
+    <message>
+        <source>rustup download cache. Toolchains are downloaded again when installed.</source>
+        <translation>rustup 下载缓存。安装时会重新下载工具链。</translation>
+    </message>
+    <message>
+        <source>rustup re-downloads toolchains on demand.</source>
+        <translation>rustup 会按需重新下载工具链。</translation>
+    </message>
+    <message>
+        <source>uv download and build cache. Packages are downloaded again when installed. Environments share its files, so it may free less than it shows.</source>
+        <translation>uv 下载和构建缓存。安装时会重新下载软件包。环境会共享其中的文件，因此实际释放的空间可能少于显示值。</translation>
+    </message>
+    <message>
+        <source>uv re-downloads packages on demand.</source>
+        <translation>uv 会按需重新下载软件包。</translation>
+    </message>
 </context>
 <context>
     <name>broomtide::ui::BusyIndicator</name>
