@@ -290,6 +290,23 @@ class UrlCatcher : public QObject {
   QList<QUrl> opened;
 };
 
+TEST_F(Results, HaveTheirHeightWhereDetailsWereBefore) {
+  show(resultOf({makeCandidate("a", 3), makeCandidate("b", 2), makeCandidate("cc", 1),
+                 makeCandidate("c", 0, reviewFirst)}));
+  const int usual = list()->rowHeight(1);
+  list()->model()->setData(list()->model()->index(1, 0), true, ui::OpenRole);
+  EXPECT_NE(list()->rowHeight(2), usual);
+  for (const char* filter : {"c", ""}) {
+    find<QLineEdit>("filter")->setText(filter);
+    for (int row = 0; row < list()->model()->rowCount(); ++row) {
+      const auto kind = static_cast<ui::ResultsRowKind>(
+          list()->model()->index(row, 0).data(ui::KindRole).toInt());
+      if (kind != ui::ResultsRowKind::candidate) continue;
+      EXPECT_EQ(list()->rowHeight(row), usual) << row;
+    }
+  }
+}
+
 TEST_F(Results, OfferAMenuForTheCandidateItWasOpenedFor) {
   const test::TemporaryTree tree;
   ScanCandidate item = makeCandidate("web/we\xff%ird", 9);

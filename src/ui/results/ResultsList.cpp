@@ -51,11 +51,16 @@ ResultsList::ResultsList(AppModel& appModel, ResultsModel& rows, QWidget* parent
   goToEnd(0, 1);
 }
 
-// Rows of candidates have the height that all rows have unless told otherwise.
+// Rows of candidates have the height that all rows have unless told otherwise, which another row in
+// the same place may have been before.
 void ResultsList::dressRows(int first, int last) {
+  const int usual = verticalHeader()->defaultSectionSize();
   for (int row = first; row <= last; ++row) {
     const ResultsRowKind kind = rows_.row(row).kind;
-    if (kind == ResultsRowKind::candidate) continue;
+    if (kind == ResultsRowKind::candidate) {
+      if (rowHeight(row) != usual) setRowHeight(row, usual);
+      continue;
+    }
     if (kind == ResultsRowKind::details) {
       const ScanCandidate* candidate = rows_.candidate(rows_.index(row - 1, 0));
       auto* details = new CandidateDetails(*candidate);
