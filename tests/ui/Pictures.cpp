@@ -1,19 +1,24 @@
 // Paints every screen, in light and dark and in several sizes, for people to look at:
-// broomtide-pictures FOLDER. QT_SCALE_FACTOR=2 makes them twice as sharp.
+// broomtide-pictures FOLDER [LANGUAGE], in English unless the language is another one such as de,
+// zh_CN or pseudo. QT_SCALE_FACTOR=2 makes them twice as sharp.
 
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTableView>
 #include <cstdio>
 
 #include "core/ScannerError.h"
+#include "ui/PseudoLanguage.h"
 #include "ui/TestWindow.h"
 #include "ui/look/Style.h"
 #include "ui/look/Theme.h"
 #include "ui/results/ResultsRoles.h"
 #include "ui/shell/BroomtideApp.h"
+#include "ui/shell/Languages.h"
 
 namespace broomtide {
 namespace {
@@ -32,14 +37,14 @@ ScanCandidate item(const std::string& path, std::int64_t size, SafetyLevel safet
   result.modificationDate = someDay - std::chrono::hours(24 * (size % 400));
   result.category = category;
   result.safety = safety;
-  result.explanation =
-      "JavaScript packages installed from the manifest. They come back with one command, as long "
-      "as the lock file and the network are there.";
+  result.explanation = "Project-local pnpm store. Dependencies may need to be downloaded again.";
   result.isSelected = safety == SafetyLevel::safe;
   result.projectRoot = "/home/ada/src/" + path.substr(0, path.find('/'));
   result.projectKinds = {ProjectKind::javascript, ProjectKind::python};
-  result.evidence = {"package.json is in the same folder", "Git ignores this folder"};
-  result.regenerationCommand = "npm ci";
+  result.evidence = {"Detected JavaScript / TypeScript, Python project from package.json.",
+                     "The path is ignored by Git.",
+                     "The artifact name and project ecosystem agree."};
+  result.regenerationCommand = "Run npm install, pnpm install, or yarn install.";
   result.confidence = DetectionConfidence::high;
   result.gitStatus = status;
   return result;
@@ -59,7 +64,7 @@ ScanResult exampleResult() {
            5'712'000'000, usuallySafe, "Build Output", ignored),
       item("photo\u202egpj/אבג/דהו/node_modules\u200b", 1'400'000, safe, "Dependencies", ignored),
       item("אבג/123/target", 1'300'000, usuallySafe, "Build Output", ignored),
-      item("tools/.venv", 225'700'000, usuallySafe, "Virtual Environment", unavailable),
+      item("tools/.venv", 225'700'000, usuallySafe, "Dependencies", unavailable),
       item("engine/build", 7'000'000, reviewFirst, "Build Output", untracked),
   };
   for (int number = 0; number < 12; ++number) {
@@ -78,7 +83,7 @@ CleanupResult exampleCleanup(bool hasFailures) {
       {"1", "website/node_modules",
        "Broomtide could not move this item to Trash. It may be locked, in use, or require "
        "additional permission."},
-      {"2", "engine/build\x1b[2J", "The item changed after the scan."},
+      {"2", "engine/build\x1b[2J", "The item changed after the scan. Rescan before cleaning it."},
   };
   return result;
 }
@@ -120,13 +125,31 @@ void shootResults(Photographer& photographer, test::TestWindow& test) {
   photographer.shoot(test, "results-issues");
   test.window().findChild<QLineEdit*>("filter")->setText("node");
   photographer.shoot(test, "results-filter");
-  test.window().findChild<QPushButton*>("By Project")->click();
+  test.window().findChild<QWidget*>("tabs")->findChildren<QPushButton*>().at(1)->click();
   photographer.shoot(test, "results-projects");
+}
+
+// What opens over the window.
+void shootPanels(Photographer& photographer, test::TestWindow& test) {
+  const QList<QAction*> commands = test.window().menuBar()->actions().front()->menu()->actions();
+  for (const auto& [command, name] : {std::pair(0, "about"), std::pair(3, "settings")}) {
+    commands.at(command)->trigger();
+    QWidget& panel = *test.window().findChild<QDialog*>(name);
+    QCoreApplication::processEvents();
+    photographer.save(panel, name);
+    panel.close();
+  }
+  test.picker.answer = "/nowhere/projects";
+  test.model().presentFolderPicker(std::nullopt, ScanMode::caches);
+  QCoreApplication::processEvents();
+  photographer.save(*test.window().findChild<QDialog*>("alert"), "alert");
+  test.window().findChild<QDialog*>("alert")->close();
 }
 
 void shootAll(Photographer photographer) {
   test::TestWindow test;
   photographer.shoot(test, "welcome");
+  shootPanels(photographer, test);
   test.script.scans.push_back([&](const UpdateFunction& onUpdate, const std::stop_token& stop) {
     const ScanResult found = exampleResult();
     test::tell(onUpdate, {4711, 823'500'000, "website/node_modules/some/long/path/inside/of/it"},
@@ -157,17 +180,27 @@ void shootAll(Photographer photographer) {
   photographer.shoot(test, "results-empty");
 }
 
+void speak(const QString& language) {
+  if (language == "pseudo") {
+    QApplication::installTranslator(new test::PseudoLanguage(QApplication::instance()));
+  } else {
+    ui::languages::use({language});
+  }
+}
+
 }  // namespace
 }  // namespace broomtide
 
 int main(int argumentCount, char** arguments) {
   using broomtide::ui::Theme;
-  if (argumentCount != 2) {
-    std::fprintf(stderr, "usage: broomtide-pictures FOLDER\n");
+  if (argumentCount != 2 && argumentCount != 3) {
+    std::fprintf(stderr, "usage: broomtide-pictures FOLDER [LANGUAGE]\n");
     return 2;
   }
+  qputenv("LC_ALL", "C.UTF-8");
   QApplication application(argumentCount, arguments);
   broomtide::ui::BroomtideApp::introduce(application);
+  broomtide::speak(QString::fromLocal8Bit(argumentCount == 3 ? arguments[2] : "en_US"));
   const QDir folder(QString::fromLocal8Bit(arguments[1]));
   QPalette light(Qt::white);
   QPalette dark(Qt::black);

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "ui/controls/Button.h"
 #include "ui/controls/Label.h"
@@ -22,7 +23,9 @@ namespace broomtide::ui {
 namespace {
 
 constexpr int filterWidth = 190;
-constexpr int narrow = 860;  // below it, the second line becomes two
+constexpr int narrowestFilter = 120;
+constexpr int widestTitle = 350;  // that there is room for in the smallest window
+constexpr int narrow = 860;       // below it, the second line becomes two
 
 // While the list of a combo box is open, Return chooses from it, and does not go on to the
 // confirmation as it does on the screen around.
@@ -41,6 +44,15 @@ class ReturnChooses final : public QObject {
   }
 };
 
+// A line that gives room to what stands beside it.
+class FilterField final : public QLineEdit {
+ public:
+  FilterField() { setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed); }
+
+  QSize sizeHint() const override { return {filterWidth, QLineEdit::sizeHint().height()}; }
+  QSize minimumSizeHint() const override { return {narrowestFilter, sizeHint().height()}; }
+};
+
 std::int64_t sizeOf(const auto& list) { return static_cast<std::int64_t>(list.size()); }
 
 }  // namespace
@@ -48,7 +60,7 @@ std::int64_t sizeOf(const auto& list) { return static_cast<std::int64_t>(list.si
 ResultsHeader::ResultsHeader(AppModel& model, QWidget* parent)
     : QWidget(parent),
       model_(model),
-      filter_(new QLineEdit),
+      filter_(new FilterField),
       glass_(filter_->addAction(QIcon(), QLineEdit::LeadingPosition)),
       found_(named("found", tr("Found"))),
       selected_(named("selected", tr("Selected"))),
@@ -82,7 +94,6 @@ QLayout* ResultsHeader::titleLine() {
   filter_->setPlaceholderText(tr("Filter"));
   filter_->setAccessibleName(tr("Filter"));
   filter_->setClearButtonEnabled(true);
-  filter_->setFixedWidth(filterWidth);
   for (auto* button : filter_->findChildren<QToolButton*>()) {
     const bool isGlass = button->defaultAction() == glass_;
     button->setAccessibleName(isGlass ? tr("Filter") : tr("Clear the filter"));
@@ -118,6 +129,7 @@ QLayout* ResultsHeader::titleLine() {
 QLayout* ResultsHeader::titles() {
   auto* title = new ElidedLabel(tr("Review cleanup items"), TextStyle::largeTitle);
   title->setObjectName("title");
+  title->setMinimumWidth(std::min(title->sizeHint().width(), widestTitle));
   auto* path = new ElidedLabel(model_.rootURL() ? display::text(*model_.rootURL()) : QString(),
                                TextStyle::body, Tone::secondary);
   path->setObjectName("root");

@@ -1589,7 +1589,7 @@ Freie Software unter der MIT-Lizenz.</translation>
     </message>
     <message>
         <source>Review cleanup items</source>
-        <translation>Objekte zur Bereinigung prüfen</translation>
+        <translation>Objekte prüfen</translation>
     </message>
     <message>
         <source>View</source>

@@ -1503,7 +1503,7 @@ Free software under the MIT licence.</source>
     </message>
     <message>
         <source>Reclaimable by detected project</source>
-        <translation>各条目可释放的空间</translation>
+        <translation>各项目可释放的空间</translation>
     </message>
 </context>
 <context>
