@@ -291,7 +291,7 @@ class UrlCatcher : public QObject {
 };
 
 TEST_F(Results, HaveTheirHeightWhereDetailsWereBefore) {
-  show(resultOf({makeCandidate("a", 3), makeCandidate("b", 2), makeCandidate("cc", 1),
+  show(resultOf({makeCandidate("a", 3), makeCandidate("cb", 2), makeCandidate("cc", 1),
                  makeCandidate("c", 0, reviewFirst)}));
   const int usual = list()->rowHeight(1);
   list()->model()->setData(list()->model()->index(1, 0), true, ui::OpenRole);

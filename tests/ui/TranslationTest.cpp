@@ -139,7 +139,7 @@ TEST_P(AllScreens, Results) {
   const ScanCandidate& candidate = test.model().candidates().front();
   ui::CandidateMenu menu(test.model(), candidate);
   menu.popup(QPoint());
-  EXPECT_THAT(test::unreadable(menu), IsEmpty());
+  read(menu, "menu");
   menu.close();
   test.scan({}, ScanMode::caches, "/1/2");
   read("no caches");
@@ -152,7 +152,9 @@ TEST_P(AllScreens, Cleanup) {
   test.model().showConfirmation();
   read("confirmation");
   for (const bool hasFailures : {false, true}) {
-    test.script.clean = [hasFailures](const auto& items, const auto&) {
+    std::latch isRead(1);
+    test.script.clean = [hasFailures, &isRead](const auto& items, const auto&) {
+      isRead.wait();
       CleanupResult result{items, {}};
       if (hasFailures) {
         result.failures = {{"1", "1/2",
@@ -165,6 +167,7 @@ TEST_P(AllScreens, Cleanup) {
     test.model().setRoute(Route::confirmation);
     test.model().cleanSelectedItems();
     read("moving");
+    isRead.count_down();
     test.runUntil(Route::summary);
     read("summary");
   }
@@ -172,6 +175,7 @@ TEST_P(AllScreens, Cleanup) {
   test.runUntil(Route::history);
   read("history");
   test.script.history.clear();
+  test.model().setRoute(Route::welcome);
   test.model().showHistory();
   test.runUntil(Route::history);
   read("no history");
