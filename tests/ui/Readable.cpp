@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "ui/DrawnText.h"
+#include "ui/controls/Label.h"
 
 namespace broomtide::test {
 namespace {
@@ -17,6 +18,11 @@ bool isTranslated(QString text) {
   text.remove(escape);  // what a name shows of a character that deceives
   return std::ranges::none_of(
       text, [](QChar letter) { return letter.unicode() < 0x80 && letter.isLetter(); });
+}
+
+// Names and titles may be longer than any window is wide.
+bool isElided(const QWidget& part) {
+  return dynamic_cast<const ui::ElidedLabel*>(&part) != nullptr;
 }
 
 class Reader {
@@ -61,6 +67,7 @@ class Reader {
       if (isSideways || (isAcross && !scrolls)) fault("reaches beyond its part", drawn.text);
     }
     expectTranslated(all);
+    if (isElided(part)) return;
     if (all.contains(u'…') || all.count(u'⟦') != all.count(u'⟧')) fault("is shortened", all);
   }
 

@@ -68,6 +68,11 @@ void markedLine(QPainter& painter, const QRect& rect, const QFont& font, const Q
   capsule(painter, QRect(place.right() + 1 + gap, rect.y(), widthOf(mark), rect.height()), mark);
 }
 
+int heightOf(const QString& text, const QFont& font, int width) {
+  constexpr int flags = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap;
+  return QFontMetrics(font).boundingRect(QRect(0, 0, width, 0), flags, text).height();
+}
+
 void paragraph(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
                const QString& text) {
   painter.setFont(font);

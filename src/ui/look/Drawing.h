@@ -55,6 +55,9 @@ void capsule(QPainter& painter, const QRect& rect, const Mark& mark);
 void markedLine(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
                 const QString& text, const Mark& mark);
 
+/// The height in pixels that a text takes when its lines are this wide.
+int heightOf(const QString& text, const QFont& font, int width);
+
 /// A text on as many lines as there is room for, shortened at its end.
 void paragraph(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
                const QString& text);

@@ -18,6 +18,7 @@ ResultsFooter::ResultsFooter(AppModel& model, QWidget* parent)
     if (model.rootURL()) model.beginScan(*model.rootURL(), model.scanMode(), false);
   });
   selection_->setObjectName("selection");
+  selection_->setWordWrap(true);
   move_->setObjectName("moveSelected");
   connect(move_, &Button::clicked, this, [&model] { model.showConfirmation(); });
 

@@ -1,6 +1,10 @@
 #include "ui/results/RowLayout.h"
 
+#include <algorithm>
+
+#include "ui/look/Drawing.h"
 #include "ui/look/Typography.h"
+#include "ui/results/CandidateText.h"
 
 namespace broomtide::ui {
 namespace {
@@ -11,12 +15,21 @@ constexpr int above = 10;
 constexpr int tickSide = 18;
 constexpr int symbolSide = 22;
 constexpr int chevronSide = 14;
-constexpr int trailingColumn = 112;
+constexpr int leastTrailing = 112;
 constexpr int badgePadding = 3;
 constexpr int aboveSection = 14;
 
 QRect centred(int x, const QRect& row, int side) {
   return {x, row.y() + (row.height() - side) / 2, side, side};
+}
+
+int widthFor(const QFont& badge) {
+  int widest = leastTrailing;
+  for (const SafetyLevel level : allSafetyLevels) {
+    const drawing::Mark mark{.word = candidatetext::safety(level), .font = badge, .colour = {}};
+    widest = std::max(widest, drawing::widthOf(mark));
+  }
+  return widest;
 }
 
 }  // namespace
@@ -27,7 +40,8 @@ RowFonts::RowFonts()
       path(fontFor(TextStyle::small)),
       note(fontFor(TextStyle::smallest)),
       badge(fontFor(TextStyle::smallBold)),
-      size(fontFor(TextStyle::monospaced)) {}
+      size(fontFor(TextStyle::monospaced)),
+      trailingWidth(widthFor(badge)) {}
 
 int RowLayout::textStart() { return edge + tickSide + gap + symbolSide + gap; }
 
@@ -61,7 +75,7 @@ RowLayout::RowLayout(ResultsRowKind kind, const QRect& row, const RowFonts& font
     }
     case ResultsRowKind::candidate: {
       chevron = centred(end - chevronSide, row, chevronSide);
-      const int trailing = chevron.x() - gap - trailingColumn;
+      const int trailing = chevron.x() - gap - fonts.trailingWidth;
       const int width = trailing - gap - start;
       tickBox = centred(row.x() + edge, row, tickSide);
       tickArea = QRect(row.topLeft(), QSize(tickBox.right() + gap / 2 - row.x(), row.height()));
@@ -69,8 +83,9 @@ RowLayout::RowLayout(ResultsRowKind kind, const QRect& row, const RowFonts& font
       name = QRect(start, row.y() + above, width, lineHeight(fonts.name));
       path = QRect(start, name.bottom() + 2, width, lineHeight(fonts.path));
       note = QRect(start, path.bottom() + 2, width, lineHeight(fonts.note));
-      badge = QRect(trailing, name.y(), trailingColumn, lineHeight(fonts.badge) + 2 * badgePadding);
-      size = QRect(trailing, note.bottom() - lineHeight(fonts.size) + 1, trailingColumn,
+      badge = QRect(trailing, name.y(), fonts.trailingWidth,
+                    lineHeight(fonts.badge) + 2 * badgePadding);
+      size = QRect(trailing, note.bottom() - lineHeight(fonts.size) + 1, fonts.trailingWidth,
                    lineHeight(fonts.size));
       break;
     }

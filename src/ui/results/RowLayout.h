@@ -7,11 +7,12 @@
 
 namespace broomtide::ui {
 
-/// The fonts of the results list.
+/// The fonts of the results list, and what is as wide as they make it.
 struct RowFonts {
   RowFonts();
 
   QFont section, name, path, note, badge, size;
+  int trailingWidth;  ///< of badges and sizes
 };
 
 /// Where the parts of a row of the results list are; the same for measuring, drawing and clicking.

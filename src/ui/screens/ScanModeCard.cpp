@@ -17,7 +17,7 @@ constexpr int edge = 20;
 constexpr int iconSide = 34;
 constexpr int smallIconSide = 16;
 constexpr int leastWidth = 230;
-constexpr int detailLines = 3;
+constexpr int leastDetailLines = 3;
 
 QColor between(const QColor& from, const QColor& to, double progress) {
   const auto mix = [progress](int a, int b) { return a + qRound((b - a) * progress); };
@@ -32,12 +32,16 @@ struct Layout {
   QRect icon, title, detail, actionIcon, action;
   int height = 0;
 
-  explicit Layout(const QRect& card) {
+  explicit Layout(const QRect& card, const QString& titleText = {},
+                  const QString& detailText = {}) {
     const int left = card.x() + edge;
     const int width = card.width() - 2 * edge;
     icon = QRect(left, card.y() + edge, iconSide, iconSide);
-    title = QRect(left, icon.bottom() + 13, width, lineHeight(titleFont));
-    detail = QRect(left, title.bottom() + 5, width, detailLines * lineHeight(detailFont));
+    title = QRect(left, icon.bottom() + 13, width,
+                  std::max(lineHeight(titleFont), drawing::heightOf(titleText, titleFont, width)));
+    detail = QRect(left, title.bottom() + 5, width,
+                   std::max(leastDetailLines * lineHeight(detailFont),
+                            drawing::heightOf(detailText, detailFont, width)));
     height = detail.bottom() + 17 + smallIconSide + edge - card.y();
     const int bottom = card.y() + std::max(card.height(), height) - edge;
     actionIcon = QRect(left, bottom - smallIconSide, smallIconSide, smallIconSide);
@@ -55,7 +59,9 @@ ScanModeCard::ScanModeCard(QString icon, const QString& title, QString detail, Q
   setAccessibleDescription(detail_);
   setFocusPolicy(Qt::StrongFocus);
   setCursor(Qt::PointingHandCursor);
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  policy.setHeightForWidth(true);
+  setSizePolicy(policy);
   constexpr int milliseconds = 120;
   highlight_.setDuration(milliseconds);
   highlight_.setEasingCurve(QEasingCurve::OutCubic);
@@ -66,6 +72,10 @@ ScanModeCard::ScanModeCard(QString icon, const QString& title, QString detail, Q
 
 QSize ScanModeCard::sizeHint() const {
   return {leastWidth, Layout(QRect(0, 0, leastWidth, 0)).height};
+}
+
+int ScanModeCard::heightForWidth(int width) const {
+  return Layout(QRect(0, 0, width, 0), text(), detail_).height;
 }
 
 void ScanModeCard::enterEvent(QEnterEvent*) { setHovered(true); }
@@ -89,7 +99,7 @@ void ScanModeCard::keyPressEvent(QKeyEvent* event) {
 
 void ScanModeCard::paintEvent(QPaintEvent*) {
   const Theme& theme = Theme::of(palette());
-  const Layout layout(rect());
+  const Layout layout(rect(), text(), detail_);
   const double lit = isDown() ? 1 : highlight_.currentValue().toDouble();
   QPainter painter(this);
   drawing::surface(painter, rect(), between(theme.card, theme.cardHovered, lit),
@@ -100,7 +110,7 @@ void ScanModeCard::paintEvent(QPaintEvent*) {
     drawing::focusRing(painter, rect(), theme.accent, drawing::cardRadius);
 
   symbols::paint(painter, icon_, theme.accent, layout.icon);
-  drawing::line(painter, layout.title, layout.titleFont, theme.text, text(), Qt::ElideRight);
+  drawing::paragraph(painter, layout.title, layout.titleFont, theme.text, text());
   drawing::paragraph(painter, layout.detail, layout.detailFont, theme.secondary, detail_);
   symbols::paint(painter, QStringLiteral("folder"), theme.accent, layout.actionIcon);
   drawing::line(painter, layout.action, layout.actionFont, theme.accent, tr("Choose Folder…"),

@@ -13,6 +13,7 @@ class ScanModeCard final : public QAbstractButton {
 
   bool isHovered() const { return isHovered_; }
   QSize sizeHint() const override;
+  int heightForWidth(int width) const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:

@@ -1,6 +1,7 @@
 #include "ui/screens/SummaryView.h"
 
 #include <QHBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "ui/controls/Button.h"
@@ -36,6 +37,16 @@ QLayout* metrics(const CleanupResult& result) {
   return row;
 }
 
+// At least two, and as many more as the longest message needs.
+int messageLines(const std::vector<Record>& records, int width) {
+  constexpr int least = 2;
+  const QFont font = fontFor(TextStyle::small);
+  int tallest = least * lineHeight(font);
+  for (const Record& record : records)
+    tallest = std::max(tallest, drawing::heightOf(record.subtitle, font, width));
+  return (tallest + lineHeight(font) - 1) / lineHeight(font);
+}
+
 RecordList* failureList(const std::vector<CleanupFailure>& failures) {
   std::vector<Record> records;
   records.reserve(failures.size());
@@ -44,9 +55,10 @@ RecordList* failureList(const std::vector<CleanupFailure>& failures) {
                        .warning = display::warning(failure.path),
                        .subtitle = enginetext::statement(failure.message)});
   }
-  constexpr int messageLines = 2;
+  constexpr int edges = 2 * 16;
+  const int lines = messageLines(records, widestSummary - edges - drawing::scrollBarExtent);
   auto* list = new RecordList(SummaryView::tr("Items that were left alone"), std::move(records),
-                              {.subtitle = messageLines});
+                              {.subtitle = lines});
   list->setObjectName("failures");
   list->setFixedHeight(failuresHeight);
   return list;

@@ -19,6 +19,15 @@ bool isSame(const QLocale& one, const QLocale& other) {
   return one.language() == other.language() && one.script() == other.script();
 }
 
+// LANGUAGE counts only beside one of these, and not beside C, as in other programs.
+bool isLanguageSet() {
+  for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    const QByteArray name = qgetenv(variable);
+    if (!name.isEmpty()) return name != "C" && !name.startsWith("C.") && name != "POSIX";
+  }
+  return false;
+}
+
 void install(const QString& file, const QString& place) {
   auto* translator = new QTranslator(QCoreApplication::instance());
   if (translator->load(file, place)) {
@@ -35,10 +44,7 @@ void speak(const QLocale& language) {
 
 }  // namespace
 
-QStringList wanted() {
-  const QLocale system = QLocale::system();
-  return system.language() == QLocale::C ? QStringList() : system.uiLanguages();
-}
+QStringList wanted() { return isLanguageSet() ? QLocale::system().uiLanguages() : QStringList(); }
 
 QStringList builtIn() {
   QStringList languages;

@@ -1525,8 +1525,8 @@ Freie Software unter der MIT-Lizenz.</translation>
     <message numerus="yes">
         <source>%n of them hidden by the filter</source>
         <translation>
-            <numerusform>%n davon durch den Filter ausgeblendet</numerusform>
-            <numerusform>%n davon durch den Filter ausgeblendet</numerusform>
+            <numerusform>%n davon ausgefiltert</numerusform>
+            <numerusform>%n davon ausgefiltert</numerusform>
         </translation>
     </message>
     <message numerus="yes">
