@@ -18,6 +18,8 @@ COMPLETED = (
     ("clean --mode downloads My", ["clean", "--mode", "downloads", "My Projects/"]),
     ("clean --yes My", ["clean", "--yes", "My Projects/"]),
     ("scan src/a", ["scan", "src/app/"]),
+    ("scan it", ["scan", "it's: $me/"]),
+    ("scan --json it\\'s:\\ \\$me --so", ["scan", "--json", "it's: $me", "--sort"]),
 )
 # What is typed before a tab, and nothing is offered.
 NOTHING = ("clean --item My", "history My", "xyz")
@@ -27,8 +29,9 @@ class Shells:
     def setUp(self):
         self.shell = self.kind()
         self.addCleanup(self.shell.close)
-        for folder in "My Projects", "other", "src/app":
-            (self.shell.folder / folder).mkdir(parents=True)
+        self.folders = {"My Projects", "it's: $me", "src"}
+        for folder in *self.folders, "src/app":
+            (self.shell.folder / folder).mkdir()
         (self.shell.folder / "My file").touch()
 
     def test_lines_are_completed(self):
@@ -42,7 +45,7 @@ class Shells:
                 self.assertEqual(self.shell.completed(line), line.split())
 
     def test_all_folders_are_offered_and_no_files(self):
-        self.assertEqual({name.rstrip("/") for name in self.shell.offered("scan ")}, {"My Projects", "other", "src"})
+        self.assertEqual({name.rstrip("/") for name in self.shell.offered("scan ")}, self.folders)
 
     def test_what_is_offered_is_what_the_program_takes(self):
         known = helps()

@@ -1,6 +1,7 @@
 """The Debian package holds what it should, and what its programs need comes with what it depends on.
 
 BROOMTIDE_PACKAGE   the package
+BROOMTIDE_BUILD     the build that it was made from
 """
 
 import gzip
@@ -13,22 +14,30 @@ import unittest
 from pathlib import Path
 
 PACKAGE = os.environ["BROOMTIDE_PACKAGE"]
+BUILD = os.environ["BROOMTIDE_BUILD"]
 ICON_SIDES = (16, 22, 24, 32, 48, 64, 128, 256, 512)
 PROGRAMS = ("usr/bin/broomtide", "usr/bin/broomtide-cli")
-FILES = {
+# What cmake --install gives everybody, and what there is besides without Debian and in its package.
+EVERYWHERE = {
     *PROGRAMS,
     "usr/share/applications/broomtide.desktop",
     "usr/share/bash-completion/completions/broomtide-cli",
-    "usr/share/doc/broomtide/changelog.Debian.gz",
     "usr/share/doc/broomtide/changelog.gz",
-    "usr/share/doc/broomtide/copyright",
     "usr/share/fish/vendor_completions.d/broomtide-cli.fish",
     "usr/share/icons/hicolor/scalable/apps/broomtide.svg",
     *(f"usr/share/icons/hicolor/{side}x{side}/apps/broomtide.png" for side in ICON_SIDES),
-    "usr/share/lintian/overrides/broomtide",
     "usr/share/man/man1/broomtide-cli.1.gz",
     "usr/share/man/man1/broomtide.1.gz",
     "usr/share/metainfo/example.broomtide.broomtide.metainfo.xml",
+}
+OTHERWISE = {
+    "usr/share/doc/broomtide/LICENSE",
+    "usr/share/zsh/site-functions/_broomtide-cli",
+}
+IN_DEBIAN = {
+    "usr/share/doc/broomtide/changelog.Debian.gz",
+    "usr/share/doc/broomtide/copyright",
+    "usr/share/lintian/overrides/broomtide",
     "usr/share/zsh/vendor-completions/_broomtide-cli",
 }
 
@@ -46,6 +55,18 @@ def packages_of(name):
     return [re.match(r"[\w.+-]+", entry)[0] for entry in field(name).split(", ")]
 
 
+def files_below(root):
+    return {str(path.relative_to(root)) for path in Path(root).rglob("*") if not path.is_dir()}
+
+
+class Installed(unittest.TestCase):
+    def test_below_any_root_are_these_files_and_no_others(self):
+        with tempfile.TemporaryDirectory() as root:
+            subprocess.run(["cmake", "--install", BUILD, "--prefix", "/usr"], check=True, capture_output=True,
+                           env={**os.environ, "DESTDIR": root})
+            self.assertEqual(files_below(root), EVERYWHERE | OTHERWISE)
+
+
 class Unpacked(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
@@ -54,14 +75,11 @@ class Unpacked(unittest.TestCase):
         cls.root = Path(folder.name)
         subprocess.run(["dpkg-deb", "--extract", PACKAGE, cls.root], check=True)
 
-    def entries(self):
-        return sorted(self.root.rglob("*"))
-
     def test_holds_these_files_and_no_others(self):
-        self.assertEqual({str(path.relative_to(self.root)) for path in self.entries() if not path.is_dir()}, FILES)
+        self.assertEqual(files_below(self.root), EVERYWHERE | IN_DEBIAN)
 
     def test_everybody_may_read_and_only_the_administrator_write(self):
-        for path in self.entries():
+        for path in self.root.rglob("*"):
             name = str(path.relative_to(self.root))
             runs = path.is_dir() or name in PROGRAMS
             with self.subTest(name):

@@ -38,8 +38,8 @@ class Shell:
 
     def environment(self):
         home = self.home.name
-        return {"HOME": home, "LC_ALL": "C.UTF-8", "TERM": "xterm", "PATH": f"{home}/bin:{os.environ['PATH']}",
-                "WORDS": f"{home}/words"}
+        return {"HOME": home, "LC_ALL": "C.UTF-8", "TERM": "xterm", "INPUTRC": "/dev/null",
+                "PATH": f"{home}/bin:{os.environ['PATH']}", "WORDS": f"{home}/words"}
 
     def close(self):
         self.home.cleanup()
