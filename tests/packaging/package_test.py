@@ -132,6 +132,7 @@ class Unpacked(unittest.TestCase):
                                   ("doc/broomtide/changelog.gz", "CHANGELOG.md")):
             packed = (self.root / "usr/share" / installed).read_bytes()
             self.assertEqual(gzip.decompress(packed), (sources / source).read_bytes(), installed)
+            self.assertEqual(int.from_bytes(packed[4:8], "little"), 0, f"{installed} has a date in it")
 
 
 if __name__ == "__main__":
