@@ -9,13 +9,15 @@ packages_run=(
   pkg-config python3 qt6-base-dev qt6-svg-dev uuid-dev
 )
 packages_test=(
-  at-spi2-core dbus dbus-daemon fonts-dejavu-core gir1.2-atspi-2.0 gvfs gvfs-daemons libglib2.0-bin
-  libbenchmark-dev libgmock-dev libgtest-dev openbox python3-gi trash-cli util-linux xdotool xvfb
+  at-spi2-core bash-completion dbus dbus-daemon fish fonts-dejavu-core gir1.2-atspi-2.0 gvfs
+  gvfs-daemons libglib2.0-bin libbenchmark-dev libgmock-dev libgtest-dev openbox python3-gi trash-cli
+  util-linux xdotool xvfb zsh
 )
 packages_bench=(gdu libbenchmark-dev libglib2.0-bin ncdu trash-cli)
 packages_pictures=(fonts-noto-core imagemagick)
 packages_fuzz=(clang-14 libclang-rt-14-dev)
 packages_lint=(clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev)
+packages_package=(appstream desktop-file-utils dpkg-dev file lintian man-db)
 
 # missing_packages PACKAGE...: those that are not installed, one a line.
 missing_packages() {
