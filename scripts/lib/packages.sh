@@ -1,5 +1,8 @@
-# shellcheck shell=bash disable=SC2034
-# The Debian packages each kind of work needs, and how to get those that are missing.
+# shellcheck shell=bash disable=SC2034,SC2154
+# The Debian packages each kind of work needs, and how to get those that are missing. Needs
+# $root.
+# shellcheck source=scripts/lib/progress.sh
+source "$root/scripts/lib/progress.sh"
 
 packages_run=(
   build-essential ccache cmake git libcli11-dev libicu-dev libqt6svg6 libseccomp-dev ninja-build nlohmann-json3-dev
@@ -7,13 +10,15 @@ packages_run=(
   qt6-translations-l10n uuid-dev
 )
 packages_test=(
-  at-spi2-core dbus dbus-daemon fonts-dejavu-core gir1.2-atspi-2.0 gvfs gvfs-daemons libglib2.0-bin
-  libbenchmark-dev libgmock-dev libgtest-dev openbox python3-gi trash-cli util-linux xdotool xvfb
+  at-spi2-core bash-completion dbus dbus-daemon fish fonts-dejavu-core gir1.2-atspi-2.0 gvfs
+  gvfs-daemons libglib2.0-bin libbenchmark-dev libgmock-dev libgtest-dev openbox python3-gi trash-cli
+  util-linux xdotool xvfb zsh
 )
 packages_bench=(gdu libbenchmark-dev libglib2.0-bin ncdu trash-cli)
 packages_pictures=(fonts-noto-core imagemagick)
 packages_fuzz=(clang-14 libclang-rt-14-dev)
 packages_lint=(clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev)
+packages_package=(appstream desktop-file-utils dpkg-dev file lintian man-db)
 
 # missing_packages PACKAGE...: those that are not installed, one a line.
 missing_packages() {
@@ -23,30 +28,43 @@ missing_packages() {
   comm -23 <(printf '%s\n' "$@" | sort -u) <(sort -u <<<"$installed")
 }
 
-# ensure_packages PACKAGE...: installs what is missing. All it says goes to standard error.
+# apt_get ARGUMENT...: runs apt-get as root, with what it says in build/packages.log. How far it has
+# come is shown.
+apt_get() {
+  local as_root=()
+  [[ $EUID -eq 0 ]] || as_root=(sudo)
+  # shellcheck disable=SC2016
+  "${as_root[@]}" sh -c 'log=$1; shift; exec 3>&1 >>"$log" 2>&1 </dev/null
+    exec env DEBIAN_FRONTEND=noninteractive apt-get -qq -o DPkg::Lock::Timeout=300 \
+      -o Dpkg::Use-Pty=0 -o APT::Status-Fd=3 "$@"' sh "$root/build/packages.log" "$@" |
+    sed -un 's/^dlstatus:[^:]*:\([0-9]*\).*/downloading: \1 %/p
+             s/^pmstatus:[^:]*:\([0-9]*\).*/installing: \1 %/p' | show_progress
+}
+
+# ensure_packages PURPOSE PACKAGE...: installs what is missing. All it says goes to standard error.
 ensure_packages() {
+  local purpose=$1
+  shift
   if ! command -v dpkg-query >/dev/null; then
-    echo "Not a Debian system, so these are taken to be installed in some other way: $*" >&2
+    say "Not a Debian system, so these are taken to be installed in some other way: $*"
     return
   fi
-  local missing as_root=()
+  local missing
   mapfile -t missing < <(missing_packages "$@")
   [[ ${#missing[@]} -gt 0 ]] || return 0
   local by_hand="  apt-get update && apt-get install --no-install-recommends ${missing[*]}"
-  if [[ $EUID -ne 0 ]]; then
-    if ! command -v sudo >/dev/null; then
-      echo "Packages are missing, and there is no sudo to install them with. As root, run:" >&2
-      echo "$by_hand" >&2
-      return 1
-    fi
-    as_root=(sudo)
+  if [[ $EUID -ne 0 ]] && ! command -v sudo >/dev/null; then
+    say "Packages are missing, and there is no sudo to install them with. As root, run:"
+    say "$by_hand"
+    return 1
   fi
-  echo "Installing ${missing[*]}" >&2
-  local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq
-    -o DPkg::Lock::Timeout=300 -o Dpkg::Use-Pty=0)
-  "${apt[@]}" update >&2 || echo "The package lists are old: they could not be refreshed." >&2
-  "${apt[@]}" install -y --no-install-recommends "${missing[@]}" >&2 </dev/null && return
-  echo "The packages could not be installed. As root, run:" >&2
-  echo "$by_hand" >&2
+  say "Installing $(plural ${#missing[@]} "Debian package") for $purpose: ${missing[*]}"
+  mkdir -p "$root/build"
+  : >"$root/build/packages.log"
+  apt_get update || say "The package lists are old: they could not be refreshed."
+  apt_get install -y --no-install-recommends "${missing[@]}" && return
+  grep -E '^[EW]: ' "$root/build/packages.log" >&2 || tail -n 5 "$root/build/packages.log" >&2
+  say "The packages could not be installed; build/packages.log says more. As root, run:"
+  say "$by_hand"
   return 1
 }

@@ -36,12 +36,17 @@ void makeSurroundingsUsual() {
 // Says what is wrong with the command line and where to read more.
 ExitStatus reject(const CLI::App& application, const CLI::ParseError& mistake) {
   std::string reason = mistake.what();
+  std::string help = "broomtide-cli";
   const std::vector<std::string> unknown = application.remaining();
-  if (application.get_subcommands().empty() && !unknown.empty()) {
+  if (!application.get_subcommands().empty()) {
+    help += ' ' + application.get_subcommands().front()->get_name();
+  } else if (unknown.empty()) {
+    reason = "Say what to do: scan, clean or history.";
+  } else {
     reason = "There is no command or option '" + unknown.front() + "'.";
   }
-  std::fprintf(stderr, "broomtide-cli: %s\nRun broomtide-cli --help for more information.\n",
-               visible(reason).c_str());
+  std::fprintf(stderr, "broomtide-cli: %s\nRun %s --help for more information.\n",
+               visible(reason).c_str(), help.c_str());
   return ExitStatus::wrongUsage;
 }
 

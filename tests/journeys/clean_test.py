@@ -501,4 +501,4 @@ class Killing(CleanJourney):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(verbosity=2)  # says why a test was skipped

@@ -81,4 +81,4 @@ class Libraries(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(verbosity=2)  # says why a test was skipped
