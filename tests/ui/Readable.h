@@ -12,4 +12,7 @@ namespace broomtide::test {
 /// may be. Names in it must have no letters.
 std::vector<std::string> unreadable(QWidget& window);
 
+/// The texts of a window in any language that reach beyond the part that draws them.
+std::vector<std::string> cutOff(QWidget& window);
+
 }  // namespace broomtide::test

@@ -12,10 +12,11 @@ namespace broomtide::test {
 /// The window speaks another language as long as this lives, and English again afterwards.
 class SpokenLanguage {
  public:
-  explicit SpokenLanguage(const QStringList& languages) { ui::languages::use(languages); }
-
-  /// The pseudo-language, with dates and sizes that have no letters.
-  SpokenLanguage() : SpokenLanguage({QStringLiteral("zh_CN")}) {
+  /// The first of these that it speaks, or "pseudo", with dates that have no letters.
+  explicit SpokenLanguage(const QStringList& languages) {
+    const bool isPseudo = languages == QStringList(QStringLiteral("pseudo"));
+    ui::languages::use(isPseudo ? QStringList(QStringLiteral("zh_CN")) : languages);
+    if (!isPseudo) return;
     forget();
     QCoreApplication::installTranslator(new PseudoLanguage(QCoreApplication::instance()));
   }

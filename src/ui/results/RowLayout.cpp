@@ -24,12 +24,12 @@ QRect centred(int x, const QRect& row, int side) {
 }
 
 int widthFor(const QFont& badge) {
-  int widest = leastTrailing;
+  int result = leastTrailing;
   for (const SafetyLevel level : allSafetyLevels) {
     const drawing::Mark mark{.word = candidatetext::safety(level), .font = badge, .colour = {}};
-    widest = std::max(widest, drawing::widthOf(mark));
+    result = std::max(result, drawing::widthOf(mark));
   }
-  return widest;
+  return result;
 }
 
 }  // namespace

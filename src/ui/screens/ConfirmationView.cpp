@@ -36,14 +36,17 @@ ConfirmationView::ConfirmationView(AppModel& model, QWidget* parent)
   note->setAlignment(Qt::AlignHCenter);
   note->setFixedWidth(widestNote);
 
+  auto* question = new Label(tr("Move selected items to Trash?"), TextStyle::largeTitle);
+  question->setWordWrap(true);
+  question->setAlignment(Qt::AlignHCenter);
+
   QVBoxLayout& lines = (new Column(*this, widestConfirmation))->lines();
   lines.setSpacing(8);
   lines.addStretch(2);
   lines.addWidget(new SymbolView("trash.circle.fill", trashSymbolSide, Tone::accent), 0,
                   Qt::AlignHCenter);
   lines.addSpacing(16);
-  lines.addWidget(new Label(tr("Move selected items to Trash?"), TextStyle::largeTitle), 0,
-                  Qt::AlignHCenter);
+  lines.addWidget(question);
   lines.addWidget(total_, 0, Qt::AlignHCenter);
   lines.addWidget(warning_, 0, Qt::AlignHCenter);
   lines.addSpacing(8);
