@@ -9,8 +9,10 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTableView>
+#include <QTimer>
 #include <cstdio>
 
+#include "app/FolderChoice.h"
 #include "core/ScannerError.h"
 #include "ui/PseudoLanguage.h"
 #include "ui/TestWindow.h"
@@ -18,6 +20,7 @@
 #include "ui/look/Theme.h"
 #include "ui/results/ResultsRoles.h"
 #include "ui/shell/BroomtideApp.h"
+#include "ui/shell/FolderDialog.h"
 #include "ui/shell/Languages.h"
 
 namespace broomtide {
@@ -146,10 +149,22 @@ void shootPanels(Photographer& photographer, test::TestWindow& test) {
   test.window().findChild<QDialog*>("alert")->close();
 }
 
+void shootFolderDialog(Photographer& photographer) {
+  QTimer::singleShot(0, QApplication::instance(), [&photographer] {
+    QWidget& dialog = *QApplication::activeModalWidget();
+    for (int round = 0; round < 5; ++round) QCoreApplication::processEvents();
+    photographer.save(dialog, "folder");
+    dialog.close();
+  });
+  ui::FolderDialog dialog;
+  dialog.pickFolder(FolderChoice::request(ScanMode::caches, "/usr/share"));
+}
+
 void shootAll(Photographer photographer) {
   test::TestWindow test;
   photographer.shoot(test, "welcome");
   shootPanels(photographer, test);
+  shootFolderDialog(photographer);
   test.script.scans.push_back([&](const UpdateFunction& onUpdate, const std::stop_token& stop) {
     const ScanResult found = exampleResult();
     test::tell(onUpdate, {4711, 823'500'000, "website/node_modules/some/long/path/inside/of/it"},
