@@ -295,8 +295,8 @@ TEST(EngineText, KeepsWhatStandsInASentence) {
       {FolderChoice::refusal("/tmp/a\u202eb ”. c", "/home/%1"),
        "In „a\\u202eb ”. c“ wurden keine bekannten Entwickler-Caches gefunden. Wählen Sie zum "
        "Scannen von Entwickler-Caches Ihren persönlichen Ordner (/home/%1) aus."},
-      {FolderChoice::refusal("/tmp/Cache", std::nullopt),
-       "In „Cache“ wurden keine bekannten Entwickler-Caches gefunden. Wählen Sie zum Scannen von "
+      {FolderChoice::refusal("/tmp/Logs", std::nullopt),
+       "In „Logs“ wurden keine bekannten Entwickler-Caches gefunden. Wählen Sie zum Scannen von "
        "Entwickler-Caches Ihren persönlichen Ordner (Ihr persönlicher Ordner) aus."},
       {"npm ci", "npm ci"},
       {"", ""},

@@ -15,8 +15,9 @@ namespace {
 
 constexpr const char* context = "Engine";
 
-enum class Values {
-  names,   // put back as they are
+// What stands at one place of a sentence.
+enum class Value {
+  name,    // put back as it is
   titles,  // constants of the engine with commas between, if they are that
   count,   // a number, which decides about the form of what is around
 };
@@ -24,7 +25,7 @@ enum class Values {
 // What the engine says with something in it, or in words that stand in none of its tables.
 struct Sentence {
   const char* english;
-  Values values = Values::names;
+  std::array<Value, 2> values = {};
 };
 
 constexpr std::array phases{
@@ -32,17 +33,17 @@ constexpr std::array phases{
     Sentence{QT_TRANSLATE_NOOP("Engine", "Scanning Downloads…")},
     Sentence{QT_TRANSLATE_NOOP("Engine", "Scan complete")},
     Sentence{QT_TRANSLATE_NOOP("Engine", "Calculating %1…")},
-    Sentence{QT_TRANSLATE_N_NOOP("Engine", "Detected %n project context(s)…"), Values::count},
+    Sentence{QT_TRANSLATE_N_NOOP("Engine", "Detected %n project context(s)…"), {Value::count}},
 };
 
 constexpr std::array sentences{
-    Sentence{QT_TRANSLATE_NOOP("Engine", "Detected %1 project from %2."), Values::titles},
+    Sentence{QT_TRANSLATE_NOOP("Engine", "Detected %1 project from %2."), {Value::titles}},
     Sentence{QT_TRANSLATE_NOOP("Engine", "Well-known developer cache location (~/%1).")},
     Sentence{
         QT_TRANSLATE_NOOP("Engine",
                           "No known developer cache locations were found under “%1”. When scanning "
                           "developer caches, select your home folder (%2) in the picker."),
-        Values::titles},
+        {Value::name, Value::titles}},
     Sentence{QT_TRANSLATE_NOOP("Engine", "your home folder")},
     Sentence{QT_TRANSLATE_NOOP("Engine",
                                "Recognized artifact signature, but no supported project "
@@ -122,17 +123,20 @@ std::string filledIn(std::string_view pattern, const std::vector<std::string>& v
 
 std::string inOtherWords(const Sentence& sentence, const Parts& found) {
   std::vector<std::string> values;
-  switch (sentence.values) {
-    case Values::names:
-      values.assign(found.begin(), found.end());
-      break;
-    case Values::titles:
-      for (const std::string_view titles : found) values.push_back(translatedList(titles));
-      break;
-    case Values::count: {
-      int count = 0;
-      std::from_chars(found.front().data(), found.front().data() + found.front().size(), count);
-      return translated(sentence.english, count);
+  for (std::size_t place = 0; place < found.size(); ++place) {
+    const std::string_view value = found[place];
+    switch (sentence.values.at(place)) {
+      case Value::name:
+        values.emplace_back(value);
+        break;
+      case Value::titles:
+        values.push_back(translatedList(value));
+        break;
+      case Value::count: {
+        int count = 0;
+        std::from_chars(value.data(), value.data() + value.size(), count);
+        return translated(sentence.english, count);
+      }
     }
   }
   return filledIn(translated(sentence.english), values);
