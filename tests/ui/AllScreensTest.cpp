@@ -1,35 +1,25 @@
-// The window in other languages: everything is translated and can be read to its end.
+// All screens in several languages: everything is translated and can be read to its end.
 
-#include <QComboBox>
-#include <QFileDialog>
 #include <QMenuBar>
 #include <QTableView>
-#include <QTimer>
+#include <latch>
 
-#include "app/FolderChoice.h"
-#include "app/Services.h"
 #include "support/EngineTexts.h"
-#include "support/TemporaryTree.h"
 #include "ui/Candidates.h"
 #include "ui/Person.h"
 #include "ui/Readable.h"
 #include "ui/SpokenLanguage.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Label.h"
-#include "ui/look/DisplayText.h"
-#include "ui/look/EngineText.h"
 #include "ui/results/CandidateMenu.h"
 #include "ui/results/ResultsRoles.h"
-#include "ui/shell/FolderDialog.h"
 
 namespace broomtide {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
-using testing::SizeIs;
 
 constexpr std::int64_t wideSize = 888'880'000'000;
 
@@ -254,160 +244,6 @@ TEST(Readable, FindsWhatIsWrong) {
   ui::Label named(text);
   named.setAccessibleName("Copy");
   EXPECT_THAT(faults(sized(std::move(named), wide)), Not(IsEmpty()));
-}
-
-TEST(EngineText, AnythingThatAScanSaysIsTranslated) {
-  const test::TemporaryTree tree;
-  tree.file("1/package.json", "{}");
-  tree.file("1/node_modules/2/3", "4");
-  tree.file(".npm/_cacache/1", "2");
-  tree.file("9.csv", "1");
-  const test::SpokenLanguage pseudo({"pseudo"});
-  test::ScriptedPicker picker;
-  test::RecordedAccess access;
-  ui::QtMainThread main;
-  const std::unique_ptr<AppModel> model = services::makeModel(main, picker, access);
-  for (const ScanMode mode : {ScanMode::project, ScanMode::downloads, ScanMode::caches}) {
-    std::set<std::string> places;
-    const auto observation = model->observe([&](AppModel::Field field) {
-      if (field == AppModel::Field::progress) places.insert(model->progress().currentPath);
-    });
-    model->beginScan(tree.root(), mode, true);
-    test::TestWindow::runUntil([&] { return model->route() == Route::results; });
-    ASSERT_THAT(model->candidates(), SizeIs(1)) << static_cast<int>(mode);
-    const ScanCandidate& found = model->candidates().front();
-    for (const std::string& place : places) {
-      const bool isPath = place == found.relativePath || tree.root().ends_with(place);
-      EXPECT_EQ(ui::enginetext::place(place).startsWith(u'⟦'), !isPath) << place;
-    }
-    for (const std::string& line : found.evidence.lines())
-      EXPECT_TRUE(ui::enginetext::statement(line).startsWith(u'⟦')) << line;
-  }
-}
-
-TEST(EngineText, KeepsWhatStandsInASentence) {
-  const test::SpokenLanguage german({"de"});
-  const std::vector<std::pair<std::string, QString>> statements{
-      {"Detected JavaScript / TypeScript, Python project from a.csproj, package.json.",
-       "Projekt (JavaScript / TypeScript, Python) anhand von a.csproj, package.json erkannt."},
-      {"Well-known developer cache location (~/.npm/%2).",
-       "Bekannter Ort für Entwickler-Caches (~/.npm/%2)."},
-      {FolderChoice::refusal("/tmp/a\u202eb ”. c", "/home/%1"),
-       "In „a\\u202eb ”. c“ wurden keine bekannten Entwickler-Caches gefunden. Wählen Sie zum "
-       "Scannen von Entwickler-Caches Ihren persönlichen Ordner (/home/%1) aus."},
-      {FolderChoice::refusal("/tmp/Logs", std::nullopt),
-       "In „Logs“ wurden keine bekannten Entwickler-Caches gefunden. Wählen Sie zum Scannen von "
-       "Entwickler-Caches Ihren persönlichen Ordner (Ihr persönlicher Ordner) aus."},
-      {"npm ci", "npm ci"},
-      {"", ""},
-  };
-  for (const auto& [english, shown] : statements)
-    EXPECT_EQ(ui::enginetext::statement(english), shown);
-  const std::vector<std::pair<std::string, QString>> places{
-      {"Calculating a/Cache…", "a/Cache wird berechnet …"},
-      {"Detected 1 project context(s)…", "1 Projekt erkannt …"},
-      {"Detected 12 project context(s)…", "12 Projekte erkannt …"},
-      {"Cache", "Cache"},
-      {"Logs", "Logs"},  // a folder, not the category
-      {"a\nb", "a\\nb"},
-  };
-  for (const auto& [english, shown] : places) EXPECT_EQ(ui::enginetext::place(english), shown);
-}
-
-TEST(Languages, TheFirstThatTheWindowSpeaks) {
-  struct Row {
-    QStringList wanted;
-    const char* cancel;
-    const char* size;
-  };
-  for (const Row& row : std::vector<Row>{
-           {{}, "Cancel", "1.2 GB"},
-           {{"fr", "tlh"}, "Cancel", "1.2 GB"},
-           {{"en_DE", "de"}, "Cancel", "1.2 GB"},
-           {{"de"}, "Abbrechen", "1,2 GB"},
-           {{"fr_FR", "de_AT", "en"}, "Abbrechen", "1,2 GB"},
-           {{"zh-Hans-CN"}, "取消", "1.2 GB"},
-           {{"zh_SG"}, "取消", "1.2 GB"},
-           {{"zh_TW"}, "Cancel", "1.2 GB"},
-       }) {
-    const test::SpokenLanguage language(row.wanted);
-    EXPECT_EQ(QCoreApplication::translate("broomtide::ui::ConfirmationView", "Cancel"), row.cancel);
-    EXPECT_EQ(ui::display::size(1'200'000'000), row.size) << row.wanted.join(' ').toStdString();
-  }
-}
-
-TEST(Languages, ValuesAreThoseOfTheLanguage) {
-  const Date date = std::chrono::sys_days{2026y / 3 / 1} + 9h + 30min;
-  struct Row {
-    QStringList language;
-    std::vector<QString> sizes;
-    QString date;
-    QString dateAndTime;
-  };
-  for (const Row& row : std::vector<Row>{
-           {{"de"},
-            {"0 KB", "1 Byte", "999 Byte", "12,5 MB", "-1,25 TB"},
-            "01.03.2026",
-            "01.03.2026 um 09:30"},
-           {{"zh_CN"},
-            {"0 KB", "1 字节", "999 字节", "12.5 MB", "-1.25 TB"},
-            "2026年3月1日",
-            "2026年3月1日 09:30"},
-           {{"en_US"},
-            {"Zero KB", "1 byte", "999 bytes", "12.5 MB", "-1.25 TB"},
-            "Mar 1, 2026",
-            "Mar 1, 2026 at 9:30 AM"},
-       }) {
-    const test::SpokenLanguage language(row.language);
-    std::vector<QString> sizes;
-    for (const std::int64_t size : {0LL, 1LL, 999LL, 12'500'000LL, -1'250'000'000'000LL})
-      sizes.push_back(ui::display::size(size));
-    EXPECT_EQ(sizes, row.sizes);
-    EXPECT_EQ(ui::display::date(date, {}), row.date);
-    EXPECT_EQ(ui::display::dateAndTime(date), row.dateAndTime);
-  }
-}
-
-TEST(Languages, NamesAreInTheirOrderAndCategoriesAreFoundAsTheyAreShown) {
-  const test::SpokenLanguage chinese({"zh_CN"});
-  test::TestWindow test;
-  test::show(test.window());
-  test.scan(test::resultOf(
-      {test::makeCandidate("重"), test::makeCandidate("啊"), test::makeCandidate("大")}));
-  auto& list = test::find<QTableView>(test.window(), "candidates");
-  const auto shown = [&] {
-    std::vector<std::string> names;
-    for (int row = 1; row < list.model()->rowCount(); ++row)
-      names.push_back(list.model()->index(row, 0).data().toString().toStdString());
-    return names;
-  };
-  test::find<QComboBox>(test.window(), "sort").setCurrentIndex(1);
-  EXPECT_THAT(shown(), ElementsAre("啊", "大", "重"));
-  auto& filter = test::find<QLineEdit>(test.window(), "filter");
-  filter.setText("构建 大");
-  EXPECT_THAT(shown(), ElementsAre("大"));
-  filter.setText("Build");
-  EXPECT_THAT(shown(), IsEmpty());
-}
-
-TEST(Languages, TheFolderDialogSpeaksThemToo) {
-  const test::SpokenLanguage pseudo({"pseudo"});
-  const test::TemporaryTree tree;
-  for (const ScanMode mode : {ScanMode::project, ScanMode::downloads, ScanMode::caches}) {
-    QStringList texts;
-    QTimer::singleShot(0, QCoreApplication::instance(), [&texts] {
-      auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-      ASSERT_NE(dialog, nullptr);
-      texts = {dialog->windowTitle(), dialog->labelText(QFileDialog::Accept),
-               dialog->labelText(QFileDialog::Reject), dialog->labelText(QFileDialog::LookIn),
-               dialog->findChild<QLabel*>("message")->text()};
-      dialog->reject();
-    });
-    ui::FolderDialog dialog;
-    EXPECT_EQ(dialog.pickFolder(FolderChoice::request(mode, tree.root())), std::nullopt);
-    EXPECT_THAT(texts, SizeIs(5));
-    for (const QString& text : texts) EXPECT_TRUE(text.startsWith(u'⟦')) << text.toStdString();
-  }
 }
 
 }  // namespace
