@@ -195,7 +195,7 @@ class Application:
         self.process = subprocess.Popen(
             [PROGRAM], stdin=subprocess.DEVNULL, stdout=self.log, stderr=self.log,
             env={**desktop.environment, "QT_QPA_PLATFORM": "xcb", "QT_ACCESSIBILITY": "1",
-                 "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", **environment})
+                 "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "QT_LOGGING_RULES": "*.warning=true", **environment})
 
     def tree(self):
         """All windows of the program as they are now, or None before there are any."""
