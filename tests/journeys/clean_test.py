@@ -47,13 +47,15 @@ def snapshot(root):
 
 
 class CleanJourney(Journey):
+    program = CLI
+
     def setUp(self):
         super().setUp()
         self.work, self.data = self.path("work"), self.path("data")
         os.makedirs(self.work)
 
     def run_cli(self, *arguments, env=None, **options):
-        return subprocess.run([CLI, *arguments], capture_output=True, timeout=300, stdin=subprocess.DEVNULL,
+        return subprocess.run([self.program, *arguments], capture_output=True, timeout=300, stdin=subprocess.DEVNULL,
                               env=environment(XDG_DATA_HOME=self.data, **(env or {})), **options)
 
     def clean(self, *arguments, status=0, env=None):
@@ -208,6 +210,8 @@ class ReadOnlyModules(CleanJourney):
         self.module = "work/go/pkg/mod/example.org/module@v1.0.0"
         self.write(self.module + "/inner/code.go", "package inner")
         os.makedirs(self.data)
+        # The home folder of root, and a build in it, is closed to everybody else.
+        self.program = shutil.copy(CLI, self.path("broomtide-cli"))
         for folder, _, files in os.walk(self.root):
             for path in [folder, *[os.path.join(folder, file) for file in files]]:
                 os.chown(path, self.user.get("user", -1), -1)

@@ -71,7 +71,7 @@ TEST(EngineText, KeepsWhatStandsInASentence) {
   for (const auto& [english, shown] : statements)
     EXPECT_EQ(ui::enginetext::statement(english), shown);
   const std::vector<std::pair<std::string, QString>> places{
-      {"Calculating a/Cache…", "a/Cache wird berechnet …"},
+      {"Calculating a/Cache…", "Größe von a/Cache wird ermittelt …"},
       {"Detected 1 project context(s)…", "1 Projekt erkannt …"},
       {"Detected 12 project context(s)…", "12 Projekte erkannt …"},
       {"Cache", "Cache"},

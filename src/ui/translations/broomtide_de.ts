@@ -128,7 +128,7 @@ Mehr dazu zeigt broomtide --help.
     </message>
     <message>
         <source>Calculating %1…</source>
-        <translation>%1 wird berechnet …</translation>
+        <translation>Größe von %1 wird ermittelt …</translation>
     </message>
     <message numerus="yes">
         <source>Detected %n project context(s)…</source>
@@ -175,7 +175,7 @@ Mehr dazu zeigt broomtide --help.
     </message>
     <message>
         <source>This is a generic artifact name, so Broomtide requires manual selection.</source>
-        <translation>Der Name des Artefakts ist allgemein gehalten, daher muss es von Hand ausgewählt werden.</translation>
+        <translation>Der Name des Artefakts ist zu allgemein, daher muss es von Hand ausgewählt werden.</translation>
     </message>
     <message>
         <source>The artifact name and project ecosystem agree.</source>
@@ -1047,7 +1047,7 @@ Mehr dazu zeigt broomtide --help.
     </message>
     <message>
         <source>Dart and Flutter package cache. Projects use packages straight from it until they are downloaded again.</source>
-        <translation>Paket-Cache von Dart und Flutter. Projekte verwenden die Pakete unmittelbar von dort; danach müssen sie erneut heruntergeladen werden.</translation>
+        <translation>Paket-Cache von Dart und Flutter. Projekte verwenden die Pakete unmittelbar von dort; nach der Bereinigung müssen sie erneut heruntergeladen werden.</translation>
     </message>
     <message>
         <source>Datasets prepared by Hugging Face libraries. Preparing them again can take long, and some may no longer be offered.</source>
@@ -1263,7 +1263,7 @@ Mehr dazu zeigt broomtide --help.
     </message>
     <message>
         <source>Terraform provider cache. Projects link into it and need their providers again.</source>
-        <translation>Provider-Cache von Terraform. Projekte verweisen über Links darauf und brauchen ihre Provider danach erneut.</translation>
+        <translation>Provider-Cache von Terraform. Projekte verweisen über Links darauf und brauchen ihre Provider nach der Bereinigung erneut.</translation>
     </message>
     <message>
         <source>Tools downloaded by electron-builder. They are downloaded again on the next build.</source>

@@ -127,7 +127,7 @@ Run broomtide --help for more information.
     </message>
     <message>
         <source>Calculating %1…</source>
-        <translation>正在计算 %1…</translation>
+        <translation>正在计算 %1 的大小…</translation>
     </message>
     <message numerus="yes">
         <source>Detected %n project context(s)…</source>
