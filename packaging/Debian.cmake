@@ -49,9 +49,9 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
-# Libraries, and the plugins that lie in their packages. Programs that are started when they are
-# there: Git for what lies in repositories, xdg-open for what the window opens.
+# Libraries, and the plugins that lie in their packages. What is used when it is there: Git for what
+# lies in repositories, Qt's own words in the dialog for folders, xdg-open for what the window opens.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "git, xdg-utils")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "git, qt6-translations-l10n, xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "qt6-wayland, trash-cli")
 include(CPack)

@@ -29,14 +29,17 @@ missing_packages() {
 }
 
 # apt_get ARGUMENT...: runs apt-get as root, with what it says in build/packages.log. How far it has
-# come is shown.
+# come is shown. The log is opened by who runs this, as root may have no right to the folder. An
+# installation that was interrupted is finished first: apt-get refuses to do anything before that.
 apt_get() {
   local as_root=()
   [[ $EUID -eq 0 ]] || as_root=(sudo)
   # shellcheck disable=SC2016
-  "${as_root[@]}" sh -c 'log=$1; shift; exec 3>&1 >>"$log" 2>&1 </dev/null
-    exec env DEBIAN_FRONTEND=noninteractive apt-get -qq -o DPkg::Lock::Timeout=300 \
-      -o Dpkg::Use-Pty=0 -o APT::Status-Fd=3 "$@"' sh "$root/build/packages.log" "$@" |
+  "${as_root[@]}" sh -c 'exec 3>&1 >&2 </dev/null
+    export DEBIAN_FRONTEND=noninteractive
+    dpkg --configure -a
+    exec apt-get -qq -o DPkg::Lock::Timeout=300 \
+      -o Dpkg::Use-Pty=0 -o APT::Status-Fd=3 "$@"' sh "$@" 2>>"$root/build/packages.log" |
     sed -un 's/^dlstatus:[^:]*:\([0-9]*\).*/downloading: \1 %/p
              s/^pmstatus:[^:]*:\([0-9]*\).*/installing: \1 %/p' | show_progress
 }

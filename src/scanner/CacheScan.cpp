@@ -21,6 +21,13 @@
 namespace broomtide {
 namespace {
 
+// A location that is there. `resolved` is where it is without links, below the resolved root.
+struct CacheLocation {
+  const CacheTarget* target;
+  std::string location;
+  std::string resolved;
+};
+
 // A folder that may become a candidate.
 struct CacheItem {
   const CacheTarget* target;
@@ -42,7 +49,10 @@ class CacheScan {
   ScanOutcome run() {
     for (const CacheTarget& target : CacheRules::locations) {
       checkForCancellation();
-      visit(target);
+      find(target);
+    }
+    for (const CacheLocation& found : locations_) {
+      if (!holdsAnother(found)) visit(found);
     }
     measurements_.finish();
     for (const CacheItem& item : items_) report(item);
@@ -58,30 +68,42 @@ class CacheScan {
     return root;
   }
 
-  void visit(const CacheTarget& target) {
-    const std::string location = paths::appending(root_, target.relativePath);
+  void find(const CacheTarget& target) {
+    std::string location = paths::appending(root_, target.relativePath);
     FileAttributes attributes;
     if (fileManager_.readAttributes(workingDirectory, location.c_str(), LinkPolicy::doNotFollow,
                                     attributes) ||
         !attributes.isFolder()) {
       return;
     }
-    if (!visited_.insert(FileIdentity::token(attributes)).second) return;
     // Opened later, by its resolved path and without links, so that a link put in its way after it
     // was found to lie inside leads nowhere.
-    const std::string resolved = PathSafety::resolved(location);
+    std::string resolved = PathSafety::resolved(location);
     if (!paths::isBelow(resolved, resolvedRoot_)) return;
-    if (target.expandsChildren) {
-      visitChildren(target, location, resolved);
+    if (!found_.insert(FileIdentity::token(attributes)).second) return;
+    locations_.push_back({&target, std::move(location), std::move(resolved)});
+  }
+
+  // No row lies within another, but a link can put it there. The inner one says better what it is,
+  // and the outer one is then no cache of its tool alone.
+  bool holdsAnother(const CacheLocation& outer) const {
+    return std::ranges::any_of(locations_, [&outer](const CacheLocation& inner) {
+      return paths::isBelow(inner.resolved, outer.resolved);
+    });
+  }
+
+  void visit(const CacheLocation& found) {
+    if (found.target->expandsChildren) {
+      visitChildren(found);
     } else {
-      visitItem(target, location, resolved);
+      visitItem(*found.target, found.location, found.resolved);
     }
   }
 
-  void visitChildren(const CacheTarget& target, const std::string& location,
-                     const std::string& resolved) {
+  void visitChildren(const CacheLocation& found) {
     FileDescriptor folder;
-    if (fileManager_.openFolder(workingDirectory, resolved.c_str(), LinkPolicy::refuse, folder)) {
+    if (fileManager_.openFolder(workingDirectory, found.resolved.c_str(), LinkPolicy::refuse,
+                                folder)) {
       return;
     }
     DirectoryEnumerator children(fileManager_, DirectoryEnumerator::Order::byName,
@@ -90,8 +112,8 @@ class CacheScan {
     while (children.next()) {
       children.skipDescendants();
       if (children.type() != EntryType::folder || children.name().starts_with('.')) continue;
-      visitItem(target, paths::appending(location, children.name()),
-                paths::appending(resolved, children.name()));
+      visitItem(*found.target, paths::appending(found.location, children.name()),
+                paths::appending(found.resolved, children.name()));
     }
   }
 
@@ -153,7 +175,8 @@ class CacheScan {
   ScanReports& reports_;
   std::vector<ScanIssue> issues_;
   std::vector<CacheItem> items_;
-  std::set<std::string> visited_;  // identities: two rows can name one folder through a link
+  std::set<std::string> found_;  // identities: two rows can name one folder through a link
+  std::vector<CacheLocation> locations_;
   const CacheTarget* reportedTarget_ = nullptr;
   std::int64_t entries_ = 0;  // examined below the target that is reported
   const std::string resolvedRoot_;

@@ -5,6 +5,7 @@ BROOMTIDE   the program to test
 
 import os
 import re
+import signal
 import subprocess
 import tempfile
 import time
@@ -442,6 +443,9 @@ class WithoutWindow(unittest.TestCase):
             (["--help"], {}, 0, "Usage: broomtide\n.*broomtide-cli.*"),
             ([], {}, 1, "broomtide: There is no display .* use broomtide-cli\\.\n"),
             (["a\nb"], offscreen, 2, r"broomtide: 'a\\nb' is not understood.*--help.*"),
+            ([], {**offscreen, "QT_QPA_PLATFORM": "xcb", "DISPLAY": ":0.x"}, -signal.SIGABRT,
+             r"[^\n]*could not connect to display :0\.x\n.*"),
+            ([], {**offscreen, "QT_QPA_PLATFORM": "no-such"}, -signal.SIGABRT, r"[^\n]*plugin \"no-such\".*"),
         ]:
             with self.subTest(arguments):
                 kept = {name: value for name, value in os.environ.items()

@@ -412,18 +412,25 @@ def cache_items(location, expands_children):
     ]
 
 
-def scan_caches(scan):
-    visited = set()
+def cache_locations(root):
+    """(target, location) of everything that is there: no folder twice, none that holds another."""
+    below = os.path.realpath(root) + b"/"
+    found = {}
     for target in rules.CACHE_TARGETS:
-        location = scan.root + b"/" + target.relative_path.encode()
-        if not os.path.isdir(location) or os.path.islink(location):
+        location = root + b"/" + target.relative_path.encode()
+        real = os.path.realpath(location)
+        if not os.path.isdir(location) or os.path.islink(location) or not real.startswith(below):
             continue
-        identity = (os.lstat(location).st_dev, os.lstat(location).st_ino)
-        if identity in visited:
-            continue
-        visited.add(identity)
-        if not os.path.realpath(location).startswith(os.path.realpath(scan.root) + b"/"):
-            continue
+        attributes = os.lstat(location)
+        found.setdefault((attributes.st_dev, attributes.st_ino), (target, location, real))
+    real_locations = [real for _, _, real in found.values()]
+    for target, location, real in found.values():
+        if not any(other.startswith(real + b"/") for other in real_locations):
+            yield target, location
+
+
+def scan_caches(scan):
+    for target, location in cache_locations(scan.root):
         for path, attributes, open_folder in cache_items(location, target.expands_children):
             measured = measure_folder(open_folder, path)
             scan.issues.extend(measured.issues)

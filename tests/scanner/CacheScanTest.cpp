@@ -55,8 +55,9 @@ TEST(CacheScan, ExpandsVisibleChildFoldersOnly) {
 TEST(CacheScan, LeavesWhatToolsKeepBesideTheirCaches) {
   TemporaryTree tree;
   for (const char* path :
-       {".ccache/ccache.conf", ".ccache/a/b", ".cache/deno/location_data/kv/kv.sqlite3",
-        ".cache/deno/npm/registry/x", ".cache/huggingface/token", ".cache/huggingface/hub/model",
+       {".ccache/ccache.conf", ".ccache/a/b", ".cache/ccache/ccache.conf", ".cache/ccache/c/d",
+        ".cache/deno/location_data/kv/kv.sqlite3", ".cache/deno/npm/registry/x",
+        ".cache/huggingface/token", ".cache/huggingface/hub/model",
         ".cache/helm/plugins/diff/plugin.yaml", ".cache/helm/repository/index.yaml",
         ".cache/pypoetry/virtualenvs/app/pyvenv.cfg", ".cache/pypoetry/artifacts/x",
         ".terraform.d/plugin-cache/registry/x", ".terraform.d/credentials.tfrc.json"}) {
@@ -64,9 +65,9 @@ TEST(CacheScan, LeavesWhatToolsKeepBesideTheirCaches) {
   }
   EXPECT_EQ(
       pathsOf(ScanRecorder().scan(tree.root(), ScanMode::caches)),
-      (std::vector<std::string>{".cache/pypoetry/artifacts", ".ccache/a", ".cache/helm/repository",
-                                ".cache/deno/npm", ".terraform.d/plugin-cache/registry",
-                                ".cache/huggingface/hub"}));
+      (std::vector<std::string>{".cache/pypoetry/artifacts", ".cache/ccache/c", ".ccache/a",
+                                ".cache/helm/repository", ".cache/deno/npm",
+                                ".terraform.d/plugin-cache/registry", ".cache/huggingface/hub"}));
 }
 
 // Two rows can name one folder when what holds it is linked.
@@ -77,6 +78,32 @@ TEST(CacheScan, TakesWhatTwoRowsNameOnce) {
   tree.link("Library/Caches", ".cache");
   EXPECT_EQ(pathsOf(ScanRecorder().scan(tree.root(), ScanMode::caches)),
             (std::vector<std::string>{"Library/Caches/pip", ".cache/uv"}));
+}
+
+// Through a link, one location can lie within another: only the inner one is offered, whichever of
+// them comes first, so that nothing counts twice and nothing goes along unseen.
+TEST(CacheScan, TakesNoLocationThatHoldsAnother) {
+  struct Case {
+    std::string target, link;
+    std::vector<std::string> files, offered;
+  };
+  for (const Case& row : std::vector<Case>{
+           {".cache/bazel", ".npm", {".cache/bazel/_cacache/x"}, {".npm/_cacache"}},
+           {".cache/uv", ".cargo", {".cache/uv/git/x", ".cache/uv/x"}, {".cargo/git"}},
+           {".ccache",
+            ".cache",
+            {".ccache/ccache/a/x", ".ccache/uv/x", ".ccache/firefox/x"},
+            {".cache/uv", ".cache/ccache/a"}},
+           {".cache/uv-2",
+            ".npm",
+            {".cache/uv/x", ".cache/uv-2/_cacache/x"},
+            {".npm/_cacache", ".cache/uv"}},
+       }) {
+    TemporaryTree tree;
+    for (const std::string& path : row.files) tree.file(path, "x");
+    tree.link(row.target, row.link);
+    EXPECT_EQ(pathsOf(ScanRecorder().scan(tree.root(), ScanMode::caches)), row.offered) << row.link;
+  }
 }
 
 TEST(CacheScan, LeavesTheRootThroughNoLink) {

@@ -62,6 +62,9 @@ TEST(EngineText, KeepsWhatStandsInASentence) {
       {FolderChoice::refusal("/tmp/a\u202eb ”. c", "/home/%1"),
        "In „a\\u202eb ”. c“ wurden keine bekannten Entwickler-Caches gefunden. Wählen Sie zum "
        "Scannen von Entwickler-Caches Ihren persönlichen Ordner (/home/%1) aus."},
+      {FolderChoice::refusal("/tmp/x", "/home/a, Document"),
+       "In „x“ wurden keine bekannten Entwickler-Caches gefunden. Wählen Sie zum Scannen von "
+       "Entwickler-Caches Ihren persönlichen Ordner (/home/a, Document) aus."},
       {FolderChoice::refusal("/tmp/Logs", std::nullopt),
        "In „Logs“ wurden keine bekannten Entwickler-Caches gefunden. Wählen Sie zum Scannen von "
        "Entwickler-Caches Ihren persönlichen Ordner (Ihr persönlicher Ordner) aus."},
@@ -74,6 +77,8 @@ TEST(EngineText, KeepsWhatStandsInASentence) {
       {"Calculating a/Cache…", "Größe von a/Cache wird ermittelt …"},
       {"Detected 1 project context(s)…", "1 Projekt erkannt …"},
       {"Detected 12 project context(s)…", "12 Projekte erkannt …"},
+      {"Detected foo project context(s)…", "Detected foo project context(s)…"},  // a folder
+      {"Detected 99999999999 project context(s)…", "Detected 99999999999 project context(s)…"},
       {"Cache", "Cache"},
       {"Logs", "Logs"},  // a folder, not the category
       {"a\nb", "a\\nb"},

@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "ui/look/DisplayText.h"
@@ -17,9 +18,10 @@ constexpr const char* context = "Engine";
 
 // What stands at one place of a sentence.
 enum class Value {
-  name,    // put back as it is
-  titles,  // constants of the engine with commas between, if they are that
-  count,   // a number, which decides about the form of what is around
+  name,      // put back as it is
+  constant,  // a constant of the engine, if it is that
+  titles,    // constants of the engine with commas between, if they are that
+  count,     // a number, which decides about the form of what is around
 };
 
 // What the engine says with something in it, or in words that stand in none of its tables.
@@ -43,7 +45,7 @@ constexpr std::array sentences{
         QT_TRANSLATE_NOOP("Engine",
                           "No known developer cache locations were found under “%1”. When scanning "
                           "developer caches, select your home folder (%2) in the picker."),
-        {Value::name, Value::titles}},
+        {Value::name, Value::constant}},
     Sentence{QT_TRANSLATE_NOOP("Engine", "your home folder")},
     Sentence{QT_TRANSLATE_NOOP("Engine",
                                "Recognized artifact signature, but no supported project "
@@ -121,6 +123,18 @@ std::string filledIn(std::string_view pattern, const std::vector<std::string>& v
   return result;
 }
 
+std::optional<int> wholeNumber(std::string_view text) {
+  int number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return number;
+}
+
+// A name can look like a sentence that counts.
+bool hasItsCount(const Sentence& sentence, const Parts& found) {
+  return sentence.values.front() != Value::count || wholeNumber(found.front());
+}
+
 std::string inOtherWords(const Sentence& sentence, const Parts& found) {
   std::vector<std::string> values;
   for (std::size_t place = 0; place < found.size(); ++place) {
@@ -129,14 +143,14 @@ std::string inOtherWords(const Sentence& sentence, const Parts& found) {
       case Value::name:
         values.emplace_back(value);
         break;
+      case Value::constant:
+        values.push_back(translated(value));
+        break;
       case Value::titles:
         values.push_back(translatedList(value));
         break;
-      case Value::count: {
-        int count = 0;
-        std::from_chars(value.data(), value.data() + value.size(), count);
-        return translated(sentence.english, count);
-      }
+      case Value::count:
+        return translated(sentence.english, wholeNumber(value).value_or(0));
     }
   }
   return filledIn(translated(sentence.english), values);
@@ -144,8 +158,8 @@ std::string inOtherWords(const Sentence& sentence, const Parts& found) {
 
 std::optional<std::string> among(std::span<const Sentence> known, std::string_view text) {
   for (const Sentence& sentence : known) {
-    if (const auto values = valuesIn(text, sentence.english))
-      return inOtherWords(sentence, *values);
+    const std::optional<Parts> values = valuesIn(text, sentence.english);
+    if (values && hasItsCount(sentence, *values)) return inOtherWords(sentence, *values);
   }
   return std::nullopt;
 }

@@ -1065,7 +1065,7 @@ Run broomtide --help for more information.
     </message>
     <message>
         <source>Environments of pre-commit hooks, installed again on the next run. Patch files in it hold changes that were not staged while hooks ran, and do not come back.</source>
-        <translation>pre-commit 钩子的环境，下次运行时会重新安装。其中的补丁文件保存了钩子运行时未暂存的更改，删除后无法恢复。</translation>
+        <translation>pre-commit 钩子的环境，下次运行时会重新安装。其中的补丁文件保存了钩子运行时未暂存的更改，不会重新生成。</translation>
     </message>
     <message>
         <source>Global NuGet package folder. Packages are downloaded again on the next restore.</source>
@@ -1097,7 +1097,7 @@ Run broomtide --help for more information.
     </message>
     <message>
         <source>Indexes and caches of a JetBrains IDE, which recreates them. The local history of your files is in it too, and does not come back.</source>
-        <translation>JetBrains IDE 的索引和缓存，IDE 会重新创建。其中还包含文件的本地历史记录，删除后无法恢复。</translation>
+        <translation>JetBrains IDE 的索引和缓存，IDE 会重新创建。其中还包含文件的本地历史记录，不会重新生成。</translation>
     </message>
     <message>
         <source>Load the datasets again.</source>
@@ -1145,7 +1145,7 @@ Run broomtide --help for more information.
     </message>
     <message>
         <source>Playwright browser binaries, downloaded again on the next install. A folder named mcp-… is a browser profile instead, with its logins, and does not come back.</source>
-        <translation>Playwright 浏览器程序，下次安装时会重新下载。名为 mcp-… 的文件夹则是浏览器配置文件，包含登录信息，删除后无法恢复。</translation>
+        <translation>Playwright 浏览器程序，下次安装时会重新下载。名为 mcp-… 的文件夹则是浏览器配置文件，包含登录信息，不会重新生成。</translation>
     </message>
     <message>
         <source>Poetry cache of package indexes. They are downloaded again when dependencies are resolved.</source>
