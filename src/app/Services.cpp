@@ -7,18 +7,11 @@
 #include "cleanup/DefaultTrashManager.h"
 #include "cleanup/JSONHistoryStore.h"
 #include "context/GitInspector.h"
-#include "core/Paths.h"
 #include "platform/UserFolders.h"
 #include "scanner/DefaultFileScanner.h"
 
 namespace broomtide::services {
 namespace {
-
-std::optional<std::string> homeTrash() {
-  const std::optional<std::string> data = UserFolders::applicationData();
-  if (!data) return std::nullopt;
-  return paths::appending(*data, "Trash");
-}
 
 std::unique_ptr<TrashManaging> makeTrashManager() {
   return std::make_unique<DefaultTrashManager>(
@@ -26,7 +19,7 @@ std::unique_ptr<TrashManaging> makeTrashManager() {
       [](const std::vector<std::string>& roots, const std::stop_token& stop) {
         return GitInspector::inspect(roots, stop);
       },
-      homeTrash());
+      UserFolders::homeTrash());
 }
 
 }  // namespace

@@ -63,6 +63,8 @@ std::string climbed(std::string path, int depth) {
 }  // namespace
 
 std::error_code Trash::move(const TrashItem& item) {
+  const std::string path = paths::appending(item.folder, item.name);
+  if (known_.hold(path)) return std::make_error_code(std::errc::operation_not_permitted);
   FileDescriptor folder;
   if (const std::error_code error = fileManager_.openFolder(workingDirectory, item.folder.c_str(),
                                                             LinkPolicy::refuse, folder)) {
@@ -76,7 +78,6 @@ std::error_code Trash::move(const TrashItem& item) {
   if (FileIdentity::token(attributes) != item.identity) {
     return std::make_error_code(std::errc::operation_canceled);
   }
-  const std::string path = paths::appending(item.folder, item.name);
   if (attributes.isFolder()) {
     if (const std::error_code error = refuseMountsBelow(path)) return error;
   }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/TrashFolder.h"
+#include "platform/TrashPlaces.h"
 
 namespace broomtide {
 
@@ -21,11 +22,11 @@ class Trash {
   /// `home` is the user's own Trash, an absolute path that need not exist yet; without it only the
   /// Trashes of other mounts are used. The file manager must outlive the Trash.
   Trash(FileManager& fileManager, std::optional<std::string> home)
-      : fileManager_(fileManager), home_(std::move(home)) {}
+      : fileManager_(fileManager), home_(std::move(home)), known_(home_) {}
 
-  /// Moves an item, unless it has turned into another one, or something is mounted below it: that
-  /// would move along, and be erased with the Trash. What a failure leaves behind is told at
-  /// `TrashFolder::take`.
+  /// Moves an item, unless it has turned into another one, lies in a Trash already, or something is
+  /// mounted below it: that would move along, and be erased with the Trash. What a failure leaves
+  /// behind is told at `TrashFolder::take`.
   std::error_code move(const TrashItem& item);
 
   /// To be called after the last item: tells file managers the sizes of the folders that were
@@ -51,6 +52,7 @@ class Trash {
 
   FileManager& fileManager_;
   const std::optional<std::string> home_;
+  const TrashPlaces known_;
   std::map<Mount, std::unique_ptr<Place>> places_;
   std::optional<std::vector<std::string>> mountPoints_;  // read when they are first needed
 };

@@ -27,6 +27,14 @@ std::string_view shortened(std::string_view text, std::size_t most) {
 
 }  // namespace
 
+bool isTrashOfMount(std::string_view name) {
+  constexpr std::string_view shared = ".Trash";
+  if (!name.starts_with(shared)) return false;
+  name.remove_prefix(shared.size());
+  return name.empty() || (name.size() > 1 && name.front() == '-' &&
+                          name.find_first_not_of("0123456789", 1) == std::string_view::npos);
+}
+
 std::string trashName(std::string_view name, std::uint64_t number) {
   std::string_view extension = paths::pathExtension(name);
   if (extension.size() > longestExtension) extension = {};

@@ -12,6 +12,10 @@ namespace broomtide {
 /// What follows the name of an item in the name of the file that tells where it came from.
 inline constexpr std::string_view trashInfoSuffix = ".trashinfo";
 
+/// Whether a folder of this name at the top of a mount is a Trash: ".Trash" for all users, or that
+/// of one of them, such as ".Trash-1000".
+bool isTrashOfMount(std::string_view name);
+
 /// The name that an item gets in the Trash: `name` for the number 1, else with the number before
 /// its extension. Shortened, but for the extension, so that there is room for the suffix.
 std::string trashName(std::string_view name, std::uint64_t number);

@@ -43,4 +43,10 @@ std::optional<std::string> applicationData() {
   return paths::appending(*home, ".local/share");
 }
 
+std::optional<std::string> homeTrash() {
+  const std::optional<std::string> data = applicationData();
+  if (!data) return std::nullopt;
+  return paths::appending(*data, "Trash");
+}
+
 }  // namespace broomtide::UserFolders

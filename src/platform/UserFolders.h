@@ -14,4 +14,7 @@ std::optional<std::string> realHome();
 /// folder of the environment, else in the real one; nothing when none of them is known.
 std::optional<std::string> applicationData();
 
+/// The user's own Trash; nothing when it is not known where applications keep data.
+std::optional<std::string> homeTrash();
+
 }  // namespace broomtide::UserFolders

@@ -7,6 +7,7 @@
 #include "context/GitInspector.h"
 #include "core/Paths.h"
 #include "core/ScannerError.h"
+#include "platform/UserFolders.h"
 #include "scanner/CacheScan.h"
 #include "scanner/ReportedScan.h"
 #include "scanner/TreeScan.h"
@@ -16,7 +17,8 @@ namespace broomtide {
 ScannerSettings ScannerSettings::forThisMachine() {
   return {.measuringThreads = std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 8),
           .git = GitInspector::executable(),
-          .gitRunLimit = GitInspector::runLimit};
+          .gitRunLimit = GitInspector::runLimit,
+          .homeTrash = UserFolders::homeTrash()};
 }
 
 DefaultFileScanner::DefaultFileScanner(FileManager& fileManager, ScannerSettings settings)

@@ -39,6 +39,7 @@ ScanOutcome TreeScan::run() {
                    .now = now_,
                    .fileManager = fileManager_,
                    .measurements = measurements,
+                   .trashes = TrashPlaces(settings_.homeTrash),
                    .onRepository = [this](const std::string& root) { git_.add(root); }},
                   stop_);
   if (mode_ == ScanMode::project) {

@@ -113,7 +113,8 @@ class WalkAhead::Walker {
   }
 
   void visitFolder() {
-    if (isProjectScan() && ScanRules::isSensitiveDirectory(entries_.name())) {
+    const bool isSensitive = isProjectScan() && ScanRules::isSensitiveDirectory(entries_.name());
+    if (isSensitive || isTrash()) {
       entries_.skipDescendants();
       steps_.addPassedOver();
       return;
@@ -171,6 +172,10 @@ class WalkAhead::Walker {
            !ScanRules::isKnownArtifactDirectory(name);
   }
 
+  bool isTrash() const {
+    return setup_.trashes.isTrash(resolvedRoot_, entries_.folderPath(), entries_.name());
+  }
+
   bool isProjectScan() const { return setup_.mode == ScanMode::project; }
 
   const ScanRule* matchingRule(CandidateKind kind, std::optional<Date> modificationDate) const {
@@ -206,7 +211,8 @@ class WalkAhead::Walker {
   WalkWriter steps_;
   std::size_t entriesSeen_ = 0;
   Clock::time_point lastFlush_ = Clock::now();
-  const bool nothingIsInside_ = PathSafety::resolved(setup_.root) == "/";
+  const std::string resolvedRoot_ = PathSafety::resolved(setup_.root);
+  const bool nothingIsInside_ = resolvedRoot_ == "/";
 };
 
 WalkAhead::WalkAhead(FileDescriptor top, Setup setup, std::stop_token stop)

@@ -10,6 +10,7 @@
 #include "core/Enumerations.h"
 #include "platform/FileManager.h"
 #include "platform/LinkedStopSource.h"
+#include "platform/TrashPlaces.h"
 #include "scanner/BoundedQueue.h"
 #include "scanner/MeasurementPool.h"
 #include "scanner/WalkRecord.h"
@@ -27,6 +28,7 @@ class WalkAhead {
     Date now;          ///< the reference time of rules about age
     FileManager& fileManager;
     MeasurementPool& measurements;
+    TrashPlaces trashes;                               ///< what the walk does not enter
     ProjectDetector::RepositoryFunction onRepository;  ///< called on the thread of the walk
   };
 

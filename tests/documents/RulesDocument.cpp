@@ -75,7 +75,8 @@ Neither projects nor Git count here, and nothing is selected from the start.
 constexpr std::string_view guardedOpening = R"(
 ## What a scan of projects keeps away from
 
-Links are never followed. Folders with these names are never entered, whatever is in them:
+Links are never followed. The user's own Trash is never entered, nor are folders called `.Trash` or
+`.Trash-` and a number. Folders with these names are never entered, whatever is in them:
 
 )";
 

@@ -172,9 +172,22 @@ def run_git(root, arguments):
     return [piece for piece in done.stdout.split(b"\0") if piece] if done.returncode == 0 else None
 
 
+def is_passed_by(root):
+    """Whether Git takes a folder called .git for no repository, and would answer for one around it instead."""
+    store = root + b"/.git"
+    if os.path.islink(store) or not os.path.isdir(store):
+        return False
+    return not (os.access(store + b"/HEAD", os.R_OK)
+                and all(os.path.isdir(store + part) and os.access(store + part, os.X_OK)
+                        for part in (b"/objects", b"/refs")))
+
+
 class Snapshot:
     def __init__(self, root):
         self.root = root
+        if is_passed_by(root):
+            self.tracked = None
+            return
         self.tracked = run_git(root, [b"ls-files", b"-z", b"--cached"])
         self.ignored = run_git(
             root,
@@ -220,7 +233,15 @@ def nearest(path, roots):
     return max((root for root in roots if is_or_lies_below(path, root)), key=len, default=None)
 
 
-def discover(root):
+def is_trash(entry, root, home_trash):
+    """Whether a folder is a Trash. What lies in one has been moved already."""
+    if rules.is_trash_of_mount(entry.name):
+        return True
+    place = os.path.realpath(root) + entry.path[len(root):]
+    return home_trash is not None and place == os.path.realpath(home_trash)
+
+
+def discover(root, home_trash):
     discovery = Discovery()
     projects = {}
     git_roots = set()
@@ -238,6 +259,8 @@ def discover(root):
             return False
         if entry.kind == "directory":
             if entry.name in rules.SENSITIVE_DIRECTORIES or entry.name in rules.ARTEFACT_DIRECTORIES:
+                return False
+            if is_trash(entry, root, home_trash):
                 return False
             if entry.name.endswith((b".xcodeproj", b".xcworkspace")):
                 add_manifest(entry, "swift")
@@ -266,6 +289,7 @@ class Scan:
     root: bytes
     mode: str
     now_ns: int
+    home_trash: bytes | None = None
     entries: int = 0
     candidates: list = field(default_factory=list)
     issues: list = field(default_factory=list)
@@ -332,7 +356,7 @@ def judge_download(rule):
 def scan_tree(scan):
     """Project and downloads mode: one walk over the whole folder."""
     in_project_mode = scan.mode == "project"
-    discovery = discover(scan.root) if in_project_mode else Discovery()
+    discovery = discover(scan.root, scan.home_trash) if in_project_mode else Discovery()
     snapshots = {root: Snapshot(root) for root in discovery.git_roots}
     projects = {project.root: project for project in discovery.projects}
     scan.projects = discovery.projects
@@ -345,6 +369,8 @@ def scan_tree(scan):
             return False
         is_directory = entry.kind == "directory"
         if in_project_mode and is_directory and entry.name in rules.SENSITIVE_DIRECTORIES:
+            return False
+        if is_directory and is_trash(entry, scan.root, scan.home_trash):
             return False
         if in_project_mode and not is_directory and rules.is_protected_file(entry.name):
             return False
@@ -446,10 +472,10 @@ def scan_caches(scan):
             scan.add(path, "directory", measured.size, attributes, target, judgement, None, None, "unavailable")
 
 
-def expected_document(folder, mode, working_directory=None, now_ns=None):
+def expected_document(folder, mode, working_directory=None, now_ns=None, home_trash=None):
     """The document for a folder argument (bytes) as given on the command line in a working directory."""
     root = os.path.normpath(os.path.join(working_directory or os.getcwdb(), folder))
-    scan = Scan(root, mode, time.time_ns() if now_ns is None else now_ns)
+    scan = Scan(root, mode, time.time_ns() if now_ns is None else now_ns, home_trash)
     if not os.path.isdir(root):
         raise NotADirectoryError(errno.ENOTDIR, os.strerror(errno.ENOTDIR), root)
     if mode == "caches":
@@ -464,7 +490,9 @@ def main():
     parser.add_argument("--mode", choices=["project", "caches", "downloads"], default="project")
     parser.add_argument("folder", type=os.fsencode)
     arguments = parser.parse_args()
-    json.dump(expected_document(arguments.folder, arguments.mode), sys.stdout, indent=2, ensure_ascii=False)
+    data = os.environb.get(b"XDG_DATA_HOME") or os.path.expanduser(b"~/.local/share")
+    document = expected_document(arguments.folder, arguments.mode, home_trash=data + b"/Trash")
+    json.dump(document, sys.stdout, indent=2, ensure_ascii=False)
     print()
 
 

@@ -28,6 +28,11 @@ class Tree:
     working_directory: bytes
     unreadable: list = field(default_factory=list)  # (folder, mode), to be set last
 
+    @property
+    def data(self):
+        """The folder that holds the user's own Trash."""
+        return self.root + b"/share"
+
 
 class Builder(Repositories):
     budget = 60  # folders of a project tree that may still be populated
@@ -162,6 +167,20 @@ class Builder(Repositories):
         stores = [folder + b"/.git" for folder in self.repositories if os.path.isdir(folder + b"/.git")]
         return chosen + [(store, 0o000) for store in stores if self.chance(0.1)]
 
+    def trashes(self):
+        """Trashes with what would be offered elsewhere, and folders that only look like one."""
+        for name in self.some([b"share/Trash", b"Trash", b"zone/Trash", b".Trash", b".Trash-0", b".Trash-1000/files",
+                               b"zone/.Trash-5", b".Trash-", b".Trash-x", b".trash", b"share/Trash-0"], 6):
+            folder = self.root
+            for part in [*name.split(b"/"), b"files", b"app"]:
+                folder += b"/" + part
+                self.folder(folder)
+            self.file(folder + b"/package.json", 10)
+            self.file(folder + b"/old.csv", 4096)
+            self.folder(folder + b"/.next")
+            self.file(folder + b"/.next/page", 4096)
+            self.repositories += [folder] * self.chance(0.3)
+
     # -- the three kinds of tree
 
     def project_tree(self):
@@ -175,6 +194,8 @@ class Builder(Repositories):
                 where = self.root + b"/" + self.random.choice([b"zone", b"Zone 1", b"_"])
                 self.folder(where)
                 arrange(where)
+        if self.chance(0.5):
+            self.trashes()
         self.populate(self.root)
         self.random.shuffle(self.repositories)
         for folder in self.repositories:
@@ -203,6 +224,8 @@ class Builder(Repositories):
                     self.file(path)
         if self.chance(0.2):
             self.chain(self.root, b"L" * 255, 18, [])
+        if self.chance(0.5):
+            self.trashes()
         if self.chance(0.2):
             self.file(self.root + b"/package.json", 10)
             self.git(self.root, "init", "-q", "--template=")

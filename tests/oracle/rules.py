@@ -2,6 +2,7 @@
 
 import csv
 import os
+import re
 from dataclasses import dataclass
 
 TABLES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "tables")
@@ -145,6 +146,10 @@ def match(name, kind, mode, age_seconds):
             if rule.minimum_age is None or age_seconds() >= rule.minimum_age:
                 return rule
     return None
+
+
+def is_trash_of_mount(name):
+    return re.fullmatch(rb"\.Trash(-[0-9]+)?", name) is not None
 
 
 def is_protected_file(name):

@@ -76,11 +76,11 @@ def chown_tree(base, user):
 # --- One comparison
 
 
-def cli_environment(home):
+def cli_environment(home, data):
     """Git settings that Broomtide must keep from Git, and a home folder in which nothing may appear."""
     environment = {key: value for key, value in os.environ.items() if key != "DEVELOPER_DIR"}
     environment.update(
-        HOME=home, XDG_DATA_HOME=home + "/data", XDG_CONFIG_HOME=home + "/config", LC_ALL="C.UTF-8",
+        HOME=home, XDG_DATA_HOME=os.fsdecode(data), XDG_CONFIG_HOME=home + "/config", LC_ALL="C.UTF-8",
         GIT_DIR="/nonexistent", GIT_INDEX_FILE="/nonexistent/index", GIT_WORK_TREE="/nonexistent",
     )
     return environment
@@ -108,7 +108,7 @@ expected.before_git = limit_open_files  # Git keeps a descriptor per level: its 
 def scan(cli, mode, tree, home):
     done = subprocess.run(
         [cli, "scan", "--json", "--mode", mode, tree.argument],
-        cwd=tree.working_directory, env=cli_environment(home), preexec_fn=limit_open_files, timeout=120,
+        cwd=tree.working_directory, env=cli_environment(home, tree.data), preexec_fn=limit_open_files, timeout=120,
         stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
     )
     return done.returncode, done.stdout, done.stderr
@@ -183,7 +183,8 @@ def compare(cli, mode, tree, base, home, user):
     for path, permissions in sorted(tree.unreadable, reverse=True):  # inner folders first
         os.chmod(path, permissions)
     before = portrait(base)
-    want = call_as(user, expected.expected_document, tree.argument, mode, tree.working_directory)
+    question = (expected.expected_document, tree.argument, mode, tree.working_directory, None, tree.data + b"/Trash")
+    want = call_as(user, *question)
     status, output, errors = call_as(user, scan, cli, mode, tree, home)
     after = portrait(base)
     problems = [f"the scan changed {path!r}: {before.get(path)} became {after.get(path)}"
@@ -198,7 +199,7 @@ def compare(cli, mode, tree, base, home, user):
     found = list(differences(want, got))
     if found:
         # Some file systems settle the allocation of fresh files late; only then the answer may change.
-        again = call_as(user, expected.expected_document, tree.argument, mode, tree.working_directory)
+        again = call_as(user, *question)
         if again != want:
             status, output, errors = call_as(user, scan, cli, mode, tree, home)
             got = json.loads(output)

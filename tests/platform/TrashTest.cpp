@@ -218,6 +218,27 @@ TEST_F(TrashMove, AnItemThatCannotBeLookedAtAfterwardsIsMovedBack) {
   EXPECT_TRUE(fs::is_empty(tree.path("Trash/info")));
 }
 
+TEST_F(TrashMove, WhatIsInATrashAlreadyStaysThere) {
+  tree.link("Trash", "linked");
+  for (const std::string folder :
+       {"Trash/files", "Trash/files/deeper", ".Trash-1000/files", ".Trash/0"}) {
+    tree.file(folder + "/build/object", "object");
+    for (const char* home : {"Trash", "linked"}) {
+      Trash trash(files, tree.path(home));
+      const auto before = snapshotOf(tree.root());
+      EXPECT_TRUE(trash.move(
+          {.folder = tree.path(folder),
+           .name = "build",
+           .identity =
+               FileIdentity::read(systemFileManager(), tree.path(folder + "/build")).value_or(""),
+           .size = 4096,
+           .isFolder = true}))
+          << folder;
+      EXPECT_EQ(snapshotOf(tree.root()), before) << folder;
+    }
+  }
+}
+
 TEST_F(TrashMove, AFolderThatIsReplacedByALinkIsNotEntered) {
   tree.file("outside/build/precious");
   tree.run("mv work away; ln -s outside work");

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <future>
+#include <set>
 
 #include "core/ScannerError.h"
 #include "scanner/DefaultFileScanner.h"
@@ -105,6 +106,27 @@ TEST(TreeScan, KeepsOutOfSensitivePlacesAndArtefactsInsideArtefacts) {
   tree.link("x.log", "src/link.log");
   EXPECT_THAT(pathsOf(ScanRecorder().scan(tree.root())),
               testing::UnorderedElementsAre(".next", "App.xcodeproj/.next", "src/x.log"));
+}
+
+// What has been moved already would lose its way back.
+TEST(TreeScan, OffersNothingThatIsInATrash) {
+  TemporaryTree tree;
+  for (const char* folder : {"share/Trash", "Trash", ".Trash", ".Trash-1000", "disk/.Trash-0",
+                             ".Trash-", ".Trash-x", "share/Trashes"}) {
+    tree.file(std::string(folder) + "/files/app/package.json");
+    tree.file(std::string(folder) + "/files/app/.next/page", "x");
+    tree.file(std::string(folder) + "/files/table.csv", "x");
+  }
+  tree.link("share", "linked");
+  const auto names = [](const std::vector<std::string>& paths) {
+    std::set<std::string> tops;
+    for (const std::string& path : paths) tops.insert(path.substr(0, path.find("/files/")));
+    return tops;
+  };
+  const std::set<std::string> expected{"Trash", ".Trash-", ".Trash-x", "share/Trashes"};
+  for (const ScanMode mode : {ScanMode::project, ScanMode::downloads}) {
+    EXPECT_EQ(names(pathsOf(ScanRecorder().scan(tree.root(), mode))), expected);
+  }
 }
 
 TEST(TreeScan, PassesOverWhatIsNeitherFileNorFolder) {

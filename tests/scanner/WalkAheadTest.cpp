@@ -23,6 +23,7 @@ class Walking : public testing::Test {
                     .now = {},
                     .fileManager = files,
                     .measurements = measurements,
+                    .trashes = TrashPlaces(std::nullopt),
                     .onRepository = onRepository},
                    stop);
     return walk.awaitDiscovery();

@@ -13,7 +13,8 @@ namespace broomtide::test {
 ScanResult ScanRecorder::scan(const std::string& root, ScanMode mode, Date now) {
   DefaultFileScanner scanner(fileManager_, {.measuringThreads = 2,
                                             .git = GitInspector::executable(),
-                                            .gitRunLimit = GitInspector::runLimit});
+                                            .gitRunLimit = GitInspector::runLimit,
+                                            .homeTrash = root + "/share/Trash"});
   std::vector<ScanCandidate> before;
   return scanner.scan(root, mode, now,
                       [&](std::span<const ScanUpdate> told,
