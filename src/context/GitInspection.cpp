@@ -6,12 +6,33 @@
 
 #include "core/Paths.h"
 #include "platform/Confinement.h"
+#include "platform/FileManager.h"
 
 namespace broomtide {
 namespace {
 
 std::size_t mostThreads() {
   return std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 4);
+}
+
+bool isReachable(const std::string& path) {
+  FileAttributes ignored;
+  return !systemFileManager().readAttributes(workingDirectory, path.c_str(), LinkPolicy::follow,
+                                             ignored);
+}
+
+// Git passes a folder by that lacks what makes a repository, or keeps it from Git, and answers for
+// a repository around it instead.
+bool isPassedBy(const std::string& root) {
+  const std::string store = paths::appending(root, ".git");
+  FileAttributes attributes;
+  if (systemFileManager().readAttributes(workingDirectory, store.c_str(), LinkPolicy::doNotFollow,
+                                         attributes) ||
+      !attributes.isFolder()) {
+    return false;  // a file that leads to the repository, without which Git looks no further
+  }
+  return !systemFileManager().isReadable(store + "/HEAD") || !isReachable(store + "/objects/.") ||
+         !isReachable(store + "/refs/.");
 }
 
 }  // namespace
@@ -63,7 +84,7 @@ void GitInspection::work(const std::stop_token& stop) {
 }
 
 std::optional<PathSet> GitInspection::list(const Run& run, const std::stop_token& stop) const {
-  if (!git_) return std::nullopt;
+  if (!git_ || isPassedBy(run.key)) return std::nullopt;
   try {
     std::optional<ChildProcess::Output> output =
         ChildProcess::run(GitInspector::listingCommand(*git_, run.key, run.listing),

@@ -2,6 +2,8 @@
 
 #include <sys/stat.h>
 
+#include <filesystem>
+
 #include "context/GitInspection.h"
 #include "support/TemporaryTree.h"
 
@@ -54,6 +56,19 @@ TEST_F(Git, IsUnavailableWhereGitFails) {
     EXPECT_FALSE(inspect(tree.path(name)).isAvailable) << name;
   }
   EXPECT_TRUE(GitInspector::inspect({}, {}).empty());
+}
+
+// Git would answer for the repository around it, which knows nothing of what the inner one tracks.
+TEST_F(Git, IsUnavailableWhereItWouldAnswerForAnotherRepository) {
+  tree.file("outer/.gitignore", "inner/\n");
+  tree.repository("outer");
+  for (const char* missing : {"HEAD", "objects", "refs"}) {
+    tree.run("rm -rf inner && mkdir inner && cd inner && git init -q && touch file && git add file",
+             "outer");
+    EXPECT_TRUE(inspect(tree.path("outer/inner")).isAvailable) << missing;
+    std::filesystem::remove_all(tree.path("outer/inner/.git/") + missing);
+    EXPECT_FALSE(inspect(tree.path("outer/inner")).isAvailable) << missing;
+  }
 }
 
 TEST(GitListing, MustBeOneOfAnIndex) {
