@@ -15,24 +15,21 @@ std::size_t mostThreads() {
   return std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 4);
 }
 
-bool isReachable(const std::string& path) {
-  FileAttributes ignored;
-  return !systemFileManager().readAttributes(workingDirectory, path.c_str(), LinkPolicy::follow,
-                                             ignored);
-}
-
-// Git passes a folder by that lacks what makes a repository, or keeps it from Git, and answers for
-// a repository around it instead.
+// Git passes a repository by of which a part is missing or closed, and answers for the one around
+// it instead. A folder without any part is only called like a repository.
 bool isPassedBy(const std::string& root) {
-  const std::string store = paths::appending(root, ".git");
-  FileAttributes attributes;
-  if (systemFileManager().readAttributes(workingDirectory, store.c_str(), LinkPolicy::doNotFollow,
-                                         attributes) ||
-      !attributes.isFolder()) {
-    return false;  // a file that leads to the repository, without which Git looks no further
+  const std::string store = paths::appending(root, ".git/");
+  int found = 0, missing = 0;
+  for (const char* part : {"HEAD", "objects/.", "refs/."}) {
+    FileAttributes ignored;
+    const std::error_code error = systemFileManager().readAttributes(
+        workingDirectory, (store + part).c_str(), LinkPolicy::follow, ignored);
+    if (error == std::errc::not_a_directory) return false;  // a file leads to the repository
+    if (error == std::errc::permission_denied) return true;
+    ++(error ? missing : found);
   }
-  return !systemFileManager().isReadable(store + "/HEAD") || !isReachable(store + "/objects/.") ||
-         !isReachable(store + "/refs/.");
+  const bool isOpen = systemFileManager().isReadable(store + "HEAD");
+  return found > 0 && (missing > 0 || !isOpen);
 }
 
 }  // namespace

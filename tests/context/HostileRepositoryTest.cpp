@@ -88,8 +88,7 @@ TEST_F(HostileRepository, RunsNothingAndChangesNothing) {
        " git -C sub config core.fsmonitor $TRAP"},
       {"a repository of its own without a work tree",
        "cp -r .git/* .; rm -r .git; mkdir .git; git config -f config core.bare false;"
-       " git config -f config core.worktree .; git config -f config core.fsmonitor $TRAP",
-       false},
+       " git config -f config core.worktree .; git config -f config core.fsmonitor $TRAP"},
       {"an index in two parts",
        "git update-index --split-index; touch -d 2001-01-01 .git/sharedindex.*"},
       {"a cache of what is not tracked",

@@ -173,13 +173,14 @@ def run_git(root, arguments):
 
 
 def is_passed_by(root):
-    """Whether Git takes a folder called .git for no repository, and would answer for one around it instead."""
+    """Whether Git finds a part of the repository missing or closed, and would answer for the one around it."""
     store = root + b"/.git"
-    if os.path.islink(store) or not os.path.isdir(store):
+    if not os.path.isdir(store):
         return False
-    return not (os.access(store + b"/HEAD", os.R_OK)
-                and all(os.path.isdir(store + part) and os.access(store + part, os.X_OK)
-                        for part in (b"/objects", b"/refs")))
+    closed = not os.access(store, os.X_OK)
+    parts = [os.access(store + b"/HEAD", os.R_OK), os.path.exists(store + b"/HEAD"),
+             *[os.access(store + part + b"/.", os.F_OK) for part in (b"/objects", b"/refs")]]
+    return closed or any(parts) and not all(parts)
 
 
 class Snapshot:
