@@ -88,7 +88,9 @@ std::optional<PathSet> GitInspection::list(const Run& run, const std::stop_token
                           {.time = limit_, .idleTime = GitInspector::idleLimit}, stop);
     if (!output || GitInspector::tellsOfFailure(output->errors)) return std::nullopt;
     const bool isOfIndex = run.listing == GitInspector::Listing::tracked;
-    if (isOfIndex && !GitInspector::isListingOfIndex(output->text)) return std::nullopt;
+    const bool isBelievable = isOfIndex ? GitInspector::isListingOfIndex(output->text)
+                                        : GitInspector::isListingBelow(output->text);
+    if (!isBelievable) return std::nullopt;
     return PathSet(std::move(output->text));
   } catch (const std::bad_alloc&) {
     return std::nullopt;  // as good as a Git that does not answer

@@ -75,6 +75,11 @@ bool isListingOfIndex(std::string_view listing) {
   return true;
 }
 
+bool isListingBelow(std::string_view listing) {
+  using namespace std::string_view_literals;
+  return !listing.starts_with("../") && listing.find("\0../"sv) == std::string_view::npos;
+}
+
 std::map<std::string, GitSnapshot> inspect(const std::vector<std::string>& roots,
                                            std::stop_token stop, std::chrono::milliseconds limit) {
   GitInspection inspection(executable(), limit, std::move(stop));

@@ -47,6 +47,10 @@ bool tellsOfFailure(std::string_view messages);
 /// instead.
 bool isListingOfIndex(std::string_view listing);
 
+/// Whether a listing of ignored paths names nothing above the repository, which only another
+/// repository around it would.
+bool isListingBelow(std::string_view listing);
+
 /// One snapshot for each repository root, by standardised root path. Blocks until Git has answered
 /// for all; a repository that Git cannot list within `limit`, or before `stop` is asked to stop,
 /// gets a snapshot that is not available.

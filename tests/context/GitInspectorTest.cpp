@@ -69,6 +69,9 @@ TEST_F(Git, IsUnavailableWhereItWouldAnswerForAnotherRepository) {
     std::filesystem::remove_all(tree.path("outer/inner/.git/") + missing);
     EXPECT_FALSE(inspect(tree.path("outer/inner")).isAvailable) << missing;
   }
+  tree.file("outer/inner/deeper/file");
+  tree.folder("outer/inner/deeper/.git");  // only called like a repository
+  EXPECT_FALSE(inspect(tree.path("outer/inner/deeper")).isAvailable);
 }
 
 TEST(GitListing, MustBeOneOfAnIndex) {
@@ -85,6 +88,14 @@ TEST(GitListing, MustBeOneOfAnIndex) {
            {"a\0b"s, false},
        }) {
     EXPECT_EQ(GitInspector::isListingOfIndex(listing), isIndex) << listing;
+  }
+}
+
+TEST(GitListing, MustNotLeadOut) {
+  using namespace std::string_literals;
+  for (const auto& [listing, isBelow] : std::vector<std::pair<std::string, bool>>{
+           {"", true}, {"a/../b\0..a\0.../\0"s, true}, {"../\0"s, false}, {"a\0../b/\0"s, false}}) {
+    EXPECT_EQ(GitInspector::isListingBelow(listing), isBelow) << listing;
   }
 }
 
