@@ -1,106 +1,123 @@
-#include <gtest/gtest.h>
+// Does over and over, in one process and with one session, what it is told on standard input:
+// fields that end with a zero byte. Each answer is a JSON document and a zero byte.
+//
+//   scan MODE FOLDER      the report of the scan
+//   clean COUNT ITEM...   the report of a cleanup of these items of the last scan
+//   history               all cleanups, newest first
+//   footprint             what this process holds of the system
 
-#include <CLI/CLI.hpp>
+#include <malloc.h>
+#include <unistd.h>
+
 #include <exception>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
-#include <limits>
-#include <random>
+#include <iterator>
+#include <stdexcept>
 
-#include "cli/Interruption.h"
-#include "core/VisibleText.h"
-#include "soak/Home.h"
-#include "soak/Mismatch.h"
-#include "soak/OwnRights.h"
-#include "soak/Progress.h"
-#include "soak/Round.h"
+#include "cli/CleanReport.h"
+#include "cli/JsonText.h"
+#include "cli/ScanReport.h"
+#include "cli/Session.h"
+#include "support/Leaks.h"
 
 namespace broomtide::soak {
 namespace {
 
-struct Options {
-  std::uint64_t seconds = 300;
-  std::uint64_t rounds = std::numeric_limits<std::uint64_t>::max();
-  std::uint64_t seed = std::random_device()();
-  std::uint64_t from = 0;  // the first round
-};
+std::string nextField() {
+  std::string field;
+  if (!std::getline(std::cin, field, '\0')) throw std::runtime_error("a field is missing");
+  return field;
+}
 
-class Soak {
- public:
-  explicit Soak(const Options& options) : options_(options) {}
+void require(bool isDone, const std::string& what) {
+  if (!isDone) throw std::runtime_error(what);
+}
 
-  // Runs rounds until they are over, somebody interrupts, or one of them fails. Returns whether all
-  // went well.
-  bool run(const std::stop_token& stop) {
-    std::cout << "seed " << options_.seed << ", from round " << options_.from << std::endl;
-    bool isWell = true;
-    while (isWell && !stop.stop_requested() && !isOver()) {
-      isWell = runRound(options_.from + figures_.rounds);
-      progress_.afterRound(figures_, footprint_);
+void scan(cli::Session& session) {
+  const ScanMode mode = fromRawValue<ScanMode>(nextField()).value();
+  const std::string folder = nextField();
+  require(session.scan(folder, mode) == cli::ExitStatus::done, "the scan failed");
+  const AppModel& model = session.model();
+  writeJson(std::cout, cli::ScanReport{.mode = mode,
+                                       .root = folder,
+                                       .entriesScanned = model.progress().entriesScanned,
+                                       .candidates = rowsOf(model.candidates()),
+                                       .issues = model.scanIssues(),
+                                       .projects = model.projectContexts()});
+}
+
+void clean(cli::Session& session) {
+  std::vector<std::string> items(std::stoul(nextField()));
+  for (std::string& item : items) item = nextField();
+  require(!session.select(items), "an item is not there");
+  session.clean();
+  const CleanupResult& result = session.model().cleanupResult().value();
+  writeJson(std::cout, cli::CleanReport{.root = session.model().rootURL().value(),
+                                        .isDryRun = false,
+                                        .moved = rowsOf(result.moved),
+                                        .failures = result.failures,
+                                        .isRecorded = session.isRecorded()});
+}
+
+void tellHistory(cli::Session& session) {
+  session.loadHistory();
+  cli::writeArray(std::cout, session.model().history(), "");
+}
+
+// Sanitizers keep what was freed, so that memory says nothing there; they find leaks themselves.
+constexpr bool isMemoryTold() {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+  return false;
+#else
+  return true;
+#endif
+}
+
+std::size_t residentBytes() {
+  std::size_t pages = 0, residentPages = 0;
+  std::ifstream("/proc/self/statm") >> pages >> residentPages;
+  return residentPages * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+}
+
+void tellFootprint() {
+  ::malloc_trim(0);  // what could be given back is no growth
+  const struct mallinfo2 heap = ::mallinfo2();
+  const auto threads = std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
+  std::cout << "{\"descriptors\": " << test::openDescriptors() << ", \"threads\": " << threads
+            << ", \"children\": " << (test::hasChildren() ? 1 : 0);
+  if (isMemoryTold()) {
+    std::cout << ", \"heap\": " << heap.uordblks + heap.hblkhd
+              << ", \"resident\": " << residentBytes();
+  }
+  std::cout << '}';
+}
+
+void obey() {
+  cli::Session session;
+  for (std::string order; std::getline(std::cin, order, '\0');) {
+    if (order == "scan") {
+      scan(session);
+    } else if (order == "clean") {
+      clean(session);
+    } else if (order == "history") {
+      tellHistory(session);
+    } else {
+      require(order == "footprint", "nobody knows how to " + order);
+      tellFootprint();
     }
-    progress_.finish(figures_, footprint_, options_.seed, options_.from);
-    return isWell && hasTriedSomething();
+    std::cout << '\0' << std::flush;
   }
-
- private:
-  // Every few rounds there is something to move.
-  bool hasTriedSomething() const {
-    constexpr std::uint64_t fewRounds = 3;
-    const bool hasTried = figures_.rounds < fewRounds || figures_.moved > 0;
-    if (!hasTried) std::cout << "FAILED: nothing was moved in all these rounds" << std::endl;
-    return hasTried;
-  }
-
-  bool isOver() const {
-    return figures_.rounds == options_.rounds ||
-           progress_.time() >= std::chrono::seconds(options_.seconds);
-  }
-
-  bool runRound(std::uint64_t number) {
-    Round round(home_, options_.seed, number, figures_);
-    try {
-      round.run();
-      ++figures_.rounds;
-      footprint_.afterRound();
-      require(!testing::Test::HasFailure(), "the tree could not be made or removed");
-      return true;
-    } catch (const std::exception& failure) {
-      report(failure.what(), number, round);
-      return false;
-    }
-  }
-
-  void report(const std::string& reason, std::uint64_t number, Round& round) {
-    round.keep();
-    home_.keep();
-    std::cout << "FAILED: seed " << options_.seed << ", round " << number << ": " << visible(reason)
-              << "\n  kept: the tree in " << round.folder() << ", the Trash and the history in "
-              << home_.folder() << "\n  again: scripts/soak --seed " << options_.seed << " --from "
-              << number << std::endl;
-  }
-
-  const Options options_;
-  Home home_;
-  Figures figures_;
-  Footprint footprint_;
-  Progress progress_;
-};
+}
 
 }  // namespace
 }  // namespace broomtide::soak
 
-int main(int argumentCount, char** arguments) {
-  using namespace broomtide;
-  soak::Options options;
-  CLI::App application("Scans, cleans and puts back random trees.", "broomtide-soak");
-  application.add_option("--seconds", options.seconds, "How long it may take; a round is finished");
-  application.add_option("--rounds", options.rounds, "The most rounds");
-  application.add_option("--seed", options.seed, "Which rounds");
-  application.add_option("--from", options.from, "The number of the first round");
-  CLI11_PARSE(application, argumentCount, arguments);
+int main() {
   try {
-    soak::giveUpOverridingPermissions();
-    const cli::Interruption interruption;
-    return soak::Soak(options).run(interruption.token()) ? 0 : 1;
+    broomtide::soak::obey();
+    return 0;
   } catch (const std::exception& failure) {
     std::cerr << "broomtide-soak: " << failure.what() << '\n';
     return 1;
