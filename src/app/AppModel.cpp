@@ -52,9 +52,9 @@ void AppModel::presentFolderPicker(std::optional<std::string> startingAt, ScanMo
 }
 
 void AppModel::chooseDownloadsFolder() {
-  presentFolderPicker(
-      FolderChoice::downloads(surroundings_.homeFolder, surroundings_.desktopDownloads),
-      ScanMode::downloads);
+  const std::optional<std::string> ofDesktop = surroundings_.folderPicker.desktopDownloads();
+  presentFolderPicker(FolderChoice::downloads(surroundings_.homeFolder, ofDesktop),
+                      ScanMode::downloads);
 }
 
 void AppModel::beginScan(std::string root, ScanMode mode, bool renewAccess) {

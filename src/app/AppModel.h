@@ -64,7 +64,6 @@ class AppModel {
     FolderPicking& folderPicker;
     AccessGranting& access;
     std::optional<std::string> homeFolder;  ///< of the real user; nothing when it is unknown
-    std::optional<std::string> desktopDownloads = std::nullopt;  ///< what the desktop calls so
   };
 
   /// Starts no scan and reads no file.

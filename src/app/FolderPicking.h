@@ -26,6 +26,10 @@ class FolderPicking {
   /// The chosen folder as an absolute path, nothing when people decided otherwise. Called on the
   /// main thread, which it may keep for as long as people need.
   virtual std::optional<std::string> pickFolder(const FolderRequest& request) = 0;
+
+  /// The absolute path of what the desktop calls the Downloads folder, which need not exist;
+  /// nothing without a desktop. Called on the main thread.
+  virtual std::optional<std::string> desktopDownloads() const { return std::nullopt; }
 };
 
 }  // namespace broomtide

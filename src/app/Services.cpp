@@ -25,18 +25,16 @@ std::unique_ptr<TrashManaging> makeTrashManager() {
 }  // namespace
 
 std::unique_ptr<AppModel> makeModel(MainThread& mainThread, FolderPicking& folderPicker,
-                                    AccessGranting& access,
-                                    std::optional<std::string> desktopDownloads) {
+                                    AccessGranting& access) {
   AppModel::Services services;
   services.scanner = std::make_unique<DefaultFileScanner>(systemFileManager());
   services.trashManager = makeTrashManager();
   services.historyStore = std::make_unique<JSONHistoryStore>(std::nullopt, systemFileManager());
-  return std::make_unique<AppModel>(
-      std::move(services), AppModel::Surroundings{.mainThread = mainThread,
-                                                  .folderPicker = folderPicker,
-                                                  .access = access,
-                                                  .homeFolder = UserFolders::realHome(),
-                                                  .desktopDownloads = std::move(desktopDownloads)});
+  return std::make_unique<AppModel>(std::move(services),
+                                    AppModel::Surroundings{.mainThread = mainThread,
+                                                           .folderPicker = folderPicker,
+                                                           .access = access,
+                                                           .homeFolder = UserFolders::realHome()});
 }
 
 }  // namespace broomtide::services

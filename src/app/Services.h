@@ -1,8 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <optional>
-#include <string>
 
 #include "app/AppModel.h"
 
@@ -10,10 +8,8 @@
 namespace broomtide::services {
 
 /// An app model that works on this machine's file system, with the Trash of its desktop and the
-/// user's own history. What it is given must outlive it. `desktopDownloads` is what the desktop
-/// calls the Downloads folder, where people choose folders on one.
+/// user's own history. What it is given must outlive it.
 std::unique_ptr<AppModel> makeModel(MainThread& mainThread, FolderPicking& folderPicker,
-                                    AccessGranting& access,
-                                    std::optional<std::string> desktopDownloads = std::nullopt);
+                                    AccessGranting& access);
 
 }  // namespace broomtide::services

@@ -40,8 +40,7 @@ class Model : public testing::Test {
         AppModel::Surroundings{.mainThread = main,
                                .folderPicker = picker,
                                .access = access,
-                               .homeFolder = tree.path("home"),
-                               .desktopDownloads = desktopDownloads});
+                               .homeFolder = tree.path("home")});
   }
 
   void crankUntil(Route route) {
@@ -75,7 +74,6 @@ class Model : public testing::Test {
   test::HandCrankedThread main;
   test::ScriptedPicker picker;
   test::RecordedAccess access;
-  std::optional<std::string> desktopDownloads;
   std::unique_ptr<AppModel> model = makeModel();
   Fields changes;
   std::shared_ptr<void> observation;
@@ -272,8 +270,7 @@ TEST_F(Model, TheDownloadsFolderIsOfferedIfThereIsOne) {
   };
   const auto check = [&](const std::vector<Row>& rows) {
     for (const Row& row : rows) {
-      desktopDownloads = row.desktopDownloads;
-      model = makeModel();
+      picker.downloads = row.desktopDownloads;
       model->chooseDownloadsFolder();
       EXPECT_EQ(picker.requests.back().startingAt, row.startsAt)
           << row.desktopDownloads.value_or("");

@@ -142,8 +142,10 @@ class ScriptedPicker final : public FolderPicking {
     requests.push_back(request);
     return answer;
   }
+  std::optional<std::string> desktopDownloads() const override { return downloads; }
 
   std::optional<std::string> answer;
+  std::optional<std::string> downloads;
   std::vector<FolderRequest> requests;
 };
 

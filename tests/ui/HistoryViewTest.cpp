@@ -35,7 +35,7 @@ TEST_F(History, SaysThatThereIsNone) {
 TEST_F(History, ListsCleanupsAsTheyAreStored) {
   test.script.history = {
       {"1", march + 24h, "/home/ada/b", 1, 1'500'000, {}},
-      {"2", march, "/home/ada/<i>a\n", 0, 0, {{"f", "x", "left alone"}}},
+      {"2", march, "/home/ada/<i>a\n", 5'000'000'000, 0, {{"f", "x", "left alone"}}},
       {"3", march + 12h, "/", 1234, 2'345'000'000, {}},
   };
   open();
@@ -48,10 +48,11 @@ TEST_F(History, ListsCleanupsAsTheyAreStored) {
       texts.push_back(entries.index(row, 0).data(role).toString());
   }
   EXPECT_THAT(
-      shown, ElementsAre(
-                 ElementsAre("/home/ada/b", "Mar 2, 2025 at 9:30 AM", "1 item(s)", "1.5 MB"),
-                 ElementsAre("/home/ada/<i>a\\n", "Mar 1, 2025 at 9:30 AM", "0 item(s)", "Zero KB"),
-                 ElementsAre("/", "Mar 1, 2025 at 9:30 PM", "1234 item(s)", "2.35 GB")));
+      shown,
+      ElementsAre(ElementsAre("/home/ada/b", "Mar 2, 2025 at 9:30 AM", "1 item(s)", "1.5 MB"),
+                  ElementsAre("/home/ada/<i>a\\n", "Mar 1, 2025 at 9:30 AM", "2147483647 item(s)",
+                              "Zero KB"),
+                  ElementsAre("/", "Mar 1, 2025 at 9:30 PM", "1234 item(s)", "2.35 GB")));
   EXPECT_THAT(test::texts(screen()), ElementsAre("Cleanup History"));
 }
 

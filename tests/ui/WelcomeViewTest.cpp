@@ -10,7 +10,7 @@
 #include "ui/look/Symbols.h"
 #include "ui/look/Theme.h"
 #include "ui/screens/ScanModeCard.h"
-#include "ui/shell/DesktopFolders.h"
+#include "ui/shell/FolderDialog.h"
 
 namespace broomtide {
 namespace {
@@ -104,7 +104,7 @@ TEST(DesktopFolders, DownloadsIsWhatTheDesktopCallsSo) {
            {"XDG_DOWNLOAD_DIR=\"$HOME/\"\n", home},
        }) {
     tree.file("user-dirs.dirs", row.settings);
-    EXPECT_EQ(ui::desktopDownloads(), row.folder);
+    EXPECT_EQ(ui::FolderDialog().desktopDownloads(), row.folder);
   }
   qunsetenv("XDG_CONFIG_HOME");
 }

@@ -4,6 +4,7 @@
 #include <QLocale>
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <memory>
 
 #include "core/ByteCount.h"
@@ -114,6 +115,11 @@ QString size(std::int64_t bytes) {
 }
 
 QString count(std::int64_t number) { return QString::number(number); }
+
+int quantity(std::int64_t number) {
+  using Limits = std::numeric_limits<int>;
+  return static_cast<int>(std::clamp<std::int64_t>(number, Limits::min(), Limits::max()));
+}
 
 QString date(const std::optional<Date>& date, const QString& otherwise) {
   return date ? QString::fromStdString(dates().date(*date)) : otherwise;

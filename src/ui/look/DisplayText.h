@@ -35,6 +35,9 @@ QString size(std::int64_t bytes);
 /// A count, without grouping of its digits.
 QString count(std::int64_t number);
 
+/// A count for texts whose words depend on it: the number, or the nearest that they can have.
+int quantity(std::int64_t number);
+
 /// A date without its time, or `otherwise` when there is none.
 QString date(const std::optional<Date>& date, const QString& otherwise);
 

@@ -65,7 +65,7 @@ QWidget* ResultsView::nothingFound() const {
           ? tr("The known developer cache locations under this folder are already clean.")
           : tr("Broomtide scanned %1 items but did not find a supported disposable artifact in "
                "this folder.",
-               nullptr, static_cast<int>(model_.progress().entriesScanned))
+               nullptr, display::quantity(model_.progress().entriesScanned))
                 .arg(display::count(model_.progress().entriesScanned));
   auto* empty = new EmptyState("checkmark.circle", tr("Nothing to clean here"), description);
   empty->setObjectName("empty");

@@ -24,7 +24,7 @@ RecordList* entryList(const std::vector<CleanupHistoryEntry>& history) {
         {.title = display::text(entry.rootPath),
          .warning = display::warning(entry.rootPath),
          .subtitle = display::dateAndTime(entry.date),
-         .trailing = HistoryView::tr("%n item(s)", nullptr, static_cast<int>(entry.movedCount)),
+         .trailing = HistoryView::tr("%n item(s)", nullptr, display::quantity(entry.movedCount)),
          .amount = display::size(entry.movedBytes)});
   }
   auto* list =

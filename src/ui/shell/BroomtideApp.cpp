@@ -5,7 +5,6 @@
 #include "app/Services.h"
 #include "ui/look/Style.h"
 #include "ui/look/Symbols.h"
-#include "ui/shell/DesktopFolders.h"
 #include "ui/shell/HeldKeys.h"
 #include "ui/shell/Languages.h"
 
@@ -13,7 +12,7 @@ namespace broomtide::ui {
 
 BroomtideApp::BroomtideApp()
     : colours_(QDBusConnection::sessionBus()),
-      model_(services::makeModel(mainThread_, folderDialog_, access_, desktopDownloads())),
+      model_(services::makeModel(mainThread_, folderDialog_, access_)),
       window_(*model_) {
   folderDialog_.setWindow(&window_);
 }

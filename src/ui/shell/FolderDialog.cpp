@@ -4,9 +4,11 @@
 #include <QFileDialog>
 #include <QLayout>
 #include <QListView>
+#include <QStandardPaths>
 #include <QStyledItemDelegate>
 #include <QTreeView>
 
+#include "core/Paths.h"
 #include "ui/controls/Label.h"
 #include "ui/look/DisplayText.h"
 #include "ui/look/EngineText.h"
@@ -75,6 +77,12 @@ std::optional<std::string> FolderDialog::pickFolder(const FolderRequest& request
   present(dialog, request);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return QFile::encodeName(dialog.selectedFiles().front()).toStdString();
+}
+
+std::optional<std::string> FolderDialog::desktopDownloads() const {
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
+  if (!folder.startsWith('/')) return std::nullopt;
+  return paths::standardized(QFile::encodeName(folder).toStdString());
 }
 
 }  // namespace broomtide::ui

@@ -14,6 +14,7 @@ class FolderDialog final : public FolderPicking {
   void setWindow(QWidget* window) { window_ = window; }
 
   std::optional<std::string> pickFolder(const FolderRequest& request) override;
+  std::optional<std::string> desktopDownloads() const override;
 
  private:
   QPointer<QWidget> window_;
