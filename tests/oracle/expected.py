@@ -173,14 +173,12 @@ def run_git(root, arguments):
 
 
 def is_passed_by(root):
-    """Whether Git finds a part of the repository missing or closed, and would answer for the one around it."""
-    store = root + b"/.git"
-    if not os.path.isdir(store):
-        return False
-    closed = not os.access(store, os.X_OK)
-    parts = [os.access(store + b"/HEAD", os.R_OK), os.path.exists(store + b"/HEAD"),
-             *[os.access(store + part + b"/.", os.F_OK) for part in (b"/objects", b"/refs")]]
-    return closed or any(parts) and not all(parts)
+    """Whether Git finds no repository in the folder, and would answer for one around it."""
+    if os.path.isfile(root + b"/.git"):
+        return False  # leads to the repository, or Git fails
+    place = os.path.realpath(root)
+    found = run_git(root, [b"rev-parse", b"--absolute-git-dir"])
+    return found not in ([place + b"/.git\n"], [place + b"\n"])
 
 
 class Snapshot:
