@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "context/PathSet.h"
 #include "core/Enumerations.h"
@@ -19,5 +21,11 @@ struct GitSnapshot {
   /// `unavailable` when Git could not be asked or the item lies outside the repository.
   GitItemStatus status(std::string_view location, bool isDirectory) const;
 };
+
+/// How Git regards an item with several repositories around it: as the one at `root` does, by which
+/// it is judged, unless one of the others tracks the item, or lies between and is silent.
+/// `statusIn` tells what each says.
+GitItemStatus statusAmong(const std::string& root, const std::vector<std::string>& others,
+                          const std::function<GitItemStatus(const std::string& root)>& statusIn);
 
 }  // namespace broomtide

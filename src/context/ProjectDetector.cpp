@@ -152,4 +152,15 @@ const std::string* ProjectLookup::nearestGitRoot(std::string_view path) const {
   return index ? &discovery_.gitRoots[*index] : nullptr;
 }
 
+std::vector<std::string> ProjectLookup::otherGitRoots(std::string_view path,
+                                                      const std::string& own) const {
+  std::vector<std::string> others;
+  for (const std::string* root = nearestGitRoot(path); root != nullptr;
+       root = nearestGitRoot(paths::enclosingFolder(*root))) {
+    if (*root != own) others.push_back(*root);
+    if (paths::enclosingFolder(*root) == *root) break;
+  }
+  return others;
+}
+
 }  // namespace broomtide

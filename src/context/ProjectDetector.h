@@ -93,6 +93,9 @@ class ProjectLookup {
   /// The deepest repository root that is `path` or lies above it.
   const std::string* nearestGitRoot(std::string_view path) const;
 
+  /// Every repository root but `own` that is `path` or lies above it, the deepest first.
+  std::vector<std::string> otherGitRoots(std::string_view path, const std::string& own) const;
+
  private:
   const ProjectDiscovery& discovery_;
   EnclosingFolders projects_;

@@ -232,6 +232,15 @@ def nearest(path, roots):
     return max((root for root in roots if is_or_lies_below(path, root)), key=len, default=None)
 
 
+def status_among(path, is_directory, git_root, snapshots):
+    """As the repository says by which it is judged, unless another tracks it, or one between says nothing."""
+    said = {root: snapshots[root].status(path, is_directory) for root in snapshots if is_or_lies_below(path, root)}
+    if "tracked" in said.values():
+        return "tracked"
+    between = [status for root, status in said.items() if is_or_lies_below(root, git_root)]
+    return "unavailable" if "unavailable" in between else said[git_root]
+
+
 def is_trash(entry, root, home_trash):
     """Whether a folder is a Trash. What lies in one has been moved already."""
     if rules.is_trash_of_mount(entry.name):
@@ -367,7 +376,7 @@ def scan_tree(scan):
         if entry.kind not in ("directory", "file"):
             return False
         is_directory = entry.kind == "directory"
-        if in_project_mode and is_directory and entry.name in rules.SENSITIVE_DIRECTORIES:
+        if is_directory and entry.name in (rules.SENSITIVE_DIRECTORIES if in_project_mode else [b".git"]):
             return False
         if is_directory and is_trash(entry, scan.root, scan.home_trash):
             return False

@@ -228,6 +228,31 @@ TEST(TreeScan, JudgesEachNeighbourForItself) {
                            "b/.next: Git status could not be verified."));
 }
 
+// A repository need not have a manifest, nor be the nearest one that has the item in its index.
+TEST(TreeScan, OffersNothingThatAnyRepositoryAroundItTracks) {
+  TemporaryTree tree;
+  for (const char* manifest : {"package.json", "late/package.json"}) tree.file(manifest);
+  for (const char* folder : {"nearer/a", "late/b", "late/c"}) {
+    tree.file(std::string(folder) + "/.next/f", "x");
+  }
+  tree.repository("nearer");
+  tree.file("nearer/d/.next/f", "x");
+  tree.file("broken/.git/HEAD");
+  tree.file("broken/.next/f", "x");
+  tree.file(".gitignore", "nearer/\nbroken/\nlate/c/\n");
+  tree.repository("");
+  tree.file("late/.gitignore", ".next\n");
+  tree.repository("late");
+  std::vector<std::string> found;
+  for (const ScanCandidate& candidate : ScanRecorder().scan(tree.root()).candidates) {
+    found.push_back(candidate.relativePath + ": " + candidate.evidence.lines()[1]);
+  }
+  EXPECT_THAT(found,
+              testing::UnorderedElementsAre("nearer/d/.next: The path is ignored by Git.",
+                                            "broken/.next: Git status could not be verified.",
+                                            "late/c/.next: The path is ignored by Git."));
+}
+
 TEST(TreeScan, MeasuresNothingThatItCannotIdentify) {
   TemporaryTree tree;
   tree.file("package.json");
