@@ -401,7 +401,7 @@ def scan_tree(scan):
             git_root = nearest(entry.path, discovery.git_roots)
         git_status = "unavailable"
         if git_root is not None:
-            git_status = snapshots[git_root].status(entry.path, is_directory)
+            git_status = status_among(entry.path, is_directory, git_root, snapshots)
         if in_project_mode:
             judgement = rules.evaluate(rule, project, git_status, git_root is not None)
             if judgement is None:

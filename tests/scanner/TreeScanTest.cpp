@@ -109,10 +109,11 @@ TEST(TreeScan, KeepsOutOfSensitivePlacesAndArtefactsInsideArtefacts) {
 }
 
 // What has been moved already would lose its way back.
+// Nor in the folder of a repository itself.
 TEST(TreeScan, OffersNothingThatIsInATrash) {
   TemporaryTree tree;
   for (const char* folder : {"share/Trash", "Trash", ".Trash", ".Trash-1000", "disk/.Trash-0",
-                             ".Trash-", ".Trash-x", "share/Trashes"}) {
+                             ".Trash-", ".Trash-x", "share/Trashes", "clone/.git"}) {
     tree.file(std::string(folder) + "/files/app/package.json");
     tree.file(std::string(folder) + "/files/app/.next/page", "x");
     tree.file(std::string(folder) + "/files/table.csv", "x");
