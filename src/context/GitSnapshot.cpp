@@ -20,6 +20,9 @@ GitItemStatus GitSnapshot::status(std::string_view location, bool isDirectory) c
 GitItemStatus statusAmong(const std::string& root, const std::vector<std::string>& others,
                           const std::function<GitItemStatus(const std::string& root)>& statusIn) {
   GitItemStatus status = statusIn(root);
+  if (others.size() > mostOtherRepositories && status != GitItemStatus::tracked) {
+    return GitItemStatus::unavailable;
+  }
   for (const std::string& other : others) {
     if (status == GitItemStatus::tracked) break;
     const GitItemStatus said = statusIn(other);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "context/GitSnapshot.h"
 #include "core/Paths.h"
 #include "core/Utf8.h"
 #include "rules/ProjectManifests.h"
@@ -158,7 +159,8 @@ std::vector<std::string> ProjectLookup::otherGitRoots(std::string_view path,
   for (const std::string* root = nearestGitRoot(path); root != nullptr;
        root = nearestGitRoot(paths::enclosingFolder(*root))) {
     if (*root != own) others.push_back(*root);
-    if (paths::enclosingFolder(*root) == *root) break;
+    const bool isLast = paths::enclosingFolder(*root) == *root;
+    if (isLast || others.size() > mostOtherRepositories) break;
   }
   return others;
 }

@@ -93,7 +93,8 @@ class ProjectLookup {
   /// The deepest repository root that is `path` or lies above it.
   const std::string* nearestGitRoot(std::string_view path) const;
 
-  /// Every repository root but `own` that is `path` or lies above it, the deepest first.
+  /// The repository roots but `own` that are `path` or lie above it, the deepest first; at most one
+  /// more than `mostOtherRepositories`.
   std::vector<std::string> otherGitRoots(std::string_view path, const std::string& own) const;
 
  private:

@@ -235,6 +235,8 @@ def nearest(path, roots):
 def status_among(path, is_directory, git_root, snapshots):
     """As the repository says by which it is judged, unless another tracks it, or one between says nothing."""
     said = {root: snapshots[root].status(path, is_directory) for root in snapshots if is_or_lies_below(path, root)}
+    if said[git_root] != "tracked" and len(said) > 9:
+        return "unavailable"
     if "tracked" in said.values():
         return "tracked"
     between = [status for root, status in said.items() if is_or_lies_below(root, git_root)]

@@ -240,7 +240,9 @@ TEST(TreeScan, OffersNothingThatAnyRepositoryAroundItTracks) {
   tree.file("nearer/d/.next/f", "x");
   tree.file("broken/.git/HEAD");
   tree.file("broken/.next/f", "x");
-  tree.file(".gitignore", "nearer/\nbroken/\nlate/c/\n");
+  for (std::string deep = "deep"; deep.size() < 22; deep += "/r") tree.repository(deep);
+  tree.file("deep/r/r/r/r/r/r/r/r/.next/f", "x");  // with so many around that nobody asks them all
+  tree.file(".gitignore", "nearer/\nbroken/\nlate/c/\ndeep/\n");
   tree.repository("");
   tree.file("late/.gitignore", ".next\n");
   tree.repository("late");
@@ -248,10 +250,11 @@ TEST(TreeScan, OffersNothingThatAnyRepositoryAroundItTracks) {
   for (const ScanCandidate& candidate : ScanRecorder().scan(tree.root()).candidates) {
     found.push_back(candidate.relativePath + ": " + candidate.evidence.lines()[1]);
   }
-  EXPECT_THAT(found,
-              testing::UnorderedElementsAre("nearer/d/.next: The path is ignored by Git.",
-                                            "broken/.next: Git status could not be verified.",
-                                            "late/c/.next: The path is ignored by Git."));
+  EXPECT_THAT(found, testing::UnorderedElementsAre(
+                         "nearer/d/.next: The path is ignored by Git.",
+                         "broken/.next: Git status could not be verified.",
+                         "deep/r/r/r/r/r/r/r/r/.next: Git status could not be verified.",
+                         "late/c/.next: The path is ignored by Git."));
 }
 
 TEST(TreeScan, MeasuresNothingThatItCannotIdentify) {
