@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <iterator>
 #include <utility>
 
 #include "cleanup/Revalidation.h"
@@ -69,6 +70,7 @@ std::map<std::string, GitSnapshot> DefaultTrashManager::askGit(
   std::vector<std::string> roots;
   for (const ScanCandidate& candidate : candidates) {
     if (candidate.gitRoot) roots.push_back(*candidate.gitRoot);
+    std::ranges::copy(candidate.otherGitRoots, std::back_inserter(roots));
   }
   std::ranges::sort(roots);
   roots.erase(std::unique(roots.begin(), roots.end()), roots.end());

@@ -53,12 +53,15 @@ Revalidation::Problem Revalidation::problemOnDisk(const ScanCandidate& candidate
 
 Revalidation::Problem Revalidation::problemInGit(const ScanCandidate& candidate) const {
   if (!candidate.gitRoot) return std::nullopt;
-  const auto found = snapshots_.find(paths::standardized(*candidate.gitRoot));
-  if (found == snapshots_.end() || !found->second.isAvailable) return CleanupMessages::gitUnknown;
-
-  const GitItemStatus status =
-      found->second.status(candidate.url, candidate.kind == CandidateKind::directory);
+  const auto statusIn = [&](const std::string& root) {
+    const auto found = snapshots_.find(paths::standardized(root));
+    return found == snapshots_.end()
+               ? GitItemStatus::unavailable
+               : found->second.status(candidate.url, candidate.kind == CandidateKind::directory);
+  };
+  const GitItemStatus status = statusAmong(*candidate.gitRoot, candidate.otherGitRoots, statusIn);
   if (status == GitItemStatus::tracked) return CleanupMessages::tracked;
+  if (status == GitItemStatus::unavailable) return CleanupMessages::gitUnknown;
   const bool wasIgnored = candidate.gitStatus == GitItemStatus::ignored;
   if (wasIgnored && status != GitItemStatus::ignored) return CleanupMessages::notIgnored;
   return std::nullopt;

@@ -6,30 +6,12 @@
 
 #include "core/Paths.h"
 #include "platform/Confinement.h"
-#include "platform/FileManager.h"
 
 namespace broomtide {
 namespace {
 
 std::size_t mostThreads() {
   return std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 4);
-}
-
-// Git passes a repository by of which a part is missing or closed, and answers for the one around
-// it instead. A folder without any part is only called like a repository.
-bool isPassedBy(const std::string& root) {
-  const std::string store = paths::appending(root, ".git/");
-  int found = 0, missing = 0;
-  for (const char* part : {"HEAD", "objects/.", "refs/."}) {
-    FileAttributes ignored;
-    const std::error_code error = systemFileManager().readAttributes(
-        workingDirectory, (store + part).c_str(), LinkPolicy::follow, ignored);
-    if (error == std::errc::not_a_directory) return false;  // a file leads to the repository
-    if (error == std::errc::permission_denied) return true;
-    ++(error ? missing : found);
-  }
-  const bool isOpen = systemFileManager().isReadable(store + "HEAD");
-  return found > 0 && (missing > 0 || !isOpen);
 }
 
 }  // namespace
@@ -81,7 +63,7 @@ void GitInspection::work(const std::stop_token& stop) {
 }
 
 std::optional<PathSet> GitInspection::list(const Run& run, const std::stop_token& stop) const {
-  if (!git_ || isPassedBy(run.key)) return std::nullopt;
+  if (!git_) return std::nullopt;
   try {
     std::optional<ChildProcess::Output> output =
         ChildProcess::run(GitInspector::listingCommand(*git_, run.key, run.listing),

@@ -34,8 +34,10 @@ ChildProcess::Command listingCommand(const std::string& git, const std::string& 
       .executable = git,
       .arguments = {"-C", root, "-c", "core.quotepath=false", "-c", "core.fsmonitor=false",
                     "ls-files", "-z"},
-      .environment = {"LC_ALL=C", "PATH=/usr/bin:/bin",
-                      "GIT_ALLOW_PROTOCOL=", "GIT_LITERAL_PATHSPECS=1"},
+      // Where it finds no repository, or one that is broken, Git would answer for one around it.
+      // The folder above is named in a way that no colon in its path can end.
+      .environment = {"LC_ALL=C", "PATH=/usr/bin:/bin", "GIT_ALLOW_PROTOCOL=",
+                      "GIT_LITERAL_PATHSPECS=1", "GIT_CEILING_DIRECTORIES=/proc/self/cwd/.."},
   };
   if (listing == Listing::tracked) {
     command.arguments.emplace_back("--cached");

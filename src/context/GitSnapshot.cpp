@@ -17,4 +17,19 @@ GitItemStatus GitSnapshot::status(std::string_view location, bool isDirectory) c
   return ignoredPaths.covers(path) ? GitItemStatus::ignored : GitItemStatus::untracked;
 }
 
+GitItemStatus statusAmong(const std::string& root, const std::vector<std::string>& others,
+                          const std::function<GitItemStatus(const std::string& root)>& statusIn) {
+  GitItemStatus status = statusIn(root);
+  if (others.size() > mostOtherRepositories && status != GitItemStatus::tracked) {
+    return GitItemStatus::unavailable;
+  }
+  for (const std::string& other : others) {
+    if (status == GitItemStatus::tracked) break;
+    const GitItemStatus said = statusIn(other);
+    const bool isUnknown = said == GitItemStatus::unavailable && paths::isBelow(other, root);
+    if (said == GitItemStatus::tracked || isUnknown) status = said;
+  }
+  return status;
+}
+
 }  // namespace broomtide

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "context/PathSet.h"
 #include "core/Enumerations.h"
@@ -19,5 +22,15 @@ struct GitSnapshot {
   /// `unavailable` when Git could not be asked or the item lies outside the repository.
   GitItemStatus status(std::string_view location, bool isDirectory) const;
 };
+
+/// So many repositories beside the one by which an item is judged are asked about it. Somebody who
+/// puts more around it wants to keep the program busy.
+inline constexpr std::size_t mostOtherRepositories = 8;
+
+/// How Git regards an item with several repositories around it: as the one at `root` does, by which
+/// it is judged, unless one of the others tracks the item, or lies between and is silent.
+/// `statusIn` tells what each says. Unavailable when there are more than `mostOtherRepositories`.
+GitItemStatus statusAmong(const std::string& root, const std::vector<std::string>& others,
+                          const std::function<GitItemStatus(const std::string& root)>& statusIn);
 
 }  // namespace broomtide

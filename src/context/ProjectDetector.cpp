@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "context/GitSnapshot.h"
 #include "core/Paths.h"
 #include "core/Utf8.h"
 #include "rules/ProjectManifests.h"
@@ -150,6 +151,18 @@ const ProjectContext* ProjectLookup::nearestProject(std::string_view path) const
 const std::string* ProjectLookup::nearestGitRoot(std::string_view path) const {
   const auto index = gitRoots_.nearest(path);
   return index ? &discovery_.gitRoots[*index] : nullptr;
+}
+
+std::vector<std::string> ProjectLookup::otherGitRoots(std::string_view path,
+                                                      const std::string& own) const {
+  std::vector<std::string> others;
+  for (const std::string* root = nearestGitRoot(path); root != nullptr;
+       root = nearestGitRoot(paths::enclosingFolder(*root))) {
+    if (*root != own) others.push_back(*root);
+    const bool isLast = paths::enclosingFolder(*root) == *root;
+    if (isLast || others.size() > mostOtherRepositories) break;
+  }
+  return others;
 }
 
 }  // namespace broomtide

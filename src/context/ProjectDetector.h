@@ -93,6 +93,10 @@ class ProjectLookup {
   /// The deepest repository root that is `path` or lies above it.
   const std::string* nearestGitRoot(std::string_view path) const;
 
+  /// The repository roots but `own` that are `path` or lie above it, the deepest first; at most one
+  /// more than `mostOtherRepositories`.
+  std::vector<std::string> otherGitRoots(std::string_view path, const std::string& own) const;
+
  private:
   const ProjectDiscovery& discovery_;
   EnclosingFolders projects_;

@@ -85,7 +85,9 @@ bool TrashFolder::hasPermissions(int folder) {
 std::error_code TrashFolder::take(int folder, const TrashItem& item, std::string_view path) {
   const std::string information = trashInfo(path, std::chrono::system_clock::now());
   std::uint64_t& number = nextNumbers_.try_emplace(item.name, 1).first->second;
-  for (; number <= largestNumber; number = numberAfter(number)) {
+  // Others may take a number in the moment after it was found to be free.
+  constexpr int mostTries = 64;
+  for (int tries = 0; tries < mostTries; ++tries, number = freeNumber(item.name, number)) {
     const std::string name = trashName(item.name, number);
     // Creating the information reserves the name, and an item never arrives before it.
     std::error_code error = WholeFile::create(fileManager_, info_.get(), infoName(name),
@@ -100,6 +102,25 @@ std::error_code TrashFolder::take(int folder, const TrashItem& item, std::string
     return {};
   }
   return std::make_error_code(std::errc::file_exists);
+}
+
+// A number above one that is taken. A row of taken ones is passed in ever larger steps, and the
+// last step is searched for its end, so that there is a number for every item, and a small one.
+std::uint64_t TrashFolder::freeNumber(const std::string& name, std::uint64_t taken) {
+  std::uint64_t free = taken + 1;
+  for (; free <= largestNumber && isTaken(trashName(name, free)); free *= 2) taken = free;
+  while (free - taken > 1) {
+    const std::uint64_t between = taken + (free - taken) / 2;
+    (isTaken(trashName(name, between)) ? taken : free) = between;
+  }
+  return free;
+}
+
+bool TrashFolder::isTaken(const std::string& name) {
+  FileAttributes ignored;
+  return !fileManager_.readAttributes(info_.get(), infoName(name).c_str(), LinkPolicy::doNotFollow,
+                                      ignored) ||
+         !fileManager_.readAttributes(files_.get(), name.c_str(), LinkPolicy::doNotFollow, ignored);
 }
 
 // The information for `name` must exist; it goes again when the item does not come.

@@ -57,6 +57,8 @@ class TrashFolder {
   std::error_code openPart(const char* name, TrashSharing sharing, FileDescriptor& part);
   std::error_code refuseOthers(int folder);
   bool hasPermissions(int folder);
+  std::uint64_t freeNumber(const std::string& name, std::uint64_t taken);
+  bool isTaken(const std::string& name);
   std::error_code moveIn(int folder, const TrashItem& item, const std::string& name);
   std::error_code examine(int folder, const TrashItem& item, const std::string& name);
   std::error_code moveBack(const std::string& name, int folder, const std::string& wanted);

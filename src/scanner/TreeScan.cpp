@@ -142,6 +142,7 @@ void TreeScan::visitMatch(const std::string& relativePath, const WalkMatch& matc
       .isSelected = evaluation->isSelected,
       .projectRoot = around.project ? std::optional(around.project->root) : std::nullopt,
       .gitRoot = around.gitRoot ? std::optional(*around.gitRoot) : std::nullopt,
+      .otherGitRoots = around.otherGitRoots,
       .projectKinds = around.project ? around.project->kinds : std::set<ProjectKind>{},
       .evidence = evaluation->evidence,
       .regenerationCommand = evaluation->regenerationCommand,
@@ -160,9 +161,14 @@ TreeScan::Surroundings TreeScan::surroundings(const std::string& location, Candi
                        ? &*around.project->gitRoot
                        : projects_->nearestGitRoot(location);
   if (around.gitRoot == nullptr) return around;
-  const std::shared_ptr<const GitSnapshot> snapshot = git_.snapshot(*around.gitRoot);
-  if (stop_.stop_requested()) throw CancellationError();
-  if (snapshot) around.gitStatus = snapshot->status(location, kind == CandidateKind::directory);
+  around.otherGitRoots = projects_->otherGitRoots(location, *around.gitRoot);
+  around.gitStatus =
+      statusAmong(*around.gitRoot, around.otherGitRoots, [&](const std::string& gitRoot) {
+        const std::shared_ptr<const GitSnapshot> snapshot = git_.snapshot(gitRoot);
+        if (stop_.stop_requested()) throw CancellationError();
+        return snapshot ? snapshot->status(location, kind == CandidateKind::directory)
+                        : GitItemStatus::unavailable;
+      });
   return around;
 }
 

@@ -35,6 +35,7 @@ class TreeScan {
     const ProjectContext* project;
     const std::string* gitRoot;
     GitItemStatus gitStatus;
+    std::vector<std::string> otherGitRoots = {};
 
     bool operator==(const Surroundings&) const = default;
   };

@@ -113,8 +113,7 @@ class WalkAhead::Walker {
   }
 
   void visitFolder() {
-    const bool isSensitive = isProjectScan() && ScanRules::isSensitiveDirectory(entries_.name());
-    if (isSensitive || isTrash()) {
+    if (isClosed(entries_.name()) || isTrash()) {
       entries_.skipDescendants();
       steps_.addPassedOver();
       return;
@@ -170,6 +169,11 @@ class WalkAhead::Walker {
   bool mayHoldProjects(std::string_view name) const {
     return isProjectScan() && !ScanRules::isSensitiveDirectory(name) &&
            !ScanRules::isKnownArtifactDirectory(name);
+  }
+
+  // Files in a repository's own folder are called as its branches are, also like a download.
+  bool isClosed(std::string_view name) const {
+    return isProjectScan() ? ScanRules::isSensitiveDirectory(name) : name == ".git";
   }
 
   bool isTrash() const {

@@ -195,9 +195,18 @@ TEST_F(Cleanup, AsksGitOnceAndBelievesIt) {
   snapshots.clear();
   EXPECT_EQ(outcome(item), CleanupMessages::gitUnknown);
 
-  askedRoots.clear();
   answer("", "node_modules", true);
   item.gitStatus = ignored;
+  item.otherGitRoots = {tree.path("work")};  // has it in its index, whatever the nearer one says
+  snapshots[tree.path("work")] = {.root = tree.path("work"),
+                                  .trackedPaths = PathSet(std::string("app/node_modules/m")),
+                                  .ignoredPaths = {},
+                                  .isAvailable = true};
+  EXPECT_EQ(outcome(item), CleanupMessages::tracked);
+  EXPECT_EQ(askedRoots.back(), (std::vector{tree.path("work"), *item.gitRoot}));
+
+  item.otherGitRoots.clear();
+  askedRoots.clear();
   other.gitStatus = unavailable;
   EXPECT_EQ(outcomes({item, other}), (std::vector<std::string>{"moved", "moved"}));
   EXPECT_EQ(askedRoots, (std::vector<std::vector<std::string>>{{*item.gitRoot}}));

@@ -60,18 +60,19 @@ TEST_F(Git, IsUnavailableWhereGitFails) {
 
 // Git would answer for the repository around it, which knows nothing of what the inner one tracks.
 TEST_F(Git, IsUnavailableWhereItWouldAnswerForAnotherRepository) {
-  tree.file("outer/.gitignore", "inner/\n");
+  tree.file("outer/.gitignore", "inner:x/\n");
   tree.repository("outer");
-  for (const char* missing : {"HEAD", "objects", "refs"}) {
-    tree.run("rm -rf inner && mkdir inner && cd inner && git init -q && touch file && git add file",
+  for (const char* damage :
+       {"rm HEAD", "rm -r objects", "rm -r refs", ": > HEAD", "echo nonsense > HEAD",
+        "rm HEAD && mkdir HEAD", "rm HEAD && ln -s /etc/passwd HEAD", "rm -r refs && touch refs",
+        "echo /nowhere > commondir", "rm -r HEAD objects refs", "rm -r *",
+        "mv ../.git ../store && echo gitdir: store > ../.git && : > ../store/HEAD"}) {
+    tree.run("rm -rf inner:x && mkdir inner:x && cd inner:x && git init -q && touch f && git add f",
              "outer");
-    EXPECT_TRUE(inspect(tree.path("outer/inner")).isAvailable) << missing;
-    std::filesystem::remove_all(tree.path("outer/inner/.git/") + missing);
-    EXPECT_FALSE(inspect(tree.path("outer/inner")).isAvailable) << missing;
+    EXPECT_TRUE(inspect(tree.path("outer/inner:x")).isAvailable) << damage;
+    tree.run(damage, "outer/inner:x/.git");
+    EXPECT_FALSE(inspect(tree.path("outer/inner:x")).isAvailable) << damage;
   }
-  tree.file("outer/inner/deeper/file");
-  tree.folder("outer/inner/deeper/.git");  // only called like a repository
-  EXPECT_FALSE(inspect(tree.path("outer/inner/deeper")).isAvailable);
 }
 
 TEST(GitListing, MustBeOneOfAnIndex) {

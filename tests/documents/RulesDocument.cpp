@@ -66,7 +66,8 @@ constexpr std::string_view cachesHeader = R"(
 constexpr std::string_view downloadsOpening = R"(
 ## In Downloads
 
-Neither projects nor Git count here, and nothing is selected from the start.
+Neither projects nor Git count here, and nothing is selected from the start. Folders called `.git`
+are not entered.
 
 | name | what it is | begins as | offered after |
 |---|---|---|---|

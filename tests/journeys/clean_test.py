@@ -9,6 +9,7 @@ import os
 import pty
 import random
 import re
+import resource
 import shutil
 import signal
 import stat
@@ -392,6 +393,14 @@ class Selecting(CleanJourney):
         self.assertIn(b"Cleanup finished, but Broomtide could not save the local history.", result.stderr)
         self.assertFalse(os.path.exists(self.path("work/app/.next")))
         self.assertTrue(os.path.exists(self.path("data/Trash/files/.next/page")))
+
+    def test_a_limit_on_the_size_of_files_is_an_error_like_others(self):
+        self.project()
+        before = snapshot(self.work)
+        result = self.run_cli("clean", "--yes", self.work,
+                              preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (0, 0)))
+        self.assertIn(NOT_MOVED.encode(), result.stdout)
+        self.assertEqual((snapshot(self.work), os.listdir(self.path("data/Trash/info"))), (before, []))
 
 
 class Interrupting(CleanJourney):

@@ -173,14 +173,12 @@ def run_git(root, arguments):
 
 
 def is_passed_by(root):
-    """Whether Git finds a part of the repository missing or closed, and would answer for the one around it."""
-    store = root + b"/.git"
-    if not os.path.isdir(store):
-        return False
-    closed = not os.access(store, os.X_OK)
-    parts = [os.access(store + b"/HEAD", os.R_OK), os.path.exists(store + b"/HEAD"),
-             *[os.access(store + part + b"/.", os.F_OK) for part in (b"/objects", b"/refs")]]
-    return closed or any(parts) and not all(parts)
+    """Whether Git finds no repository in the folder, and would answer for one around it."""
+    if os.path.isfile(root + b"/.git"):
+        return False  # leads to the repository, or Git fails
+    place = os.path.realpath(root)
+    found = run_git(root, [b"rev-parse", b"--absolute-git-dir"])
+    return found not in ([place + b"/.git\n"], [place + b"\n"])
 
 
 class Snapshot:
@@ -232,6 +230,17 @@ class Discovery:
 def nearest(path, roots):
     """The deepest of the roots that is the path or encloses it."""
     return max((root for root in roots if is_or_lies_below(path, root)), key=len, default=None)
+
+
+def status_among(path, is_directory, git_root, snapshots):
+    """As the repository says by which it is judged, unless another tracks it, or one between says nothing."""
+    said = {root: snapshots[root].status(path, is_directory) for root in snapshots if is_or_lies_below(path, root)}
+    if said[git_root] != "tracked" and len(said) > 9:
+        return "unavailable"
+    if "tracked" in said.values():
+        return "tracked"
+    between = [status for root, status in said.items() if is_or_lies_below(root, git_root)]
+    return "unavailable" if "unavailable" in between else said[git_root]
 
 
 def is_trash(entry, root, home_trash):
@@ -369,7 +378,7 @@ def scan_tree(scan):
         if entry.kind not in ("directory", "file"):
             return False
         is_directory = entry.kind == "directory"
-        if in_project_mode and is_directory and entry.name in rules.SENSITIVE_DIRECTORIES:
+        if is_directory and entry.name in (rules.SENSITIVE_DIRECTORIES if in_project_mode else [b".git"]):
             return False
         if is_directory and is_trash(entry, scan.root, scan.home_trash):
             return False
@@ -394,7 +403,7 @@ def scan_tree(scan):
             git_root = nearest(entry.path, discovery.git_roots)
         git_status = "unavailable"
         if git_root is not None:
-            git_status = snapshots[git_root].status(entry.path, is_directory)
+            git_status = status_among(entry.path, is_directory, git_root, snapshots)
         if in_project_mode:
             judgement = rules.evaluate(rule, project, git_status, git_root is not None)
             if judgement is None:

@@ -99,7 +99,8 @@ class Builder(Repositories):
                     self.repositories.append(inner)
 
     def nested_repositories(self, folder):
-        """A project with a repository, and below it a repository without a manifest: the project's one judges."""
+        """A project with a repository, and below it a repository without a manifest: the project's one judges,
+        but what either tracks is not offered."""
         project = folder + b"/nested-project"
         if not self.folder(project):
             return

@@ -160,6 +160,16 @@ TEST_F(TrashMove, ATakenNameGivesTheNextOne) {
   EXPECT_TRUE(fs::exists(tree.path("Trash/info/build.3.trashinfo")));
 }
 
+// However often the same folder is built and cleaned before somebody empties the Trash.
+TEST_F(TrashMove, EveryItemFindsAName) {
+  constexpr int cleanups = 100;
+  for (int cleanup = 1; cleanup <= cleanups; ++cleanup) {
+    tree.file("work/build/object");
+    ASSERT_FALSE(move()) << cleanup;
+  }
+  EXPECT_TRUE(fs::exists(tree.path("Trash/files/build.100/object")));
+}
+
 TEST_F(TrashMove, WhatIsSwappedAtTheLastMomentIsMovedBack) {
   struct Row {
     const char* name;

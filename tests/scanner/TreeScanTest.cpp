@@ -109,10 +109,11 @@ TEST(TreeScan, KeepsOutOfSensitivePlacesAndArtefactsInsideArtefacts) {
 }
 
 // What has been moved already would lose its way back.
+// Nor in the folder of a repository itself.
 TEST(TreeScan, OffersNothingThatIsInATrash) {
   TemporaryTree tree;
   for (const char* folder : {"share/Trash", "Trash", ".Trash", ".Trash-1000", "disk/.Trash-0",
-                             ".Trash-", ".Trash-x", "share/Trashes"}) {
+                             ".Trash-", ".Trash-x", "share/Trashes", "clone/.git"}) {
     tree.file(std::string(folder) + "/files/app/package.json");
     tree.file(std::string(folder) + "/files/app/.next/page", "x");
     tree.file(std::string(folder) + "/files/table.csv", "x");
@@ -226,6 +227,34 @@ TEST(TreeScan, JudgesEachNeighbourForItself) {
                            "c/.next: The path is ignored by Git.",
                            "d/.next: The path is untracked, but not explicitly ignored by Git.",
                            "b/.next: Git status could not be verified."));
+}
+
+// A repository need not have a manifest, nor be the nearest one that has the item in its index.
+TEST(TreeScan, OffersNothingThatAnyRepositoryAroundItTracks) {
+  TemporaryTree tree;
+  for (const char* manifest : {"package.json", "late/package.json"}) tree.file(manifest);
+  for (const char* folder : {"nearer/a", "late/b", "late/c"}) {
+    tree.file(std::string(folder) + "/.next/f", "x");
+  }
+  tree.repository("nearer");
+  tree.file("nearer/d/.next/f", "x");
+  tree.file("broken/.git/HEAD");
+  tree.file("broken/.next/f", "x");
+  for (std::string deep = "deep"; deep.size() < 22; deep += "/r") tree.repository(deep);
+  tree.file("deep/r/r/r/r/r/r/r/r/.next/f", "x");  // with so many around that nobody asks them all
+  tree.file(".gitignore", "nearer/\nbroken/\nlate/c/\ndeep/\n");
+  tree.repository("");
+  tree.file("late/.gitignore", ".next\n");
+  tree.repository("late");
+  std::vector<std::string> found;
+  for (const ScanCandidate& candidate : ScanRecorder().scan(tree.root()).candidates) {
+    found.push_back(candidate.relativePath + ": " + candidate.evidence.lines()[1]);
+  }
+  EXPECT_THAT(found, testing::UnorderedElementsAre(
+                         "nearer/d/.next: The path is ignored by Git.",
+                         "broken/.next: Git status could not be verified.",
+                         "deep/r/r/r/r/r/r/r/r/.next: Git status could not be verified.",
+                         "late/c/.next: The path is ignored by Git."));
 }
 
 TEST(TreeScan, MeasuresNothingThatItCannotIdentify) {
