@@ -42,6 +42,7 @@ TEST(ShownText, ShowsWhatCouldDeceive) {
       {"\x7f\xc2\x9b", "\\x7f\\u009b"},
       {"a\\nb", "a\\\\nb"},
       {"a\u00adb\u3164\U000e0041☁\ufe0f", "a\\u00adb\\u3164\\U000e0041☁\ufe0f"},
+      {"a\ufe0f1\ufe0f😀\ufe0f", "a\\ufe0f1\\ufe0f😀\\ufe0f"},
       {"photo\u202egpj.exe", "photo\\u202egpj.exe"},
       {"a\u2028b\u200bc\ufeff", "a\\u2028b\\u200bc\\ufeff"},
       {"\xff", "\uFFFD"},

@@ -41,7 +41,7 @@ bool checkUtf8(std::string_view text) {
   return isValid;
 }
 
-bool isHarmless(UChar32 character) {
+bool isHarmless(UChar32 character, UChar32 before) {
   constexpr UChar32 colouredForm = 0xFE0F;
   switch (u_charType(character)) {
     case U_CONTROL_CHAR:
@@ -54,15 +54,20 @@ bool isHarmless(UChar32 character) {
       break;
   }
   if (u_hasBinaryProperty(character, UCHAR_BIDI_CONTROL)) return false;
-  return character == colouredForm ||
+  const bool isOfSymbol = before >= 0x80 && u_hasBinaryProperty(before, UCHAR_EMOJI) &&
+                          !u_hasBinaryProperty(before, UCHAR_EMOJI_PRESENTATION);
+  return (character == colouredForm && isOfSymbol) ||
          !u_hasBinaryProperty(character, UCHAR_DEFAULT_IGNORABLE_CODE_POINT);
 }
 
 void checkHarmless(std::string_view shown) {
+  UChar32 before = 0;
   for (std::size_t at = 0; at < shown.size();) {
     const utf8::Sequence sequence = sequenceAt(shown, at);
     require(sequence.isValid, "what is shown is UTF-8");
-    require(isHarmless(static_cast<UChar32>(sequence.codePoint)), "what is shown is harmless");
+    const auto character = static_cast<UChar32>(sequence.codePoint);
+    require(isHarmless(character, before), "what is shown is harmless");
+    before = character;
     at += sequence.length;
   }
 }
