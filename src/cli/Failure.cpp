@@ -19,8 +19,11 @@ ExitStatus fail(std::string_view reason) {
 }
 
 ExitStatus finishOutput() {
+  errno = 0;
   if (std::cout.flush()) return ExitStatus::done;
-  return fail("standard output", std::generic_category().message(errno));
+  const bool isKnown = errno != 0;  // else something failed before, and nothing was tried now
+  return fail("standard output", isKnown ? std::generic_category().message(errno)
+                                         : "Not everything could be written.");
 }
 
 }  // namespace broomtide::cli

@@ -21,8 +21,7 @@ namespace {
 
 // Whoever started the program may have closed its standard streams, whose numbers other files would
 // then get, or ignored the end of children, whose exit status would then be lost. A stream that was
-// closed stays one that cannot be written to. A limit on the size of files is an error like others,
-// and must not end the program between two items.
+// closed stays one that cannot be written to.
 void makeSurroundingsUsual() {
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     std::array<char, 1> nothing{};
@@ -32,7 +31,6 @@ void makeSurroundingsUsual() {
     [[maybe_unused]] const std::FILE* lowestNumber = std::fopen("/dev/null", "r");
   }
   std::signal(SIGCHLD, SIG_DFL);
-  std::signal(SIGXFSZ, SIG_IGN);
 }
 
 // Says what is wrong with the command line and where to read more.

@@ -52,7 +52,7 @@ def refusal(item, root, snapshots):
     if abs(told_date(status) - item.date) > TOLERANCE:
         return "The item was modified after the scan. Rescan before cleaning it."
     if item.git_root:
-        git_status = snapshots[item.git_root].status(item.path, item.is_folder)
+        git_status = expected.status_among(item.path, item.is_folder, item.git_root, snapshots)
         if git_status == "unavailable":
             return "Git status could not be revalidated. Broomtide left the item untouched."
         if git_status == "tracked":

@@ -166,13 +166,15 @@ class Round:
         return got
 
     def clean(self, selected):
+        in_repositories = any(item.git_root for item in selected)
+        repositories = expected.discover(self.root, self.soak.trash).git_roots if in_repositories else []
         ignored = [item for item in selected if item.was_ignored]
         for _ in range(self.random.randrange(8)):
             disturb = self.random.choice(DISTURBANCES)
             victim = self.random.choice(disturb in CHANGES_OF_GIT and ignored or selected)
             with contextlib.suppress(OSError):  # permissions are in the way, or it is not there any more
                 disturb(victim, self.base + b"/aside %d" % self.random.getrandbits(30))
-        snapshots = {item.git_root: expected.Snapshot(item.git_root) for item in selected if item.git_root}
+        snapshots = {repository: expected.Snapshot(repository) for repository in repositories}
         refusals = {item.relative: refusal(item, self.root, snapshots) for item in selected}
         moved = [item for item in selected if refusals[item.relative] is None]
         refused = [item for item in selected if refusals[item.relative] is not None]
