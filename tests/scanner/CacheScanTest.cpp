@@ -72,8 +72,8 @@ TEST(CacheScan, TakesNoLocationTwiceAndNoneThatHoldsAnother) {
             {".npm/_cacache", ".cache/uv"}},
            {"Library/Caches",
             ".cache",
-            {"Library/Caches/pip/http/a", "Library/Caches/uv/b"},
-            {"Library/Caches/pip", ".cache/uv"}},
+            {"Library/Caches/pip/http/a", "Library/Caches/uv/b", "Library/Caches/uv/c"},
+            {".cache/uv", "Library/Caches/pip"}},  // the larger one first
        }) {
     TemporaryTree tree;
     for (const std::string& path : row.files) tree.file(path, "x");
