@@ -58,6 +58,8 @@ TEST(Colours, AreReadable) {
             << colour.name().toStdString() << " on " << behind.name().toStdString();
     }
     EXPECT_GE(contrast(theme->onAccent, theme->accent), least);
+    EXPECT_NEAR(theme->colour(Tone::safe).hue(), 125, 35);        // green
+    EXPECT_NEAR(theme->colour(Tone::usuallySafe).hue(), 32, 13);  // orange
     for (const SafetyLevel level :
          {SafetyLevel::safe, SafetyLevel::usuallySafe, SafetyLevel::reviewFirst}) {
       const QColor colour = theme->colour(ui::toneOf(level));
