@@ -24,25 +24,14 @@ ScanCandidate candidate(const std::string& path, std::int64_t size = 1) {
   return result;
 }
 
+std::vector<std::string> pathsOf(std::span<const ScanCandidate> candidates) {
+  std::vector<std::string> paths;
+  for (const ScanCandidate& item : candidates) paths.push_back(item.relativePath);
+  return paths;
+}
+
 class Model : public testing::Test {
  protected:
-  Model() { watch(); }
-
-  void watch() {
-    observation = model->observe([this](AppModel::Field field) { changes.push_back(field); });
-  }
-
-  std::unique_ptr<AppModel> makeModel() {
-    return std::make_unique<AppModel>(
-        AppModel::Services{.scanner = std::make_unique<test::ScriptedScanner>(script),
-                           .trashManager = std::make_unique<test::ScriptedTrash>(script),
-                           .historyStore = std::make_unique<test::ScriptedHistory>(script)},
-        AppModel::Surroundings{.mainThread = main,
-                               .folderPicker = picker,
-                               .access = access,
-                               .homeFolder = tree.path("home")});
-  }
-
   void crankUntil(Route route) {
     main.runUntil([&] { return model->route() == route; });
   }
@@ -57,26 +46,33 @@ class Model : public testing::Test {
     changes.clear();
   }
 
-  std::vector<std::string> paths() const {
-    std::vector<std::string> list;
-    for (const ScanCandidate& item : model->candidates()) list.push_back(item.relativePath);
-    return list;
+  // Starts a cleanup of these items.
+  void clean(const std::vector<std::string>& items) {
+    std::vector<ScanCandidate> found;
+    for (const std::string& path : items) {
+      found.push_back(candidate(path, 10));
+      found.back().isSelected = true;
+    }
+    scan(std::move(found));
+    model->cleanSelectedItems();
   }
 
-  std::vector<std::string> selectedPaths() const {
-    std::vector<std::string> list;
-    for (const ScanCandidate& item : model->selectedCandidates()) list.push_back(item.relativePath);
-    return list;
-  }
+  std::vector<std::string> paths() const { return pathsOf(model->candidates()); }
+  std::vector<std::string> selectedPaths() const { return pathsOf(model->selectedCandidates()); }
 
   test::TemporaryTree tree;
   test::Script script;
   test::HandCrankedThread main;
   test::ScriptedPicker picker;
   test::RecordedAccess access;
-  std::unique_ptr<AppModel> model = makeModel();
+  std::unique_ptr<AppModel> model = std::make_unique<AppModel>(
+      test::servicesOf(script), AppModel::Surroundings{.mainThread = main,
+                                                       .folderPicker = picker,
+                                                       .access = access,
+                                                       .homeFolder = tree.path("home")});
   Fields changes;
-  std::shared_ptr<void> observation;
+  const std::shared_ptr<void> observation =
+      model->observe([this](AppModel::Field field) { changes.push_back(field); });
 };
 
 TEST_F(Model, AScanShowsItsUpdatesAndThenItsResult) {
@@ -221,17 +217,6 @@ TEST_F(Model, AFailedScanIsTold) {
   }
 }
 
-TEST_F(Model, ARequestToStopEndsTheCurrentScanWithAMessage) {
-  script.scans.push_back([](const auto&, const std::stop_token& stop) -> ScanResult {
-    test::waitFor(stop);
-    throw CancellationError();
-  });
-  model->beginScan("/root", ScanMode::project, true);
-  model->requestStop();
-  crankUntil(Route::welcome);
-  EXPECT_EQ(model->errorMessage(), cancelled);
-}
-
 TEST_F(Model, TheFolderPickerDecides) {
   model->presentFolderPicker("/start", ScanMode::project);
   EXPECT_THAT(changes, ElementsAre());
@@ -272,26 +257,14 @@ TEST_F(Model, TheDownloadsFolderIsOfferedIfThereIsOne) {
     for (const Row& row : rows) {
       picker.downloads = row.desktopDownloads;
       model->chooseDownloadsFolder();
-      EXPECT_EQ(picker.requests.back().startingAt, row.startsAt)
-          << row.desktopDownloads.value_or("");
-      EXPECT_EQ(picker.requests.back().mode, ScanMode::downloads);
+      EXPECT_EQ(picker.requests.back().startingAt, row.startsAt);
+      EXPECT_EQ(picker.requests.back().title, "Choose your Downloads folder");
     }
   };
   const std::string other = tree.path("data/Téléchargements");
   check({{none, none}, {other, other}, {tree.path("gone"), none}, {tree.path("home"), none}});
   tree.folder("home/Downloads");
   check({{none, tree.path("home/Downloads")}, {other, tree.path("home/Downloads")}});
-  EXPECT_EQ(model->homeFolder(), tree.path("home"));
-}
-
-TEST_F(Model, ScanningAgainKeepsTheAccess) {
-  scan({});
-  script.scans.push_back([](const auto&, const auto&) { return ScanResult(); });
-  model->beginScan(*model->rootURL(), model->scanMode(), false);
-  crankUntil(Route::results);
-  EXPECT_THAT(access.record, ElementsAre("+/root"));
-  model->returnHome();
-  EXPECT_THAT(access.record, ElementsAre("+/root", "-/root"));
 }
 
 TEST_F(Model, SelectsWhatIsSafeBeyondDoubt) {
@@ -361,18 +334,12 @@ TEST_F(Model, SumsUpProjects) {
 }
 
 TEST_F(Model, ACleanupIsShownAndRecorded) {
-  std::vector<ScanCandidate> list;
-  for (const char* path : {"1", "2", "3", "4"}) {
-    list.push_back(candidate(path, 10));
-    list.back().isSelected = true;
-  }
-  scan(list);
   const CleanupFailure failure{.id = "F", .path = "4", .message = "because"};
   script.clean = [&](std::vector<ScanCandidate> items, const auto&) {
     items.pop_back();
     return CleanupResult{items, {failure}};
   };
-  model->cleanSelectedItems();
+  clean({"1", "2", "3", "4"});
   model->cleanSelectedItems();
   EXPECT_TRUE(model->isCleaning());
   model->unselectAll();  // too late for this cleanup
@@ -406,10 +373,7 @@ TEST_F(Model, ACleanupIsShownAndRecorded) {
 
 TEST_F(Model, AHistoryThatCannotBeWrittenIsTold) {
   script.canAppend = false;
-  ScanCandidate item = candidate("a");
-  item.isSelected = true;
-  scan({item});
-  model->cleanSelectedItems();
+  clean({"a"});
   main.runUntil([&] { return model->errorMessage().has_value(); });
   EXPECT_EQ(model->errorMessage(),
             "Cleanup finished, but Broomtide could not save the local history.");
@@ -424,10 +388,7 @@ TEST_F(Model, GoingHomeDoesNotStopACleanup) {
     EXPECT_FALSE(stop.stop_requested());
     return CleanupResult{items, {}};
   };
-  ScanCandidate item = candidate("a");
-  item.isSelected = true;
-  scan({item});
-  model->cleanSelectedItems();
+  clean({"a"});
   model->returnHome();
   isHome.count_down();
   crankUntil(Route::summary);
@@ -452,10 +413,7 @@ TEST_F(Model, MayGoAwayWhileACleanupRuns) {
     test::waitFor(stop);
     return CleanupResult{{items.front()}, {}};
   };
-  ScanCandidate item = candidate("a");
-  item.isSelected = true;
-  scan({item});
-  model->cleanSelectedItems();
+  clean({"a"});
   model.reset();
   EXPECT_EQ(script.history.size(), 1U);
   main.runAll();

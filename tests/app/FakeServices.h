@@ -135,6 +135,13 @@ class ScriptedHistory final : public HistoryStoring {
   Script& script_;
 };
 
+/// Services that do what the script says.
+inline AppModel::Services servicesOf(Script& script) {
+  return {.scanner = std::make_unique<ScriptedScanner>(script),
+          .trashManager = std::make_unique<ScriptedTrash>(script),
+          .historyStore = std::make_unique<ScriptedHistory>(script)};
+}
+
 /// Answers with a folder, and writes down what it was asked.
 class ScriptedPicker final : public FolderPicking {
  public:

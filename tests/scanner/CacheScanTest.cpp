@@ -51,38 +51,10 @@ TEST(CacheScan, ExpandsVisibleChildFoldersOnly) {
             (std::vector<std::string>{derived + "App", derived + "Other"}));
 }
 
-// What the tools keep beside their caches, and do not get back, is not offered.
-TEST(CacheScan, LeavesWhatToolsKeepBesideTheirCaches) {
-  TemporaryTree tree;
-  for (const char* path :
-       {".ccache/ccache.conf", ".ccache/a/b", ".cache/ccache/ccache.conf", ".cache/ccache/c/d",
-        ".cache/deno/location_data/kv/kv.sqlite3", ".cache/deno/npm/registry/x",
-        ".cache/huggingface/token", ".cache/huggingface/hub/model",
-        ".cache/helm/plugins/diff/plugin.yaml", ".cache/helm/repository/index.yaml",
-        ".cache/pypoetry/virtualenvs/app/pyvenv.cfg", ".cache/pypoetry/artifacts/x",
-        ".terraform.d/plugin-cache/registry/x", ".terraform.d/credentials.tfrc.json"}) {
-    tree.file(path, "x");
-  }
-  EXPECT_EQ(
-      pathsOf(ScanRecorder().scan(tree.root(), ScanMode::caches)),
-      (std::vector<std::string>{".cache/pypoetry/artifacts", ".cache/ccache/c", ".ccache/a",
-                                ".cache/helm/repository", ".cache/deno/npm",
-                                ".terraform.d/plugin-cache/registry", ".cache/huggingface/hub"}));
-}
-
-// Two rows can name one folder when what holds it is linked.
-TEST(CacheScan, TakesWhatTwoRowsNameOnce) {
-  TemporaryTree tree;
-  tree.file("Library/Caches/pip/http/a", "x");
-  tree.file("Library/Caches/uv/b", "x");
-  tree.link("Library/Caches", ".cache");
-  EXPECT_EQ(pathsOf(ScanRecorder().scan(tree.root(), ScanMode::caches)),
-            (std::vector<std::string>{"Library/Caches/pip", ".cache/uv"}));
-}
-
-// Through a link, one location can lie within another: only the inner one is offered, whichever of
-// them comes first, so that nothing counts twice and nothing goes along unseen.
-TEST(CacheScan, TakesNoLocationThatHoldsAnother) {
+// Through a link, two rows can name one folder, or one location lie within another: only the inner
+// one is offered, whichever of them comes first, so that nothing counts twice and nothing goes
+// along unseen.
+TEST(CacheScan, TakesNoLocationTwiceAndNoneThatHoldsAnother) {
   struct Case {
     std::string target, link;
     std::vector<std::string> files, offered;
@@ -98,6 +70,10 @@ TEST(CacheScan, TakesNoLocationThatHoldsAnother) {
             ".npm",
             {".cache/uv/x", ".cache/uv-2/_cacache/x"},
             {".npm/_cacache", ".cache/uv"}},
+           {"Library/Caches",
+            ".cache",
+            {"Library/Caches/pip/http/a", "Library/Caches/uv/b", "Library/Caches/uv/c"},
+            {".cache/uv", "Library/Caches/pip"}},  // the larger one first
        }) {
     TemporaryTree tree;
     for (const std::string& path : row.files) tree.file(path, "x");

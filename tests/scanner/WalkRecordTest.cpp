@@ -6,19 +6,11 @@ namespace broomtide {
 namespace {
 
 std::string describe(const WalkStep& step) {
-  switch (step.kind) {
-    case WalkStep::Kind::passedOver:
-      return "passed over";
-    case WalkStep::Kind::unmatched:
-      return "unmatched " + step.relativePath();
-    case WalkStep::Kind::matched:
-      return "matched " + step.relativePath() + ' ' + step.match->error.message();
-    case WalkStep::Kind::entryIssue:
-      return "entry " + step.relativePath() + ' ' + *step.issue;
-    case WalkStep::Kind::folderIssue:
-      return "folder " + step.relativePath() + ' ' + *step.issue;
-  }
-  return {};
+  std::string text = std::to_string(static_cast<int>(step.kind)) + ' ';
+  if (step.kind != WalkStep::Kind::passedOver) text += step.relativePath();
+  if (step.match != nullptr) text += ' ' + step.match->error.message();
+  if (step.issue != nullptr) text += ' ' + *step.issue;
+  return text;
 }
 
 // What is read is what was written, wherever the walk went and however it was cut into batches.
@@ -28,43 +20,46 @@ TEST(WalkRecord, GivesBackEveryStep) {
   WalkWriter writer;
   WalkReader reader;
   std::string folder;
+  const auto move = [&] {
+    for (std::size_t up = below(4); up > 0 && !folder.empty(); --up)
+      folder.resize(folder.find('/') == std::string::npos ? 0 : folder.rfind('/'));
+    for (std::size_t down = below(4); down > 0; --down)
+      folder += (folder.empty() ? "" : "/") + std::string(below(5) + 1, 'a');
+  };
+  // Writes a step, and returns what it says.
+  const auto write = [&]() -> std::string {
+    const std::string name(below(5) + 1, 'b');
+    const std::string path = folder.empty() ? name : folder + "/" + name;
+    const std::error_code error(static_cast<int>(below(100)), std::generic_category());
+    const auto kind = static_cast<WalkStep::Kind>(below(5));
+    const std::string number = std::to_string(static_cast<int>(kind)) + ' ';
+    switch (kind) {
+      case WalkStep::Kind::passedOver:
+        writer.addPassedOver();
+        return number;
+      case WalkStep::Kind::unmatched:
+        writer.addUnmatched(folder, name);
+        return number + path;
+      case WalkStep::Kind::matched: {
+        WalkMatch match;
+        match.error = error;
+        writer.addMatch(folder, name, match);
+        break;
+      }
+      case WalkStep::Kind::entryIssue:
+        writer.addEntryIssue(folder, name, error.message());
+        break;
+      case WalkStep::Kind::folderIssue:
+        writer.addFolderIssue(folder, error.message());
+        return number + folder + ' ' + error.message();
+    }
+    return number + path + ' ' + error.message();
+  };
   for (int batch = 0; batch < 200; ++batch) {
     std::vector<std::string> written;
     for (std::size_t step = below(20); step > 0; --step) {
-      for (std::size_t up = below(4); up > 0 && !folder.empty(); --up) {
-        const std::size_t slash = folder.rfind('/');
-        folder.resize(slash == std::string::npos ? 0 : slash);
-      }
-      for (std::size_t down = below(4); down > 0; --down) {
-        folder += (folder.empty() ? "" : "/") + std::string(below(5) + 1, 'a');
-      }
-      const std::string name(below(5) + 1, 'b');
-      const std::string path = folder.empty() ? name : folder + "/" + name;
-      const std::error_code error(static_cast<int>(below(100)), std::generic_category());
-      switch (below(5)) {
-        case 0:
-          writer.addPassedOver();
-          written.emplace_back("passed over");
-          break;
-        case 1:
-          writer.addUnmatched(folder, name);
-          written.push_back("unmatched " + path);
-          break;
-        case 2: {
-          WalkMatch match;
-          match.error = error;
-          writer.addMatch(folder, name, match);
-          written.push_back("matched " + path + ' ' + error.message());
-          break;
-        }
-        case 3:
-          writer.addEntryIssue(folder, name, error.message());
-          written.push_back("entry " + path + ' ' + error.message());
-          break;
-        default:
-          writer.addFolderIssue(folder, error.message());
-          written.push_back("folder " + folder + ' ' + error.message());
-      }
+      move();
+      written.push_back(write());
     }
     reader.begin(writer.take());
     std::vector<std::string> read;

@@ -42,11 +42,4 @@ std::vector<std::string> snapshotOf(const std::string& root) {
   return lines;
 }
 
-std::vector<std::string> snapshotOfItem(const std::string& path) {
-  const bool isFolder = fs::is_directory(fs::symlink_status(path));
-  std::vector<std::string> lines = isFolder ? snapshotOf(path) : std::vector<std::string>();
-  lines.push_back(lineOf(path, path));
-  return lines;
-}
-
 }  // namespace broomtide::test

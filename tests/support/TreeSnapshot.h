@@ -10,7 +10,4 @@ namespace broomtide::test {
 /// out but what looking at it changes.
 std::vector<std::string> snapshotOf(const std::string& root);
 
-/// The same for an item of any type, which has a line of its own by the name ".".
-std::vector<std::string> snapshotOfItem(const std::string& path);
-
 }  // namespace broomtide::test

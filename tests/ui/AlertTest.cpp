@@ -31,21 +31,13 @@ class Alert : public testing::Test {
 
 TEST_F(Alert, ShowsTheMessageAndNothingOfItAsMarkup) {
   for (const auto& [name, shown] : std::vector<std::pair<std::string, QString>>{
-           {"plain", "plain"},
            {"<b>bold &amp; <img src='x'>", "<b>bold &amp; <img src='x'>"},
-           {"two\nlines", "two\\nlines"},
-           {"\x1b[31mred", "\\x1b[31mred"},
-           {"left\u202eright", "left\\u202eright"},
-           {"back\\slash", "back\\\\slash"},
-           {"not \xff UTF-8", "not \ufffd UTF-8"},
+           {"two\nlines\x1b[31m", "two\\nlines\\x1b[31m"},
        }) {
     fail(name);
     QMessageBox& alert = *test::alert(test.window());
-    EXPECT_EQ(alert.windowTitle(), "Broomtide");
     EXPECT_EQ(alert.text(), refusal(shown));
     EXPECT_EQ(alert.textFormat(), Qt::PlainText);
-    ASSERT_EQ(alert.buttons().size(), 1);
-    EXPECT_EQ(alert.buttons().front()->text().remove('&'), "OK");
     alert.close();
   }
 }
@@ -73,11 +65,9 @@ TEST_F(Alert, IsDismissedInAnyWay) {
 TEST_F(Alert, ShowsTheLatestOfTwoMessages) {
   fail("first");
   fail("second");
-  QMessageBox* alert = test::alert(test.window());
-  EXPECT_EQ(alert->text(), refusal("second"));
-  alert->close();
+  EXPECT_EQ(test::alert(test.window())->text(), refusal("second"));
+  test::alert(test.window())->close();
   EXPECT_EQ(test::alert(test.window()), nullptr);
-  EXPECT_EQ(test.model().errorMessage(), std::nullopt);
 }
 
 TEST_F(Alert, AMessageRightAfterADismissalStays) {
@@ -87,17 +77,6 @@ TEST_F(Alert, AMessageRightAfterADismissalStays) {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   ASSERT_NE(test::alert(test.window()), nullptr);
   EXPECT_EQ(test::alert(test.window())->text(), refusal("second"));
-}
-
-TEST_F(Alert, TellsOfACancelledScanOverTheStartScreen) {
-  std::latch hasStopped(1);
-  test.script.scans.push_back(test::scanUntilStopped(hasStopped));
-  test.model().beginScan("/root", ScanMode::project, true);
-  test.model().requestStop();
-  test.runUntil(Route::welcome);
-  ASSERT_NE(test::alert(test.window()), nullptr);
-  EXPECT_EQ(test::alert(test.window())->text(), "Scan cancelled. No files were changed.");
-  EXPECT_EQ(test::screen(test.window()).objectName(), "welcome");
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // All screens in several languages: everything is translated and can be read to its end.
 
+#include <QDir>
 #include <QMenuBar>
 #include <QTableView>
 #include <latch>
@@ -18,8 +19,6 @@ namespace broomtide {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::IsEmpty;
-using testing::Not;
 
 constexpr std::int64_t wideSize = 888'880'000'000;
 
@@ -60,20 +59,26 @@ ScanResult everything() {
   return result;
 }
 
+// For people who want to look at the screens too, in English and in the dark as well.
+const QString pictures = qEnvironmentVariable("BROOMTIDE_PICTURES");
+
 struct Look {
   std::string language;
   QSize size;
+  bool isDark;
 };
 
 void PrintTo(const Look& look, std::ostream* stream) {
-  *stream << look.language << ' ' << look.size.width();
+  *stream << look.language << '-' << look.size.width() << (look.isDark ? "-dark" : "");
 }
 
 std::vector<Look> allLooks() {
   std::vector<Look> looks;
-  for (const char* language : {"pseudo", "de", "zh_CN"}) {
-    for (const QSize size : {QSize(820, 624), QSize(1080, 760), QSize(2560, 1440)})
-      looks.push_back({language, size});
+  for (const char* language : {"pseudo", "de", "zh_CN", "en"}) {
+    for (const QSize size : {QSize(820, 624), QSize(1080, 760), QSize(2560, 1440)}) {
+      looks.push_back({language, size, false});
+      if (!pictures.isEmpty()) looks.push_back({language, size, true});
+    }
   }
   return looks;
 }
@@ -81,7 +86,14 @@ std::vector<Look> allLooks() {
 // Goes through all screens in one language and size.
 class AllScreens : public testing::TestWithParam<Look> {
  protected:
-  AllScreens() : spoken({QString::fromStdString(GetParam().language)}), test("/1/2") { resize(); }
+  AllScreens() : spoken({QString::fromStdString(GetParam().language)}), test("/1/2") {
+    if (GetParam().isDark) QApplication::setPalette(ui::Theme::dark().palette());
+    resize();
+  }
+
+  ~AllScreens() override {
+    if (GetParam().isDark) QApplication::setPalette(QPalette());
+  }
 
   void resize() {
     test.window().resize(GetParam().size);
@@ -92,11 +104,15 @@ class AllScreens : public testing::TestWithParam<Look> {
 
   void read(const char* what) { read(test.window(), what); }
 
-  void read(QWidget& window, const char* what) {
+  void read(QWidget& window, QString what) {
     resize();
     const std::vector<std::string> faults =
         GetParam().language == "pseudo" ? test::unreadable(window) : test::cutOff(window);
-    for (const std::string& fault : faults) ADD_FAILURE() << what << ": " << fault;
+    for (const std::string& fault : faults) ADD_FAILURE() << what.toStdString() << ": " << fault;
+    if (pictures.isEmpty()) return;
+    const std::string look = testing::PrintToString(GetParam());
+    const QString name = what.replace('/', '-') + '-' + QString::fromStdString(look) + ".png";
+    EXPECT_TRUE(window.grab().save(QDir(pictures).filePath(name)));
   }
 
   void beginScan(const std::string& place) {
@@ -222,28 +238,22 @@ TEST(Readable, FindsWhatIsWrong) {
   window.resize(400, 300);
   window.show();
   const QString text = QCoreApplication::translate("Test", "Copy the command");
-  const auto faults = [&](QWidget& part) {
+  const QSize wide(400, 40);
+  const QSize narrow(60, 40);
+  const auto isReadable = [&](QWidget&& part, QSize size) {
+    part.resize(size);
     part.setParent(&window);
     part.show();
-    const std::vector<std::string> found = test::unreadable(window);
-    part.hide();
-    return found;
+    return test::unreadable(window).empty();
   };
-  const auto sized = [](QWidget&& part, QSize size) -> QWidget& {
-    part.resize(size);
-    return part;
-  };
-  const QSize wide(400, 40);
-  EXPECT_THAT(faults(sized(ui::Label(text), wide)), IsEmpty());
-  EXPECT_THAT(faults(sized(ui::Button(text), wide)), IsEmpty());
-  EXPECT_THAT(faults(sized(ui::Label("Copy"), wide)), Not(IsEmpty()));
-  EXPECT_THAT(faults(sized(ui::Label("%1 Copy"), wide)), Not(IsEmpty()));
-  EXPECT_THAT(faults(sized(ui::Button(text), QSize(60, 40))), Not(IsEmpty()));
-  EXPECT_THAT(faults(sized(ui::Label(text), QSize(60, 40))), Not(IsEmpty()));
-  EXPECT_THAT(faults(sized(ui::ElidedLabel(text), QSize(60, 40))), IsEmpty());
+  EXPECT_TRUE(isReadable(ui::Label(text), wide));
+  EXPECT_TRUE(isReadable(ui::ElidedLabel(text), narrow));
+  EXPECT_FALSE(isReadable(ui::Label("%1 Copy"), wide));
+  EXPECT_FALSE(isReadable(ui::Button(text), narrow));
+  EXPECT_FALSE(isReadable(ui::Label(text), narrow));
   ui::Label named(text);
   named.setAccessibleName("Copy");
-  EXPECT_THAT(faults(sized(std::move(named), wide)), Not(IsEmpty()));
+  EXPECT_FALSE(isReadable(std::move(named), wide));
 }
 
 }  // namespace

@@ -60,6 +60,21 @@ TEST(DisplayText, LeavesOtherTextsAsTheyAre) {
   }
 }
 
+TEST(DisplayText, CopiesPathsThatCanBePasted) {
+  for (const auto& [path, copied] : std::vector<std::pair<std::string, QString>>{
+           {"/a b'c", "/a b'c"},
+           {"/back\\slash", "/back\\slash"},
+           {"/x\nrm 'y'", "$'/x\\nrm \\'y\\''"},
+           {"/\x1b[2J\\", "$'/\\x1b[2J\\\\'"},
+           {"/\u009b2Jé", "$'/\\xc2\\x9b2Jé'"},
+           {"/photo\u202egpj", "$'/photo\\xe2\\x80\\xaegpj'"},
+           {"/un\u200bseen'", "$'/un\\xe2\\x80\\x8bseen\\''"},
+           {"/caf\xe9/\xe2\x80", "$'/caf\\xe9/\\xe2\\x80'"},
+           {"/אבג/דהו", "/אבג/דהו"},
+       })
+    EXPECT_EQ(display::pasteable(path), copied);
+}
+
 TEST(DisplayText, WarnsOfNamesThatAreNotWhatTheySeem) {
   for (const char* name :
        {"a\nb", "\x1b[31m", "photo\u202egpj", "a\u200bb", "\xff", "ü/\u009b", "\u200eאבג"}) {

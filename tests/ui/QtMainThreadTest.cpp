@@ -56,15 +56,5 @@ TEST(QtMainThread, LetsEventsThroughAFlood) {
   EXPECT_TRUE(isOver);
 }
 
-TEST(QtMainThread, MayGoAwayWithWorkLeft) {
-  int runs = 0;
-  {
-    ui::QtMainThread main;
-    main.post([&] { ++runs; });
-  }
-  QCoreApplication::processEvents();
-  EXPECT_EQ(runs, 0);
-}
-
 }  // namespace
 }  // namespace broomtide

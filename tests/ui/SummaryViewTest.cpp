@@ -1,4 +1,3 @@
-#include <QAbstractButton>
 #include <QPushButton>
 
 #include "ui/Person.h"
@@ -43,29 +42,26 @@ TEST_F(Summary, TellsThatAllWentWell) {
   EXPECT_THAT(screen().findChildren<RecordList*>(), ElementsAre());
 }
 
-TEST_F(Summary, ListsWhatWasLeftAlone) {
-  const std::vector<std::pair<const char*, const char*>> failures{
-      {"z", "The item changed after the scan."},
-      {"a/<b>",
-       "Broomtide could not move this item to Trash. It may be locked, in use, or require "
-       "additional permission."},
-      {"m", "The item changed after the scan."},
-  };
+TEST_F(Summary, ListsWhatWasLeftAloneAndPointsOutNamesThatAreNotWhatTheySeem) {
   CleanupResult result{{test::selectedItem("a", 1)}, {}};
-  for (const auto& [path, message] : failures) result.failures.push_back({path, path, message});
+  for (const char* path : {"photo\u202egpj", "אבג/<b>"})
+    result.failures.push_back({path, path, "The item changed after the scan."});
   clean(result);
   EXPECT_EQ(outcome().name(), "exclamationmark.circle.fill");
   EXPECT_EQ(outcome().tone(), ui::Tone::usuallySafe);
-  EXPECT_THAT(test::texts(screen()), ElementsAre("Cleanup complete", "1 byte", "1", "3",
+  EXPECT_THAT(test::texts(screen()), ElementsAre("Cleanup complete", "1 byte", "1", "2",
                                                  "Moved to Trash", "Items moved", "Failed"));
   const auto& list = test::find<RecordList>(screen(), "failures");
-  ASSERT_EQ(list.model()->rowCount(), 3);
-  for (int row = 0; row < 3; ++row) {
-    const QModelIndex index = list.model()->index(row, 0);
-    const auto& [path, message] = failures.at(static_cast<std::size_t>(row));
-    EXPECT_EQ(index.data(RecordModel::TitleRole), path);
-    EXPECT_EQ(index.data(RecordModel::SubtitleRole), message);
+  const QModelIndex unusual = list.model()->index(0, 0);
+  const QModelIndex usual = list.model()->index(1, 0);
+  for (const int role : {Qt::DisplayRole, Qt::AccessibleTextRole}) {  // what is copied and read
+    EXPECT_EQ(unusual.data(role),
+              "photo\\u202egpj · Unusual characters · The item changed after the scan.");
+    EXPECT_EQ(usual.data(role), "אבג/<b> · The item changed after the scan.");
   }
+  EXPECT_EQ(unusual.data(RecordModel::WarningRole), "Unusual characters");
+  EXPECT_EQ(unusual.data(RecordModel::SubtitleRole), "The item changed after the scan.");
+  EXPECT_EQ(usual.data(RecordModel::WarningRole), "");
   for (const int width : {820, 2560}) {
     test.window().resize(width, 800);
     test::TestWindow::runUntil([&] { return test.window().width() == width; });
@@ -75,43 +71,8 @@ TEST_F(Summary, ListsWhatWasLeftAlone) {
   }
 }
 
-TEST_F(Summary, PointsOutNamesThatAreNotWhatTheySeem) {
-  CleanupResult result{{test::selectedItem("a", 1)}, {}};
-  for (const char* path : {"photo\u202egpj", "אבג/דהו"}) {
-    result.failures.push_back({path, path, "Changed."});
-  }
-  clean(result);
-  const QAbstractItemModel& rows = *test::find<RecordList>(screen(), "failures").model();
-  const QString unusual = "photo\\u202egpj · Unusual characters · Changed.";
-  const QString usual = "אבג/דהו · Changed.";
-  for (const int role :
-       {Qt::DisplayRole, Qt::AccessibleTextRole}) {  // what is copied, what is read
-    EXPECT_EQ(rows.index(0, 0).data(role), unusual);
-    EXPECT_EQ(rows.index(1, 0).data(role), usual);
-  }
-  EXPECT_EQ(rows.index(0, 0).data(RecordModel::WarningRole), "Unusual characters");
-  EXPECT_EQ(rows.index(1, 0).data(RecordModel::WarningRole), "");
-}
-
-TEST_F(Summary, IsGreenOrOrange) {
-  for (const Qt::GlobalColor behind : {Qt::white, Qt::black}) {
-    const ui::Theme& theme = ui::Theme::of(QPalette(behind));
-    EXPECT_THAT(theme.colour(ui::Tone::safe).hue(), AllOf(Ge(90), Le(160)));
-    EXPECT_THAT(theme.colour(ui::Tone::usuallySafe).hue(), AllOf(Ge(20), Le(45)));
-  }
-}
-
-TEST_F(Summary, ShowsNothingWithoutACleanup) {
-  test.model().setRoute(Route::summary);
-  EXPECT_THAT(test::texts(screen()), ElementsAre("Cleanup complete", "Zero KB", "0", "0",
-                                                 "Moved to Trash", "Items moved", "Failed"));
-  EXPECT_EQ(outcome().name(), "checkmark.circle.fill");
-}
-
 TEST_F(Summary, LeadsHomeAndToTheHistory) {
   clean({});
-  EXPECT_EQ(test::find<QAbstractButton>(screen(), "viewHistory").text(), "View History");
-  EXPECT_EQ(test::find<QAbstractButton>(screen(), "done").text(), "Done");
   test::click(test::find(screen(), "viewHistory"));
   test.runUntil(Route::history);
   test.model().setRoute(Route::summary);

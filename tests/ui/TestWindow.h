@@ -17,13 +17,10 @@ namespace broomtide::test {
 class TestWindow {
  public:
   explicit TestWindow(std::optional<std::string> home = "/home/ada")
-      : model_(AppModel::Services{.scanner = std::make_unique<ScriptedScanner>(script),
-                                  .trashManager = std::make_unique<ScriptedTrash>(script),
-                                  .historyStore = std::make_unique<ScriptedHistory>(script)},
-               AppModel::Surroundings{.mainThread = main_,
-                                      .folderPicker = picker,
-                                      .access = access,
-                                      .homeFolder = std::move(home)}),
+      : model_(servicesOf(script), AppModel::Surroundings{.mainThread = main_,
+                                                          .folderPicker = picker,
+                                                          .access = access,
+                                                          .homeFolder = std::move(home)}),
         window_(model_) {}
 
   AppModel& model() { return model_; }

@@ -2,6 +2,7 @@
 
 #include "ui/look/Theme.h"
 
+#include <QDir>
 #include <QPainter>
 #include <cmath>
 
@@ -57,11 +58,12 @@ TEST(Colours, AreReadable) {
             << colour.name().toStdString() << " on " << behind.name().toStdString();
     }
     EXPECT_GE(contrast(theme->onAccent, theme->accent), least);
+    EXPECT_NEAR(theme->colour(Tone::safe).hue(), 125, 35);        // green
+    EXPECT_NEAR(theme->colour(Tone::usuallySafe).hue(), 32, 13);  // orange
     for (const SafetyLevel level :
          {SafetyLevel::safe, SafetyLevel::usuallySafe, SafetyLevel::reviewFirst}) {
       const QColor colour = theme->colour(ui::toneOf(level));
       const QColor badge = Theme::faint(colour);
-      EXPECT_NEAR(badge.alphaF(), 0.12, 0.005);
       for (const QColor& behind : {theme->card, theme->cardHovered})
         EXPECT_GE(contrast(colour, over(behind, badge)), least) << colour.name().toStdString();
     }
@@ -103,32 +105,6 @@ TEST(Colours, ChangeWithTheDesktop) {
   QApplication::setPalette(former);
 }
 
-const std::vector<QString> symbolNames{"shippingbox.fill",
-                                       "internaldrive.fill",
-                                       "arrow.down.circle.fill",
-                                       "laptopcomputer",
-                                       "icloud.slash",
-                                       "trash",
-                                       "checklist",
-                                       "folder",
-                                       "chevron.left",
-                                       "chevron.right",
-                                       "chevron.down",
-                                       "house",
-                                       "checkmark",
-                                       "checkmark.circle",
-                                       "checkmark.circle.fill",
-                                       "folder.fill",
-                                       "doc.fill",
-                                       "shippingbox",
-                                       "exclamationmark.triangle",
-                                       "exclamationmark.circle.fill",
-                                       "trash.circle.fill",
-                                       "clock",
-                                       "magnifyingglass",
-                                       "doc.on.doc",
-                                       "BrandMark"};
-
 QImage drawn(const QString& name, const QColor& colour, int ratio) {
   constexpr int side = 24;
   QImage image(side * ratio, side * ratio, QImage::Format_ARGB32);
@@ -139,21 +115,7 @@ QImage drawn(const QString& name, const QColor& colour, int ratio) {
   return image;
 }
 
-// How many pixels are covered, and how many of those in another colour.
-std::pair<int, int> count(const QImage& image, const QColor& colour) {
-  std::pair<int, int> result;
-  for (int y = 0; y < image.height(); ++y) {
-    for (int x = 0; x < image.width(); ++x) {
-      const QColor pixel = image.pixelColor(x, y);
-      if (pixel.alpha() < 255) continue;
-      ++result.first;
-      if (pixel.rgb() != colour.rgb()) ++result.second;
-    }
-  }
-  return result;
-}
-
-// How much of the area differs, 0 to 1.
+// The mean difference of two images, 0 to 1.
 double difference(const QImage& a, const QImage& b) {
   int sum = 0;
   for (int y = 0; y < a.height(); ++y) {
@@ -163,39 +125,27 @@ double difference(const QImage& a, const QImage& b) {
   return sum / 255.0 / (a.width() * a.height());
 }
 
-TEST(Symbols, AreDrawnInTheColourThatIsAskedFor) {
-  for (const QString& name : symbolNames) {
-    for (const QColor& colour : {light().accent, dark().reviewFirst, QColor(Qt::black)}) {
-      for (const int ratio : {1, 2}) {
-        const auto [covered, otherwise] = count(drawn(name, colour, ratio), colour);
-        EXPECT_GT(covered, 10 * ratio) << name.toStdString();
-        if (name != "BrandMark") {
-          EXPECT_EQ(otherwise, 0) << name.toStdString();
-        }
+TEST(Symbols, AreSharpAndInTheColourThatIsAskedFor) {
+  const QStringList files = QDir(":/icons").entryList({"*.svg"});
+  ASSERT_FALSE(files.isEmpty());
+  for (const QString& file : files) {
+    const QString name = file.chopped(4);
+    SCOPED_TRACE(name.toStdString());
+    const QImage fine = drawn(name, light().accent, 2);
+    int covered = 0;
+    for (int y = 0; y < fine.height(); ++y) {
+      for (int x = 0; x < fine.width(); ++x) {
+        const QColor pixel = fine.pixelColor(x, y);
+        if (pixel.alpha() < 255) continue;
+        ++covered;
+        ASSERT_TRUE(pixel.rgb() == light().accent.rgb() || name == "BrandMark");
       }
     }
-  }
-}
-
-TEST(Symbols, AreSharpOnAFineScreen) {
-  for (const QString& name : symbolNames) {
-    const QImage fine = drawn(name, Qt::black, 2);
-    const QImage coarse = drawn(name, Qt::black, 1);
-    const QImage scaled = coarse.scaled(fine.size(), Qt::IgnoreAspectRatio, Qt::FastTransformation);
-    EXPECT_GT(difference(fine, scaled), 0.001) << name.toStdString();
-    // It is the same drawing, in the same place.
-    EXPECT_LT(difference(fine, scaled), 0.15) << name.toStdString();
-  }
-}
-
-TEST(Symbols, CanBeToldApart) {
-  for (std::size_t a = 0; a < symbolNames.size(); ++a) {
-    for (std::size_t b = 0; b < a; ++b) {
-      EXPECT_GT(
-          difference(drawn(symbolNames[a], Qt::black, 1), drawn(symbolNames[b], Qt::black, 1)),
-          0.03)
-          << symbolNames[a].toStdString() << " and " << symbolNames[b].toStdString();
-    }
+    EXPECT_GT(covered, 20);
+    // A fine screen gets the same drawing in the same place, and more of it.
+    const QImage scaled = drawn(name, light().accent, 1).scaled(fine.size());
+    EXPECT_GT(difference(fine, scaled), 0.001);
+    EXPECT_LT(difference(fine, scaled), 0.15);
   }
 }
 
