@@ -177,8 +177,9 @@ TreeScan::Surroundings TreeScan::surroundings(const std::string& location, Candi
     return snapshot ? snapshot->status(location, kind == CandidateKind::directory)
                     : GitItemStatus::unavailable;
   };
-  if (around.gitRoot != nullptr)
+  if (around.gitRoot != nullptr) {
     around.otherGitRoots = projects_->otherGitRoots(location, *around.gitRoot);
+  }
   const bool isKnownAround = isRootAsked_ && statusIn(root_) != GitItemStatus::unavailable;
   if (isKnownAround) around.otherGitRoots.push_back(root_);
   around.gitStatus = statusAmong(around.gitRoot, around.otherGitRoots, statusIn);
