@@ -46,13 +46,17 @@ std::string shortened(std::string_view text, std::size_t most) {
   for (std::string_view rest = text; !rest.empty(); rest.remove_prefix(characters.back().length)) {
     characters.push_back(utf8::decode(rest));
   }
-  // The head takes what the tail and the dots leave over.
+  // The head takes what the tail and the dots leave over. A mark that belongs to the letter before
+  // it does not come without that.
   std::size_t tailBytes = 0;
   std::size_t tailColumns = 0;
+  std::size_t passedBytes = 0;
   for (auto last = characters.rbegin(); tailColumns + columnsOf(last->codePoint) <= (most - 1) / 2;
        ++last) {
+    passedBytes += last->length;
+    if (columnsOf(last->codePoint) == 0) continue;
     tailColumns += columnsOf(last->codePoint);
-    tailBytes += last->length;
+    tailBytes = passedBytes;
   }
   std::size_t headBytes = 0;
   std::size_t headColumns = 0;
