@@ -10,7 +10,6 @@
 
 #include "app/Services.h"
 #include "cli/Failure.h"
-#include "cli/Interruption.h"
 #include "cli/ProgressLine.h"
 
 namespace broomtide::cli {
@@ -65,7 +64,7 @@ std::optional<std::string> Session::select(const std::vector<std::string>& ident
 }
 
 ExitStatus Session::clean() {
-  const Interruption interruption;
+  const Interruption& interruption = interruptionOfCleanup_.emplace();
   const std::stop_callback forward(interruption.token(),
                                    [this] { loop_.post([this] { model_->requestStop(); }); });
   isRecorded_ = false;

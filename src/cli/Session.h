@@ -7,6 +7,7 @@
 
 #include "app/AppModel.h"
 #include "cli/ExitStatus.h"
+#include "cli/Interruption.h"
 #include "cli/MainLoop.h"
 
 namespace broomtide::cli {
@@ -29,7 +30,8 @@ class Session final : private FolderPicking {
   /// of them, that one is returned.
   std::optional<std::string> select(const std::vector<std::string>& identifiers);
 
-  /// Cleans what is selected and records it. Ctrl-C lets the current item finish.
+  /// Cleans what is selected and records it. Ctrl-C lets the current item finish; one that comes
+  /// later, once in the life of the session, does not keep the result from being reported.
   ExitStatus clean();
 
   /// Whether the last cleanup is in the history.
@@ -47,6 +49,7 @@ class Session final : private FolderPicking {
   std::optional<std::string> choice_;  // what the folder picker answers
   bool isRecorded_ = false;
   std::unique_ptr<AppModel> model_;
+  std::optional<Interruption> interruptionOfCleanup_;
 };
 
 }  // namespace broomtide::cli

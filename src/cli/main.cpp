@@ -6,6 +6,7 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,13 +34,27 @@ void makeSurroundingsUsual() {
   std::signal(SIGCHLD, SIG_DFL);
 }
 
+// Why a command is wrong that was given what looks like an option; nothing when it was not. The
+// folder would be what is missing otherwise.
+std::optional<std::string> reasonOfUnknownOption(const CLI::App& command) {
+  const std::vector<std::string> unknown = command.remaining();
+  const bool isOption =
+      !unknown.empty() && unknown.front().starts_with('-') && unknown.front() != "--";
+  if (!isOption) return std::nullopt;
+  const bool takesFolder = command.get_option_no_throw("FOLDER") != nullptr;
+  return "There is no option '" + unknown.front() + "' here." +
+         (takesFolder ? " Put -- before a folder whose name begins with a dash." : "");
+}
+
 // Says what is wrong with the command line and where to read more.
 ExitStatus reject(const CLI::App& application, const CLI::ParseError& mistake) {
   std::string reason = mistake.what();
   std::string help = "broomtide-cli";
   const std::vector<std::string> unknown = application.remaining();
   if (!application.get_subcommands().empty()) {
-    help += ' ' + application.get_subcommands().front()->get_name();
+    const CLI::App& command = *application.get_subcommands().front();
+    help += ' ' + command.get_name();
+    reason = reasonOfUnknownOption(command).value_or(reason);
   } else if (unknown.empty()) {
     reason = "Say what to do: scan, clean or history.";
   } else {

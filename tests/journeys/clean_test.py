@@ -10,6 +10,7 @@ import pty
 import random
 import re
 import resource
+import select
 import shutil
 import signal
 import stat
@@ -429,6 +430,16 @@ class Interrupting(CleanJourney):
         self.assertEqual([entry["failures"][0]["message"] for entry in self.history()], [CANCELLED])
         self.assertEqual(snapshot(self.work), before)
         self.assertTrue(endless.has_ended())
+
+    def test_what_was_moved_is_told_when_ctrl_c_comes_after_the_last_item(self):
+        for number in range(300):
+            self.project(str(number))  # more to tell than a pipe holds
+        clean = subprocess.Popen([CLI, "clean", "--yes", "--json", self.work], stdout=subprocess.PIPE,
+                                 stderr=subprocess.PIPE, env=environment(XDG_DATA_HOME=self.data))
+        self.assertTrue(select.select([clean.stdout], [], [], 60)[0])
+        clean.send_signal(signal.SIGINT)
+        out, err = clean.communicate(timeout=60)
+        self.assertEqual((clean.returncode, len(json.loads(out)["moved"])), (0, 300), err)
 
 
 class Killing(CleanJourney):

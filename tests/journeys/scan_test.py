@@ -285,6 +285,8 @@ class Usage(Journey):
             command = " scan" if "scan" in arguments else ""
             self.assertIn(f"\nRun broomtide-cli{command} --help for more information.\n", result.stderr)
         self.assertIn("no command or option 'scna\\x1b'", self.run_cli("scna\x1b", ".").stderr)
+        self.assertIn("no option '-rf' here. Put -- before a folder", self.run_cli("scan", "-rf").stderr)
+        self.assertRegex(self.run_cli("history", "-n").stderr, r"no option '-n' here\.\nRun")
         for arguments in [["--help"], ["scan", "--help"], ["--version"]]:
             result = self.run_cli(*arguments)
             self.assertEqual((result.returncode, result.stderr), (0, ""), arguments)
