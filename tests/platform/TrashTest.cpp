@@ -150,6 +150,11 @@ TEST_F(TrashMove, ATakenNameGivesTheNextOne) {
   EXPECT_TRUE(fs::is_empty(tree.path("Trash/files/build")));
   EXPECT_FALSE(fs::exists(tree.path("Trash/info/build.trashinfo")));
   EXPECT_TRUE(fs::exists(tree.path("Trash/info/build.3.trashinfo")));
+
+  tree.file("work/build/object");
+  tree.run("rmdir Trash/files/build; touch Trash/info/build.trashinfo");
+  EXPECT_FALSE(move());
+  EXPECT_FALSE(fs::exists(tree.path("Trash/files/build"))) << "what is reserved was taken";
 }
 
 // However often the same folder is built and cleaned before somebody empties the Trash.
