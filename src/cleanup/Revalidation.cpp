@@ -1,5 +1,6 @@
 #include "cleanup/Revalidation.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 
@@ -52,15 +53,22 @@ Revalidation::Problem Revalidation::problemOnDisk(const ScanCandidate& candidate
 }
 
 Revalidation::Problem Revalidation::problemInGit(const ScanCandidate& candidate) const {
-  if (!candidate.gitRoot) return std::nullopt;
   const auto statusIn = [&](const std::string& root) {
     const auto found = snapshots_.find(paths::standardized(root));
     return found == snapshots_.end()
                ? GitItemStatus::unavailable
                : found->second.status(candidate.url, candidate.kind == CandidateKind::directory);
   };
-  const GitItemStatus status = statusAmong(*candidate.gitRoot, candidate.otherGitRoots, statusIn);
+  const auto& others = candidate.otherGitRoots;
+  const std::string* gitRoot = candidate.gitRoot ? &*candidate.gitRoot : nullptr;
+  const GitItemStatus status = statusAmong(gitRoot, others, statusIn);
   if (status == GitItemStatus::tracked) return CleanupMessages::tracked;
+  if (gitRoot == nullptr) {
+    const bool areSilent = std::ranges::any_of(others, [&](const std::string& other) {
+      return statusIn(other) == GitItemStatus::unavailable;
+    });
+    return areSilent ? Problem(CleanupMessages::gitUnknown) : std::nullopt;
+  }
   if (status == GitItemStatus::unavailable) return CleanupMessages::gitUnknown;
   const bool wasIgnored = candidate.gitStatus == GitItemStatus::ignored;
   if (wasIgnored && status != GitItemStatus::ignored) return CleanupMessages::notIgnored;

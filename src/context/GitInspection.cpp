@@ -6,6 +6,8 @@
 
 #include "core/Paths.h"
 #include "platform/Confinement.h"
+#include "platform/FileManager.h"
+#include "platform/PathSafety.h"
 
 namespace broomtide {
 namespace {
@@ -23,14 +25,18 @@ GitInspection::GitInspection(std::optional<std::string> git, std::chrono::millis
 GitInspection::~GitInspection() { stopping_.requestStop(); }
 
 void GitInspection::add(const std::string& root) {
+  using enum GitInspector::Listing;
   const std::string key = paths::standardized(root);
+  const bool isRoot = GitInspector::isRepository(systemFileManager(), root);
   const std::scoped_lock lock(mutex_);
   const auto [place, isNew] = repositories_.try_emplace(key);
   if (!isNew) return;
   place->second.snapshot = std::make_shared<GitSnapshot>();
   place->second.snapshot->root = root;
-  runs_.push_back({key, GitInspector::Listing::tracked});
-  runs_.push_back({key, GitInspector::Listing::ignored});
+  place->second.listingsLeft = isRoot ? 2 : 1;
+  runs_.push_back(
+      {key, tracked, isRoot ? GitInspector::Asked::own : GitInspector::Asked::enclosing});
+  if (isRoot) runs_.push_back({key, ignored, GitInspector::Asked::own});
   runAdded_.notify_all();
   if (threads_.size() < mostThreads()) {
     threads_.emplace_back([this] { work(stopping_.token()); });
@@ -65,8 +71,11 @@ void GitInspection::work(const std::stop_token& stop) {
 std::optional<PathSet> GitInspection::list(const Run& run, const std::stop_token& stop) const {
   if (!git_) return std::nullopt;
   try {
+    // To a repository a link in it is an entry, and leads nowhere.
+    const bool isRoot = run.asked == GitInspector::Asked::own;
+    const std::string folder = isRoot ? run.key : PathSafety::resolved(run.key);
     std::optional<ChildProcess::Output> output =
-        ChildProcess::run(GitInspector::listingCommand(*git_, run.key, run.listing),
+        ChildProcess::run(GitInspector::listingCommand(*git_, folder, run.listing, run.asked),
                           {.time = limit_, .idleTime = GitInspector::idleLimit}, stop);
     if (!output || GitInspector::tellsOfFailure(output->errors)) return std::nullopt;
     const bool isOfIndex = run.listing == GitInspector::Listing::tracked;

@@ -34,7 +34,8 @@ class GitInspection {
   GitInspection(const GitInspection&) = delete;
   GitInspection& operator=(const GitInspection&) = delete;
 
-  /// Adds a repository root, an absolute path, unless it was added before.
+  /// Adds a repository root, an absolute path, unless it was added before; or any other folder, of
+  /// which the repository around it will tell what it tracks.
   void add(const std::string& root);
 
   /// The snapshot of an added root; blocks until Git has answered. Null for a root that was never
@@ -44,12 +45,13 @@ class GitInspection {
  private:
   struct Repository {
     std::shared_ptr<GitSnapshot> snapshot;
-    int listingsLeft = 2;
+    int listingsLeft = 0;
     int listingsFailed = 0;
   };
   struct Run {
     std::string key;
     GitInspector::Listing listing;
+    GitInspector::Asked asked;
   };
 
   void work(const std::stop_token& stop);

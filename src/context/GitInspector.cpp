@@ -28,17 +28,35 @@ const std::optional<std::string>& executable() {
   return found;
 }
 
-ChildProcess::Command listingCommand(const std::string& git, const std::string& root,
-                                     Listing listing) {
+bool isRepository(FileManager& fileManager, const std::string& folder) {
+  FileAttributes ignored;
+  const std::error_code error = fileManager.readAttributes(
+      workingDirectory, paths::appending(folder, ".git").c_str(), LinkPolicy::doNotFollow, ignored);
+  return error != std::errc::no_such_file_or_directory && error != std::errc::not_a_directory;
+}
+
+bool isInsideRepository(FileManager& fileManager, const std::string& folder) {
+  for (std::string above = folder; above != "/";) {
+    above = std::string(paths::enclosingFolder(above));
+    if (isRepository(fileManager, above)) return true;
+  }
+  return false;
+}
+
+ChildProcess::Command listingCommand(const std::string& git, const std::string& folder,
+                                     Listing listing, Asked asked) {
   ChildProcess::Command command{
       .executable = git,
-      .arguments = {"-C", root, "-c", "core.quotepath=false", "-c", "core.fsmonitor=false",
+      .arguments = {"-C", folder, "-c", "core.quotepath=false", "-c", "core.fsmonitor=false",
                     "ls-files", "-z"},
-      // Where it finds no repository, or one that is broken, Git would answer for one around it.
-      // The folder above is named in a way that no colon in its path can end.
-      .environment = {"LC_ALL=C", "PATH=/usr/bin:/bin", "GIT_ALLOW_PROTOCOL=",
-                      "GIT_LITERAL_PATHSPECS=1", "GIT_CEILING_DIRECTORIES=/proc/self/cwd/.."},
+      .environment = {"LC_ALL=C", "PATH=/usr/bin:/bin",
+                      "GIT_ALLOW_PROTOCOL=", "GIT_LITERAL_PATHSPECS=1"},
   };
+  if (asked == Asked::own) {
+    // Where it finds no repository, or one that is broken, Git would answer for one around it. The
+    // folder above is named in a way that no colon in its path can end.
+    command.environment.emplace_back("GIT_CEILING_DIRECTORIES=/proc/self/cwd/..");
+  }
   if (listing == Listing::tracked) {
     command.arguments.emplace_back("--cached");
   } else {
@@ -47,7 +65,7 @@ ChildProcess::Command listingCommand(const std::string& git, const std::string& 
         {"--others", "--ignored", "--exclude-standard", "--directory", "--no-empty-directory"});
   }
   // A repository can say that its files are elsewhere; then Git refuses to look for these.
-  command.arguments.insert(command.arguments.end(), {"--", root});
+  command.arguments.insert(command.arguments.end(), {"--", folder});
   return command;
 }
 

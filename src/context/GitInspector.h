@@ -31,12 +31,24 @@ std::optional<std::string> locate(FileManager& fileManager, const char* develope
 /// The Git tool of this machine, looked up once in the life of the process.
 const std::optional<std::string>& executable();
 
+/// Whether a folder has the mark of a repository, a ".git" of whatever kind. What cannot be
+/// examined counts as one.
+bool isRepository(FileManager& fileManager, const std::string& folder);
+
+/// Whether a folder above `folder`, an absolute path, has that mark.
+bool isInsideRepository(FileManager& fileManager, const std::string& folder);
+
 /// Which paths of a repository to list.
 enum class Listing { tracked, ignored };
 
-/// The command that lists the paths of the repository at `root`, each ended by a zero byte.
-ChildProcess::Command listingCommand(const std::string& git, const std::string& root,
-                                     Listing listing);
+/// Which repository is asked about a folder: the one that it is the root of and no other, or the
+/// one that it lies in.
+enum class Asked { own, enclosing };
+
+/// The command that lists the paths at and below `folder`, relative to it and each ended by a zero
+/// byte.
+ChildProcess::Command listingCommand(const std::string& git, const std::string& folder,
+                                     Listing listing, Asked asked);
 
 /// Whether Git's messages tell that a listing is incomplete although Git ended well, as it does
 /// when it cannot read the folders that a sparse index stands for.
@@ -53,7 +65,8 @@ bool isListingBelow(std::string_view listing);
 
 /// One snapshot for each repository root, by standardised root path. Blocks until Git has answered
 /// for all; a repository that Git cannot list within `limit`, or before `stop` is asked to stop,
-/// gets a snapshot that is not available.
+/// gets a snapshot that is not available. For a folder that is no root, the repository around it
+/// tells what it tracks there, and nothing of what it ignores.
 std::map<std::string, GitSnapshot> inspect(const std::vector<std::string>& roots,
                                            std::stop_token stop,
                                            std::chrono::milliseconds limit = runLimit);

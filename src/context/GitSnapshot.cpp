@@ -17,16 +17,17 @@ GitItemStatus GitSnapshot::status(std::string_view location, bool isDirectory) c
   return ignoredPaths.covers(path) ? GitItemStatus::ignored : GitItemStatus::untracked;
 }
 
-GitItemStatus statusAmong(const std::string& root, const std::vector<std::string>& others,
+GitItemStatus statusAmong(const std::string* root, const std::vector<std::string>& others,
                           const std::function<GitItemStatus(const std::string& root)>& statusIn) {
-  GitItemStatus status = statusIn(root);
+  GitItemStatus status = root != nullptr ? statusIn(*root) : GitItemStatus::unavailable;
   if (others.size() > mostOtherRepositories && status != GitItemStatus::tracked) {
     return GitItemStatus::unavailable;
   }
   for (const std::string& other : others) {
     if (status == GitItemStatus::tracked) break;
     const GitItemStatus said = statusIn(other);
-    const bool isUnknown = said == GitItemStatus::unavailable && paths::isBelow(other, root);
+    const bool isUnknown =
+        said == GitItemStatus::unavailable && root != nullptr && paths::isBelow(other, *root);
     if (said == GitItemStatus::tracked || isUnknown) status = said;
   }
   return status;

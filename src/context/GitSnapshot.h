@@ -28,9 +28,10 @@ struct GitSnapshot {
 inline constexpr std::size_t mostOtherRepositories = 8;
 
 /// How Git regards an item with several repositories around it: as the one at `root` does, by which
-/// it is judged, unless one of the others tracks the item, or lies between and is silent.
-/// `statusIn` tells what each says. Unavailable when there are more than `mostOtherRepositories`.
-GitItemStatus statusAmong(const std::string& root, const std::vector<std::string>& others,
+/// it is judged, unless one of the others tracks the item, or lies between and is silent. When
+/// `root` is null, nothing is known but what the others track. `statusIn` tells what each says.
+/// Unavailable when there are more than `mostOtherRepositories`.
+GitItemStatus statusAmong(const std::string* root, const std::vector<std::string>& others,
                           const std::function<GitItemStatus(const std::string& root)>& statusIn);
 
 }  // namespace broomtide

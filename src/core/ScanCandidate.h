@@ -27,7 +27,8 @@ struct ScanCandidate {
   bool isSelected = false;   ///< the only field that changes after the scan
   std::optional<std::string> projectRoot;
   std::optional<std::string> gitRoot;
-  std::vector<std::string> otherGitRoots = {};  ///< further repositories around it
+  /// Further repositories around it. The scanned folder stands for one that it lies in.
+  std::vector<std::string> otherGitRoots = {};
   std::set<ProjectKind> projectKinds;
   Evidence evidence;
   std::optional<std::string_view> regenerationCommand;

@@ -6,9 +6,11 @@
 #include <set>
 #include <utility>
 
+#include "context/GitInspector.h"
 #include "core/Paths.h"
 #include "core/ScannerError.h"
 #include "platform/FileIdentity.h"
+#include "platform/PathSafety.h"
 
 namespace broomtide {
 namespace {
@@ -43,6 +45,7 @@ ScanOutcome TreeScan::run() {
                    .onRepository = [this](const std::string& root) { git_.add(root); }},
                   stop_);
   if (mode_ == ScanMode::project) {
+    askAroundRoot();
     takeDiscovery(ahead.awaitDiscovery());
   } else {
     reports_.report(0, 0, "Scanning Downloads…");
@@ -64,6 +67,14 @@ FileDescriptor TreeScan::open(int folder, const std::string& name) {
     throw ScannerError(ScannerError::Case::permissionDenied);
   }
   return opened;
+}
+
+// What a repository tracks that the scanned folder lies in, is not offered either. Nothing else is
+// asked of it: what it ignores may be a folder that is worth scanning.
+void TreeScan::askAroundRoot() {
+  isRootAsked_ = !GitInspector::isRepository(fileManager_, root_) &&
+                 GitInspector::isInsideRepository(fileManager_, PathSafety::resolved(root_));
+  if (isRootAsked_) git_.add(root_);
 }
 
 void TreeScan::takeDiscovery(ProjectDiscovery discovery) {
@@ -160,15 +171,18 @@ TreeScan::Surroundings TreeScan::surroundings(const std::string& location, Candi
   around.gitRoot = around.project != nullptr && around.project->gitRoot
                        ? &*around.project->gitRoot
                        : projects_->nearestGitRoot(location);
-  if (around.gitRoot == nullptr) return around;
-  around.otherGitRoots = projects_->otherGitRoots(location, *around.gitRoot);
-  around.gitStatus =
-      statusAmong(*around.gitRoot, around.otherGitRoots, [&](const std::string& gitRoot) {
-        const std::shared_ptr<const GitSnapshot> snapshot = git_.snapshot(gitRoot);
-        if (stop_.stop_requested()) throw CancellationError();
-        return snapshot ? snapshot->status(location, kind == CandidateKind::directory)
-                        : GitItemStatus::unavailable;
-      });
+  const auto statusIn = [&](const std::string& root) {
+    const std::shared_ptr<const GitSnapshot> snapshot = git_.snapshot(root);
+    if (stop_.stop_requested()) throw CancellationError();
+    return snapshot ? snapshot->status(location, kind == CandidateKind::directory)
+                    : GitItemStatus::unavailable;
+  };
+  if (around.gitRoot != nullptr) {
+    around.otherGitRoots = projects_->otherGitRoots(location, *around.gitRoot);
+  }
+  const bool isKnownAround = isRootAsked_ && statusIn(root_) != GitItemStatus::unavailable;
+  if (isKnownAround) around.otherGitRoots.push_back(root_);
+  around.gitStatus = statusAmong(around.gitRoot, around.otherGitRoots, statusIn);
   return around;
 }
 

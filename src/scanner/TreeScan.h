@@ -41,6 +41,7 @@ class TreeScan {
   };
 
   FileDescriptor open(int folder, const std::string& name);
+  void askAroundRoot();
   void takeDiscovery(ProjectDiscovery discovery);
   void visit(const WalkStep& step);
   void visitMatch(const std::string& relativePath, const WalkMatch& match);
@@ -58,6 +59,7 @@ class TreeScan {
   const std::stop_token stop_;
 
   GitInspection git_;
+  bool isRootAsked_ = false;  // the repository around the scanned folder is asked about that
   ProjectDiscovery discovery_;
   std::optional<ProjectLookup> projects_;
   ScanReports& reports_;

@@ -195,6 +195,16 @@ TEST_F(Cleanup, AsksGitOnceAndBelievesIt) {
   EXPECT_EQ(outcome(item), CleanupMessages::tracked);
   EXPECT_EQ(askedRoots.back(), (std::vector{tree.path("work"), *item.gitRoot}));
 
+  // In no repository below the scanned folder, which lies in one itself.
+  other.gitRoot.reset();
+  other.otherGitRoots = {tree.path("work")};
+  snapshots[tree.path("work")].trackedPaths = PathSet(std::string("app/package.json"));
+  EXPECT_EQ(outcome(other), CleanupMessages::tracked);
+  snapshots.erase(tree.path("work"));
+  EXPECT_EQ(outcome(other), CleanupMessages::gitUnknown);
+
+  other.gitRoot = item.gitRoot;
+  other.otherGitRoots.clear();
   item.otherGitRoots.clear();
   askedRoots.clear();
   other.gitStatus = unavailable;

@@ -49,7 +49,8 @@ class HostileRepository : public testing::Test {
   // Lists as the program does, but without one of its protections.
   void listWithout(const std::string& protection) const {
     for (const Listing listing : {Listing::tracked, Listing::ignored}) {
-      ChildProcess::Command command = GitInspector::listingCommand(git, root, listing);
+      ChildProcess::Command command =
+          GitInspector::listingCommand(git, root, listing, GitInspector::Asked::own);
       std::erase(command.environment, protection);
       if (const auto place = std::ranges::find(command.arguments, protection);
           place != command.arguments.end()) {

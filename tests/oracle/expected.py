@@ -172,14 +172,25 @@ def is_passed_by(root):
     return found not in ([place + b"/.git\n"], [place + b"\n"])
 
 
+def lies_in_repository(root):
+    folder = os.path.realpath(root)
+    while folder != b"/":
+        folder = os.path.dirname(folder)
+        if os.path.lexists(folder + b"/.git"):
+            return True
+    return False
+
+
 class Snapshot:
-    def __init__(self, root):
+    """What the repository of a folder tracks and ignores; of one around the folder, only what it tracks there."""
+
+    def __init__(self, root, is_part=False):
         self.root = root
-        if is_passed_by(root):
+        if not is_part and is_passed_by(root):
             self.tracked = None
             return
         self.tracked = run_git(root, b"ls-files -z --cached")
-        self.ignored = run_git(
+        self.ignored = [] if is_part else run_git(
             root, b"ls-files -z --others --ignored --exclude-standard --directory --no-empty-directory")
 
     def status(self, path, is_directory):
@@ -220,12 +231,23 @@ def nearest(path, roots):
 def status_among(path, is_directory, git_root, snapshots):
     """As the repository says by which it is judged, unless another tracks it, or one between says nothing."""
     said = {root: snapshots[root].status(path, is_directory) for root in snapshots if is_or_lies_below(path, root)}
-    if said[git_root] != "tracked" and len(said) > 9:
+    own = said.get(git_root, "unavailable")
+    if own != "tracked" and len(said) > 9:
         return "unavailable"
     if "tracked" in said.values():
         return "tracked"
-    between = [status for root, status in said.items() if is_or_lies_below(root, git_root)]
-    return "unavailable" if "unavailable" in between else said[git_root]
+    between = [status for root, status in said.items() if git_root and is_or_lies_below(root, git_root)]
+    return "unavailable" if "unavailable" in between else own
+
+
+def snapshots_around(root, git_roots):
+    """Of every repository below the folder, and of one that the folder lies in."""
+    snapshots = {git_root: Snapshot(git_root) for git_root in git_roots}
+    if root not in snapshots and lies_in_repository(root):
+        part = Snapshot(root, is_part=True)
+        if part.tracked is not None:
+            snapshots[root] = part
+    return snapshots
 
 
 def is_trash(entry, root, home_trash):
@@ -341,7 +363,7 @@ def scan_tree(scan):
     """Project and downloads mode: one walk over the whole folder."""
     in_project_mode = scan.mode == "project"
     discovery = discover(scan.root, scan.home_trash) if in_project_mode else Discovery()
-    snapshots = {root: Snapshot(root) for root in discovery.git_roots}
+    snapshots = snapshots_around(scan.root, discovery.git_roots) if in_project_mode else {}
     projects = {project.root: project for project in discovery.projects}
     scan.projects = discovery.projects
     scan.entries = discovery.entries
@@ -372,9 +394,7 @@ def scan_tree(scan):
 
         project = projects.get(nearest(entry.path, projects))
         git_root = project and project.git_root or nearest(entry.path, discovery.git_roots)
-        git_status = "unavailable"
-        if git_root is not None:
-            git_status = status_among(entry.path, is_directory, git_root, snapshots)
+        git_status = status_among(entry.path, is_directory, git_root, snapshots)
         if in_project_mode:
             judgement = rules.evaluate(rule, project, git_status, git_root is not None)
             if judgement is None:

@@ -311,12 +311,16 @@ class Builder(Repositories):
         self.file(self.outside + b"/shared", 30000)
         self.folder(self.outside + b"/big")
         self.file(self.outside + b"/big/file", 200000)
-        if self.chance(0.15):
-            # A repository and a manifest above the scanned folder, which only Git itself may come upon.
+        lies_in_repository = self.chance(0.2)
+        if lies_in_repository:
+            # A repository and a manifest above the scanned folder, of which only what it tracks may count.
             self.git(self.base, "init", "-q", "--template=", must_work=True)
             self.write(self.base + b"/package.json", b"{}")
             self.write(self.base + b"/.gitignore", b"\n".join(self.some(nasty_names.IGNORE_LINES, 5)) + b"\n")
         {"project": self.project_tree, "downloads": self.downloads_tree, "caches": self.caches_tree}[mode]()
+        if lies_in_repository:
+            for path in self.some(sorted(self.below(self.root)), 20):
+                self.git(self.base, "add", "-f", "--", path)
         tree = self.named()
         if unreadable:
             tree.unreadable = self.choose_unreadable(mode)

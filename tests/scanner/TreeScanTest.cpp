@@ -204,6 +204,30 @@ TEST(TreeScan, OffersNothingThatAnyRepositoryAroundItTracks) {
                          "late/c/.next: The path is ignored by Git."));
 }
 
+// What lies above is not scanned, but its repository is asked what it tracks.
+TEST(TreeScan, OffersNothingThatTheRepositoryAroundTheFolderTracks) {
+  TemporaryTree tree;
+  for (const char* name : {"app/package.json", "app/dist/f", "app/.next/f", "app/own/.next/f"}) {
+    tree.file(name, "x");
+  }
+  tree.repository("");  // has everything so far in its index
+  tree.file("app/coverage/f", "x");
+  tree.file(".gitignore", "coverage\n");
+  tree.repository("app/own");
+  tree.file("app/own/.mypy_cache/f", "x");
+  tree.link("app", "way");
+  for (const char* folder : {"app", "way"}) {
+    const std::vector<ScanCandidate> found = ScanRecorder().scan(tree.path(folder)).candidates;
+    ASSERT_EQ(found.size(), 1U) << folder;
+    EXPECT_EQ(found[0].relativePath, "coverage");
+    EXPECT_EQ(found[0].gitStatus, GitItemStatus::unavailable);
+    EXPECT_EQ(found[0].gitRoot, std::nullopt);
+    EXPECT_EQ(found[0].otherGitRoots, std::vector{tree.path(folder)});
+  }
+  tree.file(".git/index", "broken");
+  EXPECT_EQ(ScanRecorder().scan(tree.path("app")).candidates.size(), 3U);
+}
+
 TEST(TreeScan, MeasuresNothingThatItCannotIdentify) {
   TemporaryTree tree;
   tree.file("package.json");

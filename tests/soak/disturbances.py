@@ -51,12 +51,12 @@ def refusal(item, root, snapshots):
         return "The item changed after the scan. Rescan before cleaning it."
     if abs(told_date(status) - item.date) > TOLERANCE:
         return "The item was modified after the scan. Rescan before cleaning it."
+    git_status = expected.status_among(item.path, item.is_folder, item.git_root, snapshots)
+    if git_status == "tracked":
+        return "The item is now tracked by Git. Broomtide left it untouched."
     if item.git_root:
-        git_status = expected.status_among(item.path, item.is_folder, item.git_root, snapshots)
         if git_status == "unavailable":
             return "Git status could not be revalidated. Broomtide left the item untouched."
-        if git_status == "tracked":
-            return "The item is now tracked by Git. Broomtide left it untouched."
         if item.was_ignored and git_status != "ignored":
             return "The item is no longer ignored by Git. Rescan before cleaning it."
     folders = [os.path.dirname(item.path)] + [item.path] * item.is_folder  # moving a folder writes its ".."

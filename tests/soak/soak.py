@@ -166,15 +166,15 @@ class Round:
         return got
 
     def clean(self, selected):
-        in_repositories = any(item.git_root for item in selected)
-        repositories = expected.discover(self.root, self.soak.trash).git_roots if in_repositories else []
+        in_projects = self.mode == "project"
+        repositories = expected.discover(self.root, self.soak.trash).git_roots if in_projects else []
         ignored = [item for item in selected if item.was_ignored]
         for _ in range(self.random.randrange(8)):
             disturb = self.random.choice(DISTURBANCES)
             victim = self.random.choice(disturb in CHANGES_OF_GIT and ignored or selected)
             with contextlib.suppress(OSError):  # permissions are in the way, or it is not there any more
                 disturb(victim, self.base + b"/aside %d" % self.random.getrandbits(30))
-        snapshots = {repository: expected.Snapshot(repository) for repository in repositories}
+        snapshots = expected.snapshots_around(self.root, repositories) if in_projects else {}
         refusals = {item.relative: refusal(item, self.root, snapshots) for item in selected}
         moved = [item for item in selected if refusals[item.relative] is None]
         refused = [item for item in selected if refusals[item.relative] is not None]
