@@ -3,9 +3,9 @@
 #include <filesystem>
 
 #include "cleanup/Revalidation.h"
-#include "platform/FileIdentity.h"
 #include "platform/WholeFile.h"
 #include "support/FaultyFileManager.h"
+#include "support/ScanRecorder.h"
 #include "support/TemporaryTree.h"
 #include "support/TreeSnapshot.h"
 
@@ -24,15 +24,7 @@ class Cleanup : public testing::Test {
   }
 
   ScanCandidate candidate(const std::string& relative) const {
-    ScanCandidate result;
-    result.url = tree.path("work/" + relative);
-    result.relativePath = relative;
-    FileAttributes attributes;
-    systemFileManager().readAttributes(workingDirectory, result.url.c_str(),
-                                       LinkPolicy::doNotFollow, attributes);
-    result.kind = attributes.isFolder() ? CandidateKind::directory : CandidateKind::file;
-    result.modificationDate = attributes.modificationDate;
-    result.fileIdentity = FileIdentity::token(attributes);
+    ScanCandidate result = test::candidateBelow(tree.path("work"), relative);
     result.size = 4096;
     return result;
   }
@@ -144,13 +136,11 @@ TEST_F(Cleanup, DatesMayDifferByAMillisecond) {
   using std::chrono::nanoseconds;
   ScanCandidate item = candidate("app/node_modules");
   const Date date = *item.modificationDate;
-  for (const auto& [difference, moves] : std::vector<std::pair<nanoseconds, bool>>{
-           {nanoseconds(1'000'001), false}, {nanoseconds(-1'000'001), false}}) {
-    item.modificationDate = date + difference;
-    EXPECT_EQ(outcome(item) == "moved", moves) << difference.count();
+  for (const Date scanned :
+       {date + nanoseconds(1'000'001), date - nanoseconds(1'000'001), Date::min()}) {
+    item.modificationDate = scanned;
+    EXPECT_EQ(outcome(item), CleanupMessages::modified) << scanned.time_since_epoch().count();
   }
-  item.modificationDate = Date::min();
-  EXPECT_EQ(outcome(item), CleanupMessages::modified);
   item.modificationDate = date - nanoseconds(1'000'000);
   EXPECT_EQ(outcome(item), "moved");
 

@@ -35,6 +35,13 @@ class HostileRepository : public testing::Test {
     tree.run("TRAP='" + tree.path("trap") + "'; " + command, "repo");
   }
 
+  // Gives the repository an index in which an entry stands for the whole folder "sparse".
+  void makeSparse() const {
+    for (const char* path : {"repo/kept/file", "repo/sparse/one/file"}) tree.file(path);
+    tree.repository("repo");
+    prepare("git sparse-checkout init --cone --sparse-index && git sparse-checkout set kept");
+  }
+
   GitSnapshot inspect(std::chrono::milliseconds limit = 1min) const {
     return GitInspector::inspect({root}, {}, limit).at(root);
   }
@@ -135,10 +142,8 @@ TEST_F(HostileRepository, EndsWhereAPipeIsInTheWay) {
 
 // The objects are read as well, because the index stands for whole folders.
 TEST_F(HostileRepository, EndsAndChangesNothingWhateverFileIsDamaged) {
-  for (const char* path : {"kept/file", "sparse/one/file"}) tree.file(std::string("repo/") + path);
-  tree.repository("repo");
-  prepare(
-      "git sparse-checkout init --cone --sparse-index; git sparse-checkout set kept; git gc -q");
+  makeSparse();
+  prepare("git gc -q");
   tree.file("repo/.git/objects/info/alternates", tree.path("elsewhere"));
   tree.run("rm -r repo/.git/hooks; cp -a repo kept");
   EXPECT_TRUE(inspect().isAvailable);
@@ -177,10 +182,8 @@ TEST_F(HostileRepository, IsHeldBackTwice) {
 }
 
 TEST_F(HostileRepository, CannotFetchMissingObjects) {
-  for (const char* path : {"kept/file", "sparse/one/file"}) tree.file(std::string("repo/") + path);
-  tree.repository("repo");
+  makeSparse();
   prepare(
-      "git sparse-checkout init --cone --sparse-index && git sparse-checkout set kept && "
       "git config core.repositoryFormatVersion 1 && git config extensions.partialClone origin "
       "&& git config remote.origin.url ssh://nowhere.invalid/x "
       "&& git config remote.origin.promisor true && git config core.sshCommand $TRAP"

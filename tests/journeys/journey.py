@@ -5,6 +5,7 @@ BROOMTIDE_CLI   the program to test
 
 import json
 import os
+import pty
 import select
 import subprocess
 import tempfile
@@ -26,6 +27,24 @@ def poll(condition, seconds=PATIENCE):
 def environment(**changes):
     kept = {name: value for name, value in os.environ.items() if name != "NO_COLOR"}
     return {**kept, "TERM": "xterm", **changes}
+
+
+def on_terminal(*command, answer=b"", **changes):
+    """What a program shows on a terminal, where its question gets this answer, and its exit status."""
+    master, slave = pty.openpty()
+    program = subprocess.Popen(command, stdin=slave, stdout=slave, stderr=slave, env=environment(**changes))
+    os.close(slave)
+    shown = b""
+    try:
+        while piece := os.read(master, 65536):
+            shown += piece
+            if answer and shown.endswith(b"[y/N] "):
+                os.write(master, answer)
+                answer = b""
+    except OSError:  # the terminal has no writer left
+        pass
+    os.close(master)
+    return shown, program.wait(timeout=60)
 
 
 class EndlessGit:

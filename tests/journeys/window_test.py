@@ -23,10 +23,6 @@ CARDS = {
 ONLY_THIS_FOLDER = "Broomtide scans only the folder you choose. Nothing is uploaded."
 DIALOGS = {  # the title, what the button says, and the message
     "Scan Project Folder": ("Choose a project folder", "Scan Folder", ONLY_THIS_FOLDER),
-    "Scan Developer Caches": (
-        "Choose your home folder", "Scan Caches",
-        "Keep your home folder selected and press Scan Caches. Broomtide checks well-known developer "
-        "cache locations under it. Nothing is uploaded."),
     "Scan Downloads": ("Choose your Downloads folder", "Scan Folder", ONLY_THIS_FOLDER),
 }
 CONTROLS = ("push button", "check box", "combo box", "text", "table", "list")
@@ -318,45 +314,6 @@ class Projects(WindowJourney):
         self.await_focus("push button", "Done")
         self.await_text("2 Items moved")
         self.app.press("Return")
-        self.at_home()
-        self.quit()
-
-
-class Caches(WindowJourney):
-    def test_a_folder_without_caches_is_refused_and_a_home_is_cleaned(self):
-        self.write("work/.npm/_cacache/index", "npm" * 5_000)
-        self.write("work/.npm/settings", "kept")
-        self.write("work/.gradle/caches/jar", "gradle" * 5_000)
-        self.write("work/.gradle/gradle.properties", "kept")
-        os.makedirs(self.path("empty"))
-        before = self.files()
-        self.start()
-
-        self.choose("Scan Developer Caches", self.path("empty"))
-        tree = self.await_focus("push button", "OK")
-        refusal = next((node.name for node in tree.window().all("label")), "")
-        self.assertRegex(refusal, "^No known developer cache locations were found under “empty”. When scanning "
-                                  r"developer caches, select your home folder \(.+\) in the picker\.$", tree)
-        self.app.press("Return")
-        self.await_focus("push button", "Scan Developer Caches")
-
-        self.choose("Scan Developer Caches", self.path("work"))
-        npm, gradle = self.size("work/.npm/_cacache"), self.size("work/.gradle/caches")
-        rows = [(".npm/_cacache", "Package Cache", "Safe to Clean", size_text(npm), True),
-                (".gradle/caches", "Dependency Cache", "Usually Safe", size_text(gradle), False)]
-        self.await_rows(*rows)
-        self.tab_to("Unselect All")
-        self.app.press("space")
-        self.await_rows((*rows[0][:4], False), rows[1])
-        self.app.wait_for("a button that is off", lambda tree: tree.find(name="Move Selected to Trash", enabled=False))
-        self.tab_to("Select Safe")
-        self.app.press("space")
-        self.await_rows(*rows)
-        self.tab_to("Move Selected to Trash")
-        self.ask(1, size_text(npm))
-        self.confirm(1, size_text(npm))
-        self.check_trash(before, [".npm/_cacache"])
-        self.app.press("space")
         self.at_home()
         self.quit()
 

@@ -1,5 +1,6 @@
 """What comparing a program with the oracle needs: a home folder, and what is different."""
 
+import difflib
 import os
 import re
 import resource
@@ -63,33 +64,24 @@ def shortened(line):
     return line if len(line) <= 400 else f"{line[:200]} [...] {line[-200:]}"
 
 
-def differences(want, got, where=""):
-    """Readable lines, one for each place where the documents differ."""
-    if type(want) is not type(got):
-        yield f"{where}: expected {want!r}, got {got!r}"
-    elif isinstance(want, dict):
-        for key in want.keys() | got.keys():
-            if key not in got or key not in want:
-                yield f"{where}.{key}: {'missing' if key in want else 'not expected'}"
-        for key in want:
-            if key in got:
-                yield from differences(want[key], got[key], f"{where}.{key}")
-    elif isinstance(want, list):
-        wanted, gotten = [repr(label(item)) for item in want], [repr(label(item)) for item in got]
-        pairs = list(zip(want, got))
-        if wanted != gotten:
-            first = next((n for n in range(len(pairs)) if wanted[n] != gotten[n]), len(pairs))
-            yield f"{where}: {len(want)} expected, {len(got)} got; they part at number {first}:"
-            for name, labels in (("expected", wanted), ("got", gotten)):
-                yield f"    {name}: {labels[first] if first < len(labels) else 'nothing more'}"
-            yield from (f"    missing: {name}" for name in wanted if name not in gotten)
-            yield from (f"    not expected: {name}" for name in gotten if name not in wanted)
-            by_label = dict(zip(gotten, got))
-            pairs = [(item, by_label[name]) for name, item in zip(wanted, want) if name in by_label]
-        for one, other in pairs:
-            yield from differences(one, other, f"{where}[{label(one)!r}]")
-    elif want != got:
-        yield f"{where}: expected {want!r}, got {got!r}"
+def lines_of(value, where=""):
+    """A document as lines, which are the same for two documents only when everything in them is."""
+    if isinstance(value, dict):
+        yield f"{where}: {sorted(value)}"
+        for key in sorted(value):
+            yield from lines_of(value[key], f"{where}.{key}")
+    elif isinstance(value, list):
+        yield f"{where}: {len(value)} items"
+        for item in value:
+            yield from lines_of(item, f"{where}[{label(item)!r}]")
+    else:
+        yield f"{where}: {value!r}"
+
+
+def differences(want, got):
+    """Readable lines, one for each that is missing (-) or not expected (+)."""
+    compared = difflib.unified_diff(list(lines_of(want)), list(lines_of(got)), "expected", "got", n=0, lineterm="")
+    return [line for line in compared if not line.startswith("@@")]
 
 
 def portrait(base):

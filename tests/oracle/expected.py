@@ -56,8 +56,8 @@ def kind_of(dir_entry):
 
 def entries_of(folder_fd, path):
     with os.scandir(folder_fd) as listing:
-        found = [(os.fsencode(item.name), kind_of(item)) for item in listing]
-    return [Entry(folder_fd, path + b"/" + name, name, kind) for name, kind in sorted(found)]
+        found = sorted((os.fsencode(item.name), kind_of(item)) for item in listing)
+    return [Entry(folder_fd, path + b"/" + name, name, kind) for name, kind in found]
 
 
 def issue(path, error):
@@ -119,38 +119,32 @@ def is_or_lies_below(path, folder):
 # --- Measuring
 
 
-@dataclass
-class Measurement:
-    size: int = 0
-    entries: int = 0
-    issues: list = field(default_factory=list)
-
-
 def allocated_bytes(attributes):
     return attributes.st_blocks * 512
 
 
 def measure_folder(open_folder, path):
-    result = Measurement()
+    """How large a folder is, how many entries lie below it, and what could not be read."""
+    sizes, issues = [], []
 
     def add(entry):
-        result.entries += 1
+        sizes.append(0)
         if entry.kind == "file":
             try:
-                result.size += allocated_bytes(entry.attributes())
+                sizes[-1] = allocated_bytes(entry.attributes())
             except OSError as error:
-                result.issues.append(issue(entry.path, error))
+                issues.append(issue(entry.path, error))
         return True
 
     try:
         folder_fd = open_folder()
     except OSError:
-        return result
+        return 0, 0, []
     try:
-        walk_below(folder_fd, path, result.issues, add)
+        walk_below(folder_fd, path, issues, add)
     finally:
         os.close(folder_fd)
-    return result
+    return sum(sizes), len(sizes), issues
 
 
 # --- Git
@@ -160,12 +154,9 @@ def run_git(root, arguments):
     """The NUL-separated pieces that Git printed, or None when it failed."""
     try:
         done = subprocess.run(
-            [GIT, b"-C", root, b"-c", b"core.quotepath=false", b"-c", b"core.fsmonitor=false", *arguments],
+            [GIT, b"-C", root, b"-c", b"core.quotepath=false", b"-c", b"core.fsmonitor=false", *arguments.split()],
             env={b"LC_ALL": b"C", b"PATH": b"/usr/bin:/bin", b"GIT_ALLOW_PROTOCOL": b""},
-            stdin=subprocess.DEVNULL,
-            stdout=subprocess.PIPE,
-            stderr=subprocess.DEVNULL,
-            preexec_fn=before_git,
+            stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, preexec_fn=before_git,
         )
     except OSError:
         return None
@@ -177,7 +168,7 @@ def is_passed_by(root):
     if os.path.isfile(root + b"/.git"):
         return False  # leads to the repository, or Git fails
     place = os.path.realpath(root)
-    found = run_git(root, [b"rev-parse", b"--absolute-git-dir"])
+    found = run_git(root, b"rev-parse --absolute-git-dir")
     return found not in ([place + b"/.git\n"], [place + b"\n"])
 
 
@@ -198,25 +189,19 @@ class Snapshot:
         if not is_part and is_passed_by(root):
             self.tracked = None
             return
-        self.tracked = run_git(root, [b"ls-files", b"-z", b"--cached"])
+        self.tracked = run_git(root, b"ls-files -z --cached")
         self.ignored = [] if is_part else run_git(
-            root,
-            [b"ls-files", b"-z", b"--others", b"--ignored", b"--exclude-standard", b"--directory",
-             b"--no-empty-directory"],
-        )
+            root, b"ls-files -z --others --ignored --exclude-standard --directory --no-empty-directory")
 
     def status(self, path, is_directory):
         if self.tracked is None or self.ignored is None or not is_or_lies_below(path, self.root):
             return "unavailable"
         relative = path[len(self.root):].strip(b"/")
-        if relative in self.tracked:
+        if relative in self.tracked or is_directory and any(
+                tracked.startswith(relative + b"/") for tracked in self.tracked):
             return "tracked"
-        if is_directory and any(tracked.startswith(relative + b"/") for tracked in self.tracked):
-            return "tracked"
-        for ignored in self.ignored:
-            if is_or_lies_below(relative, ignored.strip(b"/")):
-                return "ignored"
-        return "untracked"
+        is_ignored = any(is_or_lies_below(relative, ignored.strip(b"/")) for ignored in self.ignored)
+        return "ignored" if is_ignored else "untracked"
 
 
 # --- Projects
@@ -290,9 +275,8 @@ def discover(root, home_trash):
             git_roots.add(os.path.dirname(entry.path))
             return False
         if entry.kind == "directory":
-            if entry.name in rules.SENSITIVE_DIRECTORIES or entry.name in rules.ARTEFACT_DIRECTORIES:
-                return False
-            if is_trash(entry, root, home_trash):
+            known = entry.name in rules.SENSITIVE_DIRECTORIES or entry.name in rules.ARTEFACT_DIRECTORIES
+            if known or is_trash(entry, root, home_trash):
                 return False
             if entry.name.endswith((b".xcodeproj", b".xcworkspace")):
                 add_manifest(entry, "swift")
@@ -375,16 +359,6 @@ class Scan:
         }
 
 
-def judge_download(rule):
-    return rules.Evaluation(
-        safety=rule.safety,
-        confidence="high",
-        is_selected=rule.selection == "selected",
-        evidence=["Matched the Downloads cleanup rule."],
-        regeneration_command=None,
-    )
-
-
 def scan_tree(scan):
     """Project and downloads mode: one walk over the whole folder."""
     in_project_mode = scan.mode == "project"
@@ -400,9 +374,8 @@ def scan_tree(scan):
         if entry.kind not in ("directory", "file"):
             return False
         is_directory = entry.kind == "directory"
-        if is_directory and entry.name in (rules.SENSITIVE_DIRECTORIES if in_project_mode else [b".git"]):
-            return False
-        if is_directory and is_trash(entry, scan.root, scan.home_trash):
+        avoided = rules.SENSITIVE_DIRECTORIES if in_project_mode else [b".git"]
+        if is_directory and (entry.name in avoided or is_trash(entry, scan.root, scan.home_trash)):
             return False
         if in_project_mode and not is_directory and rules.is_protected_file(entry.name):
             return False
@@ -420,24 +393,27 @@ def scan_tree(scan):
             return False
 
         project = projects.get(nearest(entry.path, projects))
-        git_root = project.git_root if project is not None else None
-        if git_root is None:
-            git_root = nearest(entry.path, discovery.git_roots)
+        git_root = project and project.git_root or nearest(entry.path, discovery.git_roots)
         git_status = status_among(entry.path, is_directory, git_root, snapshots)
         if in_project_mode:
             judgement = rules.evaluate(rule, project, git_status, git_root is not None)
             if judgement is None:
                 return False
         else:
-            judgement = judge_download(rule)
+            judgement = rules.Evaluation(
+                safety=rule.safety,
+                confidence="high",
+                is_selected=rule.selection == "selected",
+                evidence=["Matched the Downloads cleanup rule."],
+                regeneration_command=None,
+            )
 
+        size = allocated_bytes(attributes)
         if is_directory:
-            measured = measure_folder(entry.open_folder, entry.path)
-        else:
-            measured = Measurement(size=allocated_bytes(attributes))
-        scan.entries += measured.entries
-        scan.issues.extend(measured.issues)
-        scan.add(entry.path, entry.kind, measured.size, attributes, rule, judgement, project, git_root, git_status)
+            size, entries, issues = measure_folder(entry.open_folder, entry.path)
+            scan.entries += entries
+            scan.issues += issues
+        scan.add(entry.path, entry.kind, size, attributes, rule, judgement, project, git_root, git_status)
         return False
 
     walk(scan.root, scan.issues, visit)
@@ -488,9 +464,9 @@ def cache_locations(root):
 def scan_caches(scan):
     for target, location in cache_locations(scan.root):
         for path, attributes, open_folder in cache_items(location, target.expands_children):
-            measured = measure_folder(open_folder, path)
-            scan.issues.extend(measured.issues)
-            if measured.size < 1:
+            size, _, issues = measure_folder(open_folder, path)
+            scan.issues += issues
+            if size < 1:
                 continue
             judgement = rules.Evaluation(
                 safety=target.safety,
@@ -499,7 +475,7 @@ def scan_caches(scan):
                 evidence=[f"Well-known developer cache location (~/{target.relative_path})."],
                 regeneration_command=target.regeneration_command,
             )
-            scan.add(path, "directory", measured.size, attributes, target, judgement, None, None, "unavailable")
+            scan.add(path, "directory", size, attributes, target, judgement, None, None, "unavailable")
 
 
 def expected_document(folder, mode, working_directory=None, now_ns=None, home_trash=None):

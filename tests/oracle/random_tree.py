@@ -1,13 +1,6 @@
-"""Folders that are as unpleasant to scan as a seed can make them.
+"""Folders that are as unpleasant to scan as a seed can make them."""
 
-    python3 random_tree.py --mode project|caches|downloads --seed N BASE
-
-builds one below the empty folder BASE and prints the folder to scan.
-"""
-
-import argparse
 import os
-import sys
 import time
 from dataclasses import dataclass, field
 
@@ -356,17 +349,3 @@ class Builder(Repositories):
 def build_tree(seed, mode, base, unreadable=False):
     """Builds the tree of a seed below the empty folder base (absolute, links resolved)."""
     return Builder(seed, mode, base).build(mode, unreadable)
-
-
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--mode", choices=["project", "caches", "downloads"], default="project")
-    parser.add_argument("--seed", type=int, default=1)
-    parser.add_argument("base", type=os.fsencode)
-    arguments = parser.parse_args()
-    tree = build_tree(arguments.seed, arguments.mode, os.path.realpath(arguments.base))
-    sys.stdout.buffer.write(tree.root + b"\n")
-
-
-if __name__ == "__main__":
-    main()

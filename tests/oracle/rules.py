@@ -4,111 +4,42 @@ import csv
 import os
 import re
 from dataclasses import dataclass
+from types import SimpleNamespace
 
 TABLES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "tables")
 
 
-def read_table(name):
+VALUES = {"true": True, "false": False, "": None}
+
+
+def read_table(name, **missing):
+    """Each row of a table with its columns as attributes; `missing` are columns that the table has not got."""
     with open(os.path.join(TABLES, name), encoding="utf-8", newline="") as file:
-        return list(csv.DictReader(file, delimiter="\t"))
-
-
-@dataclass(frozen=True)
-class Rule:
-    id: str
-    matcher: str
-    prefix: str
-    text: str
-    kind: str
-    category: str
-    safety: str
-    selection: str
-    minimum_age: float | None
-    explanation: str
-
-
-@dataclass(frozen=True)
-class Policy:
-    kinds: frozenset
-    allows_without_project: bool
-    is_generic_name: bool
-    regeneration_command: str | None
-
-
-@dataclass(frozen=True)
-class CacheTarget:
-    id: str
-    relative_path: str
-    category: str
-    safety: str
-    expands_children: bool
-    explanation: str
-    regeneration_command: str | None
-
-
-def _boolean(text):
-    return {"true": True, "false": False}[text]
-
-
-def _rules(name):
-    return [
-        Rule(
-            id=row["id"],
-            matcher=row["matcher"],
-            prefix=row.get("prefix", ""),
-            text=row["text"],
-            kind=row.get("kind", "file"),
-            category=row["category"],
-            safety=row["safety"],
-            selection=row["selection"],
-            minimum_age=float(row["minimumAge"]) if row.get("minimumAge") else None,
-            explanation=row["explanation"],
-        )
-        for row in read_table(name)
-    ]
+        return [SimpleNamespace(**missing, **{column: VALUES.get(text, text) for column, text in row.items()})
+                for row in csv.DictReader(file, delimiter="\t")]
 
 
 def _policies():
     policies = {}
-    for row in read_table("policies.tsv"):
-        policy = Policy(
-            kinds=frozenset(row["kinds"].split()),
-            allows_without_project=_boolean(row["allowsWithoutProject"]),
-            is_generic_name=_boolean(row["isGenericName"]),
-            regeneration_command=row["regenerationCommand"] or None,
-        )
-        for rule_id in row["rules"].split():
+    for policy in read_table("policies.tsv"):
+        policy.kinds = frozenset((policy.kinds or "").split())
+        for rule_id in policy.rules.split():
             assert rule_id not in policies, f"{rule_id} has two policies"
             policies[rule_id] = policy
     return policies
 
 
-def _cache_targets(table):
-    return [
-        CacheTarget(
-            id=row["id"],
-            relative_path=row["relativePath"],
-            category=row["category"],
-            safety=row["safety"],
-            expands_children=_boolean(row["expandsChildren"]),
-            explanation=row["explanation"],
-            regeneration_command=row["regenerationCommand"] or None,
-        )
-        for row in read_table(table)
-    ]
-
-
 def _names(which):
-    return frozenset(row["name"].encode() for row in read_table("names.tsv") if row["set"] == which)
+    return frozenset(row.name.encode() for row in read_table("names.tsv") if row.set == which)
 
 
-PROJECT_RULES = _rules("project_rules.tsv")
-DOWNLOADS_RULES = _rules("downloads_rules.tsv")
+PROJECT_RULES = read_table("project_rules.tsv", minimum_age=None)
+DOWNLOADS_RULES = read_table("downloads_rules.tsv", kind="file")
 POLICIES = _policies()
-USUAL_CACHE_TARGETS = _cache_targets("cache_targets.tsv")
-CACHE_TARGETS = USUAL_CACHE_TARGETS + _cache_targets("linux_cache_targets.tsv")
-KIND_TITLES = {row["kind"]: row["title"] for row in read_table("kinds.tsv")}
-MANIFESTS = [(row["match"], row["text"].encode(), row["kind"]) for row in read_table("manifests.tsv")]
+USUAL_CACHE_TARGETS = read_table("cache_targets.tsv")
+CACHE_TARGETS = USUAL_CACHE_TARGETS + read_table("linux_cache_targets.tsv")
+KIND_TITLES = {row.kind: row.title for row in read_table("kinds.tsv")}
+MANIFESTS = [(row.match, row.text.encode(), row.kind) for row in read_table("manifests.tsv")]
 SENSITIVE_DIRECTORIES = _names("sensitiveDirectory")
 PROTECTED_NAMES = _names("protectedName")
 PROTECTED_EXTENSIONS = _names("protectedExtension")
@@ -143,7 +74,7 @@ def match(name, kind, mode, age_seconds):
     """The first rule that accepts the entry. age_seconds is called only when a rule asks for an age."""
     for rule in PROJECT_RULES if mode == "project" else DOWNLOADS_RULES:
         if rule.kind == kind and name_matches(rule, name):
-            if rule.minimum_age is None or age_seconds() >= rule.minimum_age:
+            if rule.minimum_age is None or age_seconds() >= float(rule.minimum_age):
                 return rule
     return None
 
@@ -163,14 +94,11 @@ def is_protected_file(name):
 
 
 def manifest_kind(name):
+    """A whole name says more than the end of one."""
     lower = name.lower()
-    for how, text, kind in MANIFESTS:
-        if how == "exact" and lower == text:
-            return kind
-    for how, text, kind in MANIFESTS:
-        if how == "suffix" and lower.endswith(text):
-            return kind
-    return None
+    fitting = {how: kind for how, text, kind in MANIFESTS
+               if (lower == text if how == "exact" else lower.endswith(text))}
+    return fitting.get("exact", fitting.get("suffix"))
 
 
 def in_declaration_order(kinds):

@@ -9,7 +9,6 @@ ORACLE_KEEP     when set, the trees of failed comparisons stay
 import concurrent.futures
 import json
 import os
-import pickle
 import pwd
 import shutil
 import subprocess
@@ -30,44 +29,25 @@ SHOWN_DIFFERENCES = 12
 # --- Running as another user
 
 
+def become(user):
+    os.setgroups([])
+    os.setgid(user.pw_gid)
+    os.setuid(user.pw_uid)
+
+
 def call_as(user, function, *arguments):
     """The value of the function, computed in a child process that belongs to the user (None: ourselves)."""
     if user is None:
         return function(*arguments)
-    reader, writer = os.pipe()
-    child = os.fork()
-    if child == 0:
-        try:
-            os.close(reader)
-            os.setgroups([])
-            os.setgid(user.pw_gid)
-            os.setuid(user.pw_uid)
-            answer = (True, function(*arguments))
-        except BaseException:
-            answer = (False, traceback.format_exc())
-        with os.fdopen(writer, "wb") as out:
-            pickle.dump(answer, out)
-        os._exit(0)
-    os.close(writer)
-    with os.fdopen(reader, "rb") as source:
-        answer = source.read()
-    os.waitpid(child, 0)
-    if not answer:
-        raise RuntimeError("the child process ended without an answer")
-    worked, value = pickle.loads(answer)
-    if not worked:
-        raise RuntimeError(value)
-    return value
+    with concurrent.futures.ProcessPoolExecutor(1, initializer=become, initargs=(user,)) as child:
+        return child.submit(function, *arguments).result()
 
 
 def chown_tree(base, user):
-    def give(path):
-        os.chown(path, user.pw_uid, user.pw_gid, follow_symlinks=False)
-
-    give(base)
-    for _, _, _, folder_fd in os.fwalk(base):
-        for entry in os.scandir(folder_fd):
-            os.chown(entry.name, user.pw_uid, user.pw_gid, dir_fd=folder_fd, follow_symlinks=False)
+    os.chown(base, user.pw_uid, user.pw_gid)
+    for _, folders, files, folder_fd in os.fwalk(base):
+        for name in folders + files:
+            os.chown(name, user.pw_uid, user.pw_gid, dir_fd=folder_fd, follow_symlinks=False)
 
 
 # --- One comparison
@@ -100,7 +80,7 @@ def compare(cli, mode, tree, base, home, user):
     except ValueError as error:
         return problems + [f"no JSON document: {error}: {output[:200]!r}"]
     problems += without_issue_ids(got)
-    found = list(differences(want, got))
+    found = differences(want, got)
     if found:
         # Some file systems settle the allocation of fresh files late; only then the answer may change.
         again = call_as(user, *question)
@@ -108,7 +88,7 @@ def compare(cli, mode, tree, base, home, user):
             status, output, errors = call_as(user, scan, cli, mode, tree, home)
             got = json.loads(output)
             problems += without_issue_ids(got)
-            found = list(differences(again, got))
+            found = differences(again, got)
     return problems + found
 
 
@@ -192,7 +172,7 @@ class RandomTrees(unittest.TestCase):
             cli = shutil.copy(self.cli, reachable)
             try:
                 call_as(user, subprocess.check_output, [cli, "--version"])
-            except RuntimeError as error:
+            except (OSError, subprocess.SubprocessError) as error:
                 skip(f"the user nobody cannot run a program in {reachable}: {error}")
             self.run_cases([(cli, mode, seed, True, user) for mode, seed in cases])
 

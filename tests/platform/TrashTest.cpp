@@ -40,12 +40,13 @@ class TrashMove : public testing::Test {
     tree.folder("Trash/info");
   }
 
-  std::error_code move() {
-    Trash trash(files, tree.path("Trash"));
+  std::error_code move(const std::string& folder = "work", const std::string& home = "Trash") {
+    const std::string path = tree.path(folder);
+    Trash trash(files, tree.path(home));
     const std::error_code result = trash.move(
-        {.folder = tree.path("work"),
+        {.folder = path,
          .name = "build",
-         .identity = FileIdentity::read(systemFileManager(), tree.path("work/build")).value_or(""),
+         .identity = FileIdentity::read(systemFileManager(), path + "/build").value_or(""),
          .size = 4096,
          .isFolder = true});
     trash.recordSizes();
@@ -57,31 +58,22 @@ class TrashMove : public testing::Test {
 };
 
 TEST_F(TrashMove, EveryFailingStepLeavesTheItemWhereItWas) {
-  struct Row {
-    const char* name;
-    std::string step;
-    std::errc failure;
-  };
-  const std::vector<Row> rows{
-      {"nobody tells what is mounted", "openFile /proc/self/mountinfo",
-       std::errc::no_such_file_or_directory},
-      {"the Trash cannot be created", "createFolder info", std::errc::read_only_file_system},
-      {"the information folder is read-only", "createFile build", std::errc::permission_denied},
-      {"the disk is full when the information is written", "writeFile",
-       std::errc::no_space_on_device},
-      {"renaming is refused", "rename build", std::errc::permission_denied},
-      {"the item is busy", "rename build", std::errc::device_or_resource_busy},
-      {"the Trash is on another file system", "rename build", std::errc::cross_device_link},
-      {"the file system cannot rename without replacing", "rename build",
-       std::errc::invalid_argument},
+  const std::vector<std::pair<std::string, std::errc>> rows{
+      {"openFile /proc/self/mountinfo", std::errc::no_such_file_or_directory},
+      {"createFolder info", std::errc::read_only_file_system},
+      {"createFile build", std::errc::permission_denied},
+      {"writeFile", std::errc::no_space_on_device},
+      {"rename build", std::errc::device_or_resource_busy},
+      {"rename build", std::errc::cross_device_link},  // the Trash is on another file system
+      {"rename build", std::errc::invalid_argument},   // which cannot rename without replacing
   };
   const auto before = snapshotOf(tree.path("work"));
-  for (const Row& row : rows) {
-    files.onChange = when(row.step, error(row.failure));
-    EXPECT_EQ(move(), row.failure) << row.name;
-    EXPECT_EQ(snapshotOf(tree.path("work")), before) << row.name;
-    EXPECT_TRUE(fs::is_empty(tree.path("Trash/info"))) << row.name;
-    EXPECT_TRUE(fs::is_empty(tree.path("Trash/files"))) << row.name;
+  for (const auto& [step, failure] : rows) {
+    files.onChange = when(step, error(failure));
+    EXPECT_EQ(move(), failure) << step;
+    EXPECT_EQ(snapshotOf(tree.path("work")), before) << step;
+    EXPECT_TRUE(fs::is_empty(tree.path("Trash/info"))) << step;
+    EXPECT_TRUE(fs::is_empty(tree.path("Trash/files"))) << step;
   }
   // The information that cannot be taken back tells of an item that never came; no harm is done.
   files.onChange = [](const std::string& called) {
@@ -158,6 +150,11 @@ TEST_F(TrashMove, ATakenNameGivesTheNextOne) {
   EXPECT_TRUE(fs::is_empty(tree.path("Trash/files/build")));
   EXPECT_FALSE(fs::exists(tree.path("Trash/info/build.trashinfo")));
   EXPECT_TRUE(fs::exists(tree.path("Trash/info/build.3.trashinfo")));
+
+  tree.file("work/build/object");
+  tree.run("rmdir Trash/files/build; touch Trash/info/build.trashinfo");
+  EXPECT_FALSE(move());
+  EXPECT_FALSE(fs::exists(tree.path("Trash/files/build"))) << "what is reserved was taken";
 }
 
 // However often the same folder is built and cleaned before somebody empties the Trash.
@@ -234,16 +231,8 @@ TEST_F(TrashMove, WhatIsInATrashAlreadyStaysThere) {
        {"Trash/files", "Trash/files/deeper", ".Trash-1000/files", ".Trash/0"}) {
     tree.file(folder + "/build/object", "object");
     for (const char* home : {"Trash", "linked"}) {
-      Trash trash(files, tree.path(home));
       const auto before = snapshotOf(tree.root());
-      EXPECT_TRUE(trash.move(
-          {.folder = tree.path(folder),
-           .name = "build",
-           .identity =
-               FileIdentity::read(systemFileManager(), tree.path(folder + "/build")).value_or(""),
-           .size = 4096,
-           .isFolder = true}))
-          << folder;
+      EXPECT_TRUE(move(folder, home)) << folder;
       EXPECT_EQ(snapshotOf(tree.root()), before) << folder;
     }
   }
@@ -289,11 +278,8 @@ TEST(TrashName, RecordsWhereAnItemWas) {
 }
 
 TEST(TrashName, FitsAndKeepsTheExtension) {
-  const std::string umlauts = [] {
-    std::string text;
-    for (int count = 0; count < 125; ++count) text += "ü";
-    return text;
-  }();
+  std::string umlauts;
+  while (umlauts.size() < 250) umlauts += "ü";
   struct Row {
     std::string name;
     std::uint64_t number;

@@ -6,6 +6,7 @@
 
 #include "cleanup/DefaultTrashManager.h"
 #include "platform/FileIdentity.h"
+#include "support/ScanRecorder.h"
 #include "support/TrashReader.h"
 #include "support/TreeSnapshot.h"
 
@@ -33,7 +34,9 @@ Cleanable::Cleanable(const TemporaryTree& tree) : tree_(tree) {
   tree.file("work/old.log", "log");
   tree.file("work/kept/file", "kept");
   tree.file("outside/precious", "precious");
-  for (const char* path : {"app/node_modules", "old.log"}) add(path);
+  for (const char* path : {"app/node_modules", "old.log"}) {
+    candidates_.push_back(candidateBelow(tree.path("work"), path));
+  }
   candidates_[0].gitRoot = tree.path("work/app");
   candidates_[0].gitStatus = GitItemStatus::ignored;
   GitSnapshot& snapshot = snapshots_[tree.path("work/app")];
@@ -43,20 +46,6 @@ Cleanable::Cleanable(const TemporaryTree& tree) : tree_(tree) {
   folder_ = snapshotOf(candidates_[0].url);
   kept_ = snapshotOf(tree.path("work/kept"));
   outside_ = snapshotOf(tree.path("outside"));
-}
-
-void Cleanable::add(const std::string& relative) {
-  FileAttributes attributes;
-  EXPECT_FALSE(systemFileManager().readAttributes(workingDirectory,
-                                                  tree_.path("work/" + relative).c_str(),
-                                                  LinkPolicy::doNotFollow, attributes));
-  ScanCandidate candidate;
-  candidate.url = tree_.path("work/" + relative);
-  candidate.relativePath = relative;
-  candidate.kind = attributes.isFolder() ? CandidateKind::directory : CandidateKind::file;
-  candidate.modificationDate = attributes.modificationDate;
-  candidate.fileIdentity = FileIdentity::token(attributes);
-  candidates_.push_back(std::move(candidate));
 }
 
 CleanupResult Cleanable::clean(FileManager& fileManager) const {

@@ -34,8 +34,6 @@ class Cleanable {
   void expectAsBefore() const;
 
  private:
-  void add(const std::string& relative);
-
   const TemporaryTree& tree_;
   std::vector<ScanCandidate> candidates_;
   std::map<std::string, GitSnapshot> snapshots_;

@@ -6,6 +6,7 @@
 
 #include "context/GitInspector.h"
 #include "core/Paths.h"
+#include "platform/FileIdentity.h"
 #include "scanner/DefaultFileScanner.h"
 
 namespace broomtide::test {
@@ -33,6 +34,21 @@ ScanResult ScanRecorder::scan(const std::string& root, ScanMode mode, Date now) 
                         }
                       },
                       {});
+}
+
+ScanCandidate candidateBelow(const std::string& root, const std::string& relative) {
+  ScanCandidate candidate;
+  candidate.url = paths::appending(root, relative);
+  candidate.relativePath = relative;
+  FileAttributes attributes;
+  if (const std::error_code error = systemFileManager().readAttributes(
+          workingDirectory, candidate.url.c_str(), LinkPolicy::doNotFollow, attributes)) {
+    throw std::system_error(error, candidate.url);
+  }
+  candidate.kind = attributes.isFolder() ? CandidateKind::directory : CandidateKind::file;
+  candidate.modificationDate = attributes.modificationDate;
+  candidate.fileIdentity = FileIdentity::token(attributes);
+  return candidate;
 }
 
 std::vector<std::string> pathsOf(const ScanResult& result) {

@@ -25,6 +25,10 @@ class ScanRecorder {
   FileManager& fileManager_;
 };
 
+/// What there is at a path below a folder, as a scan of that folder would offer it, but without its
+/// size and without what it was judged by. Throws std::system_error when nothing is there.
+ScanCandidate candidateBelow(const std::string& root, const std::string& relative);
+
 /// The relative paths of the candidates, in order.
 std::vector<std::string> pathsOf(const ScanResult& result);
 
