@@ -8,6 +8,7 @@
 
 #include "cli/CleanReport.h"
 #include "cli/Failure.h"
+#include "cli/Interruption.h"
 #include "core/ByteCount.h"
 #include "core/Paths.h"
 
@@ -63,7 +64,9 @@ ExitStatus CleanCommand::run() const {
   if (status != ExitStatus::done) return status;
 
   const Decision decision = decide(selectedRows(session.model()));
-  if (decision == Decision::clean) status = session.clean();
+  // Until the report is out, so that Ctrl-C in the last moment does not hide what was moved.
+  std::optional<Interruption> interruption;
+  if (decision == Decision::clean) status = session.clean(interruption.emplace().token());
   report(session, *root, decision);
   const ExitStatus output = finishOutput();
   return status == ExitStatus::done ? output : status;

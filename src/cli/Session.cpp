@@ -10,6 +10,7 @@
 
 #include "app/Services.h"
 #include "cli/Failure.h"
+#include "cli/Interruption.h"
 #include "cli/ProgressLine.h"
 
 namespace broomtide::cli {
@@ -63,10 +64,8 @@ std::optional<std::string> Session::select(const std::vector<std::string>& ident
   return std::nullopt;
 }
 
-ExitStatus Session::clean() {
-  const Interruption& interruption = interruptionOfCleanup_.emplace();
-  const std::stop_callback forward(interruption.token(),
-                                   [this] { loop_.post([this] { model_->requestStop(); }); });
+ExitStatus Session::clean(const std::stop_token& stop) {
+  const std::stop_callback forward(stop, [this] { loop_.post([this] { model_->requestStop(); }); });
   isRecorded_ = false;
   const auto observation = model_->observe([this](AppModel::Field field) {
     if (field == AppModel::Field::history) isRecorded_ = true;
@@ -76,7 +75,7 @@ ExitStatus Session::clean() {
   loop_.runUntil([this] { return isRecorded_ || model_->errorMessage(); });
 
   if (!isRecorded_) fail(model_->errorMessage().value_or(""));
-  if (interruption.token().stop_requested()) return ExitStatus::interrupted;
+  if (stop.stop_requested()) return ExitStatus::interrupted;
   const std::optional<CleanupResult>& result = model_->cleanupResult();
   if (result && !result->failures.empty()) return ExitStatus::someLeftAlone;
   return isRecorded_ ? ExitStatus::done : ExitStatus::failed;

@@ -2,12 +2,12 @@
 
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <string_view>
 
 #include "app/AppModel.h"
 #include "cli/ExitStatus.h"
-#include "cli/Interruption.h"
 #include "cli/MainLoop.h"
 
 namespace broomtide::cli {
@@ -30,9 +30,8 @@ class Session final : private FolderPicking {
   /// of them, that one is returned.
   std::optional<std::string> select(const std::vector<std::string>& identifiers);
 
-  /// Cleans what is selected and records it. Ctrl-C lets the current item finish; one that comes
-  /// later, once in the life of the session, does not keep the result from being reported.
-  ExitStatus clean();
+  /// Cleans what is selected and records it. A request to stop lets the current item finish.
+  ExitStatus clean(const std::stop_token& stop);
 
   /// Whether the last cleanup is in the history.
   bool isRecorded() const { return isRecorded_; }
@@ -49,7 +48,6 @@ class Session final : private FolderPicking {
   std::optional<std::string> choice_;  // what the folder picker answers
   bool isRecorded_ = false;
   std::unique_ptr<AppModel> model_;
-  std::optional<Interruption> interruptionOfCleanup_;
 };
 
 }  // namespace broomtide::cli

@@ -52,7 +52,7 @@ void clean(cli::Session& session) {
   std::vector<std::string> items(std::stoul(nextField()));
   for (std::string& item : items) item = nextField();
   require(!session.select(items), "an item is not there");
-  session.clean();
+  session.clean({});
   const CleanupResult& result = session.model().cleanupResult().value();
   writeJson(std::cout, cli::CleanReport{.root = session.model().rootURL().value(),
                                         .isDryRun = false,
