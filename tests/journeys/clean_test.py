@@ -48,13 +48,15 @@ def snapshot(root):
 
 
 class CleanJourney(Journey):
+    program = CLI
+
     def setUp(self):
         super().setUp()
         self.work, self.data = self.path("work"), self.path("data")
         os.makedirs(self.work)
 
     def run_cli(self, *arguments, env=None, **options):
-        return subprocess.run([CLI, *arguments], capture_output=True, timeout=300, stdin=subprocess.DEVNULL,
+        return subprocess.run([self.program, *arguments], capture_output=True, timeout=300, stdin=subprocess.DEVNULL,
                               env=environment(XDG_DATA_HOME=self.data, **(env or {})), **options)
 
     def clean(self, *arguments, status=0, env=None):
@@ -192,6 +194,34 @@ find . -xdev -name page > ../pages
 cat $(find . -xdev -name '.next.trashinfo') > ../info || true
 chroot . trash-list > ../listed
 """
+
+
+class ReadOnlyModules(CleanJourney):
+    """Go makes the modules that it downloads read-only, which must keep nobody from moving them and back."""
+
+    def setUp(self):
+        super().setUp()
+        self.user = {"user": 65534, "group": 65534, "extra_groups": []} if os.getuid() == 0 else {}
+        self.module = "work/go/pkg/mod/example.org/module@v1.0.0"
+        self.write(self.module + "/inner/code.go", "package inner")
+        os.makedirs(self.data)
+        # The home folder of root, and a build in it, is closed to everybody else.
+        self.program = shutil.copy(CLI, self.path("broomtide-cli"))
+        for folder, _, files in os.walk(self.root):
+            for path in [folder, *[os.path.join(folder, file) for file in files]]:
+                os.chown(path, self.user.get("user", -1), -1)
+        for path in ["/inner/code.go", "/inner", ""]:
+            os.chmod(self.path(self.module + path), 0o555)
+        self.addCleanup(subprocess.run, ["chmod", "-R", "u+w", self.root], check=True)
+
+    def test_they_go_and_come_back(self):
+        before = snapshot(self.path("work/go/pkg/mod"))
+        result = self.run_cli("clean", "--mode", "caches", "--item", "go/pkg/mod", "--yes", self.work, **self.user)
+        self.assertEqual((result.returncode, os.listdir(self.path("work/go/pkg"))), (0, []), result.stderr)
+        subprocess.run(["trash-restore", self.path("work/go/pkg/mod")], input=b"0\n", check=True, timeout=300,
+                       cwd=self.root, capture_output=True, env=environment(XDG_DATA_HOME=self.data), **self.user)
+        self.assertEqual(snapshot(self.path("work/go/pkg/mod")), before)
+        self.assertEqual(os.listdir(os.path.join(self.data, "Trash/info")), [])
 
 
 class OtherMounts(CleanJourney):
