@@ -73,8 +73,7 @@ TEST(TreeScan, TellsOfFoldersBeforeAnyIsMeasured) {
   EXPECT_FALSE(isFirst);
 }
 
-// What has been moved already would lose its way back.
-// Nor in the folder of a repository itself.
+// What has been moved already would lose its way back, and a repository its branches.
 TEST(TreeScan, OffersNothingThatIsInATrash) {
   TemporaryTree tree;
   for (const char* folder : {"share/Trash", "Trash", ".Trash", ".Trash-1000", "disk/.Trash-0",
