@@ -84,28 +84,6 @@ void readGitsAnswer(benchmark::State& state) {
 }
 BENCHMARK(readGitsAnswer)->Unit(benchmark::kMillisecond);
 
-void nearestProject(benchmark::State& state) {
-  ProjectDiscovery discovery;
-  for (std::size_t number = 0; number < 20'000; ++number) {
-    const std::string group = numbered("/home/somebody/src/group", number / 100);
-    discovery.projects.push_back({.root = group + numbered("/project", number),
-                                  .kinds = {},
-                                  .manifests = {},
-                                  .gitRoot = std::nullopt});
-  }
-  const ProjectLookup lookup(discovery);
-  std::vector<std::string> locations;
-  for (const ProjectContext& project : discovery.projects) {
-    locations.push_back(project.root + "/packages/site/node_modules");
-  }
-  std::size_t next = 0;
-  while (state.KeepRunning()) {
-    next = (next + 7'919) % locations.size();
-    benchmark::DoNotOptimize(lookup.nearestProject(locations[next]));
-  }
-}
-BENCHMARK(nearestProject);
-
 // An app model after a scan with 100,000 candidates.
 class ScannedModel {
  public:

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "context/GitSnapshot.h"
 #include "core/Paths.h"
 #include "core/Utf8.h"
 #include "rules/ProjectManifests.h"
@@ -79,33 +78,44 @@ void ProjectDetector::addIssue(std::string_view path, std::error_code error) {
   discovery_.issues.push_back(ScanIssue::about(location(path), error.message()));
 }
 
+// The folder that was entered last, as a place of its own.
+ProjectDetector::Place& ProjectDetector::place() {
+  const Surroundings outside = around(folder_);
+  const bool isKnown = !places_.empty() && places_.back().path == folder_;
+  if (!isKnown) places_.push_back({.path = folder_, .around = outside});
+  return places_.back();
+}
+
 void ProjectDetector::addRepository() {
   std::string root = location(folder_);
-  if (!discovery_.gitRoots.empty() && discovery_.gitRoots.back() == root) return;
-  discovery_.gitRoots.push_back(std::move(root));
-  onRepository_(discovery_.gitRoots.back());
+  if (!repositories_.empty() && repositories_.back().root == root) return;
+  Place& here = place();
+  here.around.repository =
+      &repositories_.emplace_back(Repository{std::move(root), here.around.repository});
+  if (here.project != nullptr) here.project->gitRoot = here.around.repository->root;
+  onRepository_(here.around.repository->root);
 }
 
 void ProjectDetector::addManifest(ProjectKind kind, std::string_view name) {
-  const std::string root = location(folder_);
-  ProjectContext& project = projects_[root];
-  if (project.root.empty()) {
-    project.root = root;
-    enclosing_.push_back({.path = folder_, .project = &project});
+  Place& here = place();
+  if (here.project == nullptr) {
+    here.project = &projects_[location(folder_)];
+    here.project->root = location(folder_);
+    if (here.around.repository != nullptr) here.project->gitRoot = here.around.repository->root;
+    here.around.project = here.project;
   }
-  project.kinds.insert(kind);
-  project.manifests.emplace_back(name);
+  here.project->kinds.insert(kind);
+  here.project->manifests.emplace_back(name);
 }
 
-const ProjectContext* ProjectDetector::nearestProject(std::string_view path) {
-  while (!enclosing_.empty() && !isInside(path, enclosing_.back().path)) enclosing_.pop_back();
-  return enclosing_.empty() ? nullptr : enclosing_.back().project;
+Surroundings ProjectDetector::around(std::string_view path) {
+  while (!places_.empty() && !isInside(path, places_.back().path)) places_.pop_back();
+  return places_.empty() ? Surroundings() : places_.back().around;
 }
 
 ProjectDiscovery ProjectDetector::finish() {
+  for (const Repository& repository : repositories_) discovery_.gitRoots.push_back(repository.root);
   sortDeepestFirst(discovery_.gitRoots);
-  const ProjectLookup repositories(discovery_);
-
   // The map holds the roots in byte order, which the stable sort keeps.
   std::vector<std::string> roots;
   roots.reserve(projects_.size());
@@ -114,8 +124,7 @@ ProjectDiscovery ProjectDetector::finish() {
   for (const std::string& root : roots) {
     ProjectContext& project = projects_.at(root);
     std::ranges::sort(project.manifests);
-    if (const std::string* gitRoot = repositories.nearestGitRoot(root)) project.gitRoot = *gitRoot;
-    discovery_.projects.push_back(std::move(project));
+    discovery_.projects.push_back(project);
   }
   return std::move(discovery_);
 }
@@ -125,44 +134,15 @@ std::string ProjectDetector::location(std::string_view path) const {
 }
 
 std::optional<ProjectKind> ProjectDetector::manifestKind(std::string_view name) {
-  const paths::ShortLowercase lowered(name);
-  const auto found = std::ranges::lower_bound(manifestNames, lowered.text(), {}, &Manifest::name);
-  if (found != manifestNames.end() && found->name == lowered.text()) return found->kind;
+  const auto found =
+      std::ranges::lower_bound(manifestNames, name, paths::lessIgnoringCase, &Manifest::name);
+  if (found != manifestNames.end() && paths::equalIgnoringCase(found->name, name)) {
+    return found->kind;
+  }
   for (const Manifest& suffix : manifestSuffixes) {
     if (endsIgnoringCase(name, suffix.name)) return suffix.kind;
   }
   return std::nullopt;
-}
-
-ProjectLookup::ProjectLookup(const ProjectDiscovery& discovery) : discovery_(discovery) {
-  for (std::size_t index = 0; index < discovery.projects.size(); ++index) {
-    projects_.add(discovery.projects[index].root, index);
-  }
-  for (std::size_t index = 0; index < discovery.gitRoots.size(); ++index) {
-    gitRoots_.add(discovery.gitRoots[index], index);
-  }
-}
-
-const ProjectContext* ProjectLookup::nearestProject(std::string_view path) const {
-  const auto index = projects_.nearest(path);
-  return index ? &discovery_.projects[*index] : nullptr;
-}
-
-const std::string* ProjectLookup::nearestGitRoot(std::string_view path) const {
-  const auto index = gitRoots_.nearest(path);
-  return index ? &discovery_.gitRoots[*index] : nullptr;
-}
-
-std::vector<std::string> ProjectLookup::otherGitRoots(std::string_view path,
-                                                      const std::string& own) const {
-  std::vector<std::string> others;
-  for (const std::string* root = nearestGitRoot(path); root != nullptr;
-       root = nearestGitRoot(paths::enclosingFolder(*root))) {
-    if (*root != own) others.push_back(*root);
-    const bool isLast = paths::enclosingFolder(*root) == *root;
-    if (isLast || others.size() > mostOtherRepositories) break;
-  }
-  return others;
 }
 
 }  // namespace broomtide

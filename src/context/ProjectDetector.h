@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <map>
 #include <optional>
@@ -9,12 +10,23 @@
 #include <system_error>
 #include <vector>
 
-#include "context/EnclosingFolders.h"
 #include "core/ProjectContext.h"
 #include "core/ScanCandidate.h"
 #include "platform/DirectoryEnumerator.h"
 
 namespace broomtide {
+
+/// A repository below a folder.
+struct Repository {
+  std::string root;          ///< an absolute path
+  const Repository* around;  ///< the nearest one that it lies in; null when there is none
+};
+
+/// What lies around an entry, the deepest of each; null when there is none.
+struct Surroundings {
+  const ProjectContext* project = nullptr;
+  const Repository* repository = nullptr;
+};
 
 /// The projects and repositories below a folder.
 struct ProjectDiscovery {
@@ -49,10 +61,9 @@ class ProjectDetector {
   /// hidden in that folder.
   void addIssue(std::string_view path, std::error_code error);
 
-  /// The deepest project around what lies in a folder, null when there is none. The folder is the
-  /// one that was entered last or lies above it; asking about it forgets projects that lie deeper.
-  /// What is returned is valid until finish().
-  const ProjectContext* nearestProject(std::string_view path);
+  /// What lies around the entries of a folder, which is the one that was entered last or lies above
+  /// it; asking about it forgets what lies deeper. Valid as long as the detector.
+  Surroundings around(std::string_view path);
 
   /// Everything that was found. To be called once, after the last entry.
   ProjectDiscovery finish();
@@ -61,13 +72,15 @@ class ProjectDetector {
   static std::optional<ProjectKind> manifestKind(std::string_view name);
 
  private:
-  // A project on the way to the folder that was entered last.
-  struct Enclosing {
+  // A project or a repository on the way to the folder that was entered last, or both.
+  struct Place {
     std::string path;  // below the root
-    const ProjectContext* project;
+    Surroundings around;
+    ProjectContext* project = nullptr;  // in this very folder
   };
 
   bool isInBundle(std::string_view path) const;
+  Place& place();
   void addRepository();
   void addManifest(ProjectKind kind, std::string_view name);
   std::string location(std::string_view path) const;
@@ -76,31 +89,11 @@ class ProjectDetector {
   const RepositoryFunction onRepository_;
   ProjectDiscovery discovery_;
   std::map<std::string, ProjectContext> projects_;  // by root; manifests as they come
-  std::vector<Enclosing> enclosing_;
+  std::deque<Repository> repositories_;
+  std::vector<Place> places_;                   // from the root down
   std::string folder_;                          // entered last
   std::optional<std::string> folderWithIssue_;  // the last one
   std::string bundle_;  // the outermost one around that folder; empty when there is none
-};
-
-/// Looks up the surroundings of a location in a discovery, which must outlive it unchanged.
-class ProjectLookup {
- public:
-  explicit ProjectLookup(const ProjectDiscovery& discovery);
-
-  /// The deepest project whose root is `path`, a standardised absolute path, or lies above it.
-  const ProjectContext* nearestProject(std::string_view path) const;
-
-  /// The deepest repository root that is `path` or lies above it.
-  const std::string* nearestGitRoot(std::string_view path) const;
-
-  /// The repository roots but `own` that are `path` or lie above it, the deepest first; at most one
-  /// more than `mostOtherRepositories`.
-  std::vector<std::string> otherGitRoots(std::string_view path, const std::string& own) const;
-
- private:
-  const ProjectDiscovery& discovery_;
-  EnclosingFolders projects_;
-  EnclosingFolders gitRoots_;
 };
 
 }  // namespace broomtide

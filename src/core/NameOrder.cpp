@@ -1,12 +1,14 @@
 #include "core/NameOrder.h"
 
 #include <unicode/coll.h>
-#include <unicode/utf16.h>
+#include <unicode/unistr.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
+#include <numeric>
+#include <string>
 
-#include "core/SortKeys.h"
 #include "core/Utf8.h"
 
 namespace broomtide {
@@ -25,59 +27,33 @@ std::unique_ptr<icu::Collator> naturalCollator() {
   return collator;
 }
 
-// Makes one key after the other in the same memory.
-class KeyMaker {
- public:
-  // The key, until the next one is made.
-  std::span<const std::uint8_t> key(std::string_view name) {
-    if (collator_ == nullptr) {
-      key_.assign(name.begin(), name.end());
-      return key_;
-    }
-    const std::int32_t length = readText(name);
-    std::int32_t size = collator_->getSortKey(text_.data(), length, key_.data(), capacity());
-    if (size > capacity()) {
-      key_.resize(static_cast<std::size_t>(size));
-      size = collator_->getSortKey(text_.data(), length, key_.data(), capacity());
-    }
-    return {key_.data(), static_cast<std::size_t>(size)};
+// Bytes that are ordered as the name is.
+std::string sortKey(const icu::Collator* collator, std::string_view name) {
+  if (collator == nullptr) return std::string(name);
+  const auto text = icu::UnicodeString::fromUTF8(name);
+  std::string key(name.size() * 2 + 16, '\0');
+  for (;;) {
+    const auto capacity = static_cast<std::int32_t>(key.size());
+    const std::int32_t size =
+        collator->getSortKey(text, reinterpret_cast<std::uint8_t*>(key.data()), capacity);
+    key.resize(static_cast<std::size_t>(size));
+    if (size <= capacity) return key;
   }
-
- private:
-  std::int32_t capacity() const { return static_cast<std::int32_t>(key_.size()); }
-
-  // The name as UTF-16, which never has more units than UTF-8 has bytes; what is not UTF-8 reads as
-  // U+FFFD.
-  std::int32_t readText(std::string_view name) {
-    if (text_.size() < name.size()) text_.resize(name.size());
-    std::int32_t length = 0;
-    for (const char character : name) {
-      if (static_cast<unsigned char>(character) >= 0x80) break;
-      text_[static_cast<std::size_t>(length++)] = static_cast<char16_t>(character);
-    }
-    name.remove_prefix(static_cast<std::size_t>(length));
-    while (!name.empty()) {
-      const utf8::Sequence sequence = utf8::decode(name);
-      U16_APPEND_UNSAFE(text_.data(), length, sequence.codePoint);
-      name.remove_prefix(sequence.length);
-    }
-    return length;
-  }
-
-  const std::unique_ptr<icu::Collator> collator_ = naturalCollator();
-  std::vector<char16_t> text_ = std::vector<char16_t>(512);
-  std::vector<std::uint8_t> key_ = std::vector<std::uint8_t>(1024);
-};
+}
 
 }  // namespace
 
+// Making a key costs more than comparing two, so each name's is made once.
 std::vector<std::size_t> naturalOrder(std::span<const std::string_view> names) {
-  std::size_t bytes = 0;
-  for (const std::string_view name : names) bytes += name.size();
-  SortKeys keys(names.size(), bytes * 3 / 2);
-  KeyMaker maker;
-  for (const std::string_view name : names) keys.add(maker.key(name));
-  return keys.order();
+  const std::unique_ptr<icu::Collator> collator = naturalCollator();
+  std::vector<std::string> keys;
+  keys.reserve(names.size());
+  for (const std::string_view name : names) keys.push_back(sortKey(collator.get(), name));
+  std::vector<std::size_t> order(names.size());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::ranges::stable_sort(order, {},
+                           [&](std::size_t index) -> const std::string& { return keys[index]; });
+  return order;
 }
 
 }  // namespace broomtide

@@ -73,15 +73,14 @@ std::string_view pathExtension(std::string_view name) {
   return name.substr(dot + 1);
 }
 
-ShortLowercase::ShortLowercase(std::string_view text)
-    : length_(text.size() <= bytes_.size() ? text.size() : 0) {
-  std::transform(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(length_), bytes_.begin(),
-                 lower);
-}
-
 bool equalIgnoringCase(std::string_view left, std::string_view right) {
   return std::equal(left.begin(), left.end(), right.begin(), right.end(),
                     [](char a, char b) { return lower(a) == lower(b); });
+}
+
+bool lessIgnoringCase(std::string_view left, std::string_view right) {
+  const auto byte = [](char letter) { return static_cast<unsigned char>(lower(letter)); };
+  return std::ranges::lexicographical_compare(left, right, {}, byte, byte);
 }
 
 }  // namespace broomtide::paths

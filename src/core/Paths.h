@@ -1,7 +1,5 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -34,20 +32,10 @@ std::string relativePath(std::string_view item, std::string_view root);
 /// dot leads it.
 std::string_view pathExtension(std::string_view name);
 
-/// The lower-case form of a text that is at most as long as any name the tables know: upper-case
-/// ASCII letters become lower-case ones, every other byte stays. A longer text gives an empty one.
-/// Nothing is allocated.
-class ShortLowercase {
- public:
-  explicit ShortLowercase(std::string_view text);
-  std::string_view text() const { return {bytes_.data(), length_}; }
-
- private:
-  std::array<char, 24> bytes_;
-  std::size_t length_;
-};
-
 /// Whether two texts are equal when the case of ASCII letters is ignored.
 bool equalIgnoringCase(std::string_view left, std::string_view right);
+
+/// The byte order of two texts when the case of ASCII letters is ignored.
+bool lessIgnoringCase(std::string_view left, std::string_view right);
 
 }  // namespace broomtide::paths

@@ -1,23 +1,54 @@
 #include "rules/ScanRules.h"
 
 #include <algorithm>
+#include <span>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "core/Paths.h"
 #include "rules/ContextPolicy.h"
 #include "rules/GuardedNames.h"
-#include "rules/RuleIndex.h"
 
 namespace broomtide::ScanRules {
 namespace {
 
-static_assert(project.size() <= RuleIndex::most && downloads.size() <= RuleIndex::most);
+// Finds the rules of a table that recognise a name. Nearly all of them name it whole and are looked
+// up; the few others are tried one by one.
+class RuleTable {
+ public:
+  explicit RuleTable(std::span<const ScanRule> rules) {
+    for (const ScanRule& rule : rules) {
+      if (rule.matcher.form == ScanRule::Matcher::Form::exactName) {
+        byName_.emplace(rule.matcher.text, &rule);
+      } else {
+        others_.push_back(&rule);
+      }
+    }
+  }
 
-const RuleIndex& indexFor(ScanMode mode) {
-  static const RuleIndex projectIndex(project);
-  static const RuleIndex downloadsIndex(downloads);
-  return mode == ScanMode::project ? projectIndex : downloadsIndex;
+  // The first rule in table order that recognises the name and that `accept` answers true for.
+  template <typename Accept>
+  const ScanRule* first(std::string_view name, CandidateKind kind, Accept accept) const {
+    const ScanRule* found = nullptr;
+    const auto consider = [&](const ScanRule* rule) {
+      const bool isEarlier = found == nullptr || rule < found;
+      if (isEarlier && recognises(*rule, name, kind) && accept(*rule)) found = rule;
+    };
+    if (const auto named = byName_.find(name); named != byName_.end()) consider(named->second);
+    std::ranges::for_each(others_, consider);
+    return found;
+  }
+
+ private:
+  std::unordered_map<std::string_view, const ScanRule*> byName_;
+  std::vector<const ScanRule*> others_;
+};
+
+const RuleTable& tableFor(ScanMode mode) {
+  static const RuleTable projectTable(project);
+  static const RuleTable downloadsTable(downloads);
+  return mode == ScanMode::project ? projectTable : downloadsTable;
 }
 
 bool isOldEnough(const ScanRule& rule, std::optional<Date> modificationDate, Date now) {
@@ -58,13 +89,34 @@ struct Judgement {
 
 }  // namespace
 
+bool recognises(const ScanRule& rule, std::string_view name, CandidateKind kind) {
+  using Form = ScanRule::Matcher::Form;
+  const ScanRule::Matcher& matcher = rule.matcher;
+  if (rule.kind != kind) return false;
+  switch (matcher.form) {
+    case Form::exactName:
+      return name == matcher.text;
+    case Form::fileExtension:
+      return paths::equalIgnoringCase(paths::pathExtension(name), matcher.text);
+    case Form::compoundExtension: {
+      const std::size_t length = matcher.text.size();
+      return name.size() > length && name[name.size() - length - 1] == '.' &&
+             paths::equalIgnoringCase(name.substr(name.size() - length), matcher.text);
+    }
+    case Form::prefixedFile:
+      return name.starts_with(matcher.prefix) &&
+             paths::equalIgnoringCase(paths::pathExtension(name), matcher.text);
+  }
+  return false;
+}
+
 bool recognises(std::string_view name, CandidateKind kind, ScanMode mode) {
-  return indexFor(mode).first(name, kind, [](const ScanRule&) { return true; }) != nullptr;
+  return tableFor(mode).first(name, kind, [](const ScanRule&) { return true; }) != nullptr;
 }
 
 const ScanRule* match(std::string_view name, CandidateKind kind, ScanMode mode,
                       std::optional<Date> modificationDate, Date now) {
-  return indexFor(mode).first(
+  return tableFor(mode).first(
       name, kind, [&](const ScanRule& rule) { return isOldEnough(rule, modificationDate, now); });
 }
 
@@ -81,10 +133,9 @@ bool isProtectedFile(std::string_view name) {
       (name.size() == environmentFile.size() || name[environmentFile.size()] == '.')) {
     return true;
   }
-  const paths::ShortLowercase lowered(name);
-  const paths::ShortLowercase extension(paths::pathExtension(name));
-  return std::ranges::binary_search(protectedFileNames, lowered.text()) ||
-         std::ranges::binary_search(protectedExtensions, extension.text());
+  return std::ranges::binary_search(protectedFileNames, name, paths::lessIgnoringCase) ||
+         std::ranges::binary_search(protectedExtensions, paths::pathExtension(name),
+                                    paths::lessIgnoringCase);
 }
 
 std::optional<RuleEvaluation> evaluate(const ScanRule& rule, const ProjectContext* context,

@@ -1,33 +1,27 @@
 #include "scanner/ReportedScan.h"
 
-#include <algorithm>
 #include <exception>
 #include <iterator>
-#include <numeric>
 #include <optional>
 #include <thread>
 #include <utility>
 
 #include "core/ScannerError.h"
+#include "core/SortOrder.h"
 #include "platform/LinkedStopSource.h"
 
 namespace broomtide {
 namespace {
 
-// By safety, then the largest first; equal ones keep their order. Candidates are large, so their
-// positions are sorted and each one is moved once.
-void sort(std::vector<ScanCandidate>& candidates) {
-  std::vector<std::size_t> order(candidates.size());
-  std::iota(order.begin(), order.end(), std::size_t{0});
-  std::ranges::stable_sort(order, [&candidates](std::size_t left, std::size_t right) {
-    const ScanCandidate& a = candidates[left];
-    const ScanCandidate& b = candidates[right];
-    return a.safety != b.safety ? a.safety < b.safety : a.size > b.size;
-  });
-  std::vector<ScanCandidate> sorted;
-  sorted.reserve(candidates.size());
-  for (const std::size_t position : order) sorted.push_back(std::move(candidates[position]));
-  candidates = std::move(sorted);
+// As they are shown first. Candidates are large, so each one is moved once.
+std::vector<ScanCandidate> sorted(std::vector<ScanCandidate> candidates) {
+  CandidateRows rows = rowsOf(candidates);
+  sortRows(rows, SortOrder::size);
+  std::vector<ScanCandidate> result;
+  result.reserve(rows.size());
+  for (const ScanCandidate* row : rows)
+    result.push_back(std::move(candidates[static_cast<std::size_t>(row - candidates.data())]));
+  return result;
 }
 
 }  // namespace
@@ -61,7 +55,7 @@ ScanResult runReporting(
   scanning.join();
   if (stop.stop_requested()) throw CancellationError();
 
-  sort(candidates);
+  candidates = sorted(std::move(candidates));
   const ScanUpdate last{.progress = {.entriesScanned = outcome.entries,
                                      .reclaimableBytes = outcome.bytes,
                                      .currentPath = "Scan complete"},

@@ -79,7 +79,6 @@ void TreeScan::askAroundRoot() {
 
 void TreeScan::takeDiscovery(ProjectDiscovery discovery) {
   discovery_ = std::move(discovery);
-  projects_.emplace(discovery_);
   issues_ = std::move(discovery_.issues);
   entries_ = discovery_.entriesInspected;
   reports_.report(
@@ -110,7 +109,7 @@ void TreeScan::visit(const WalkStep& step) {
 
 void TreeScan::visitMatch(const std::string& relativePath, const WalkMatch& match) {
   const std::string location = paths::appending(root_, relativePath);
-  const Surroundings around = surroundings(location, match.rule->kind);
+  const Judged around = askGit(location, match);
   const std::optional<RuleEvaluation>& evaluation = evaluate(*match.rule, around);
   if (!evaluation) {
     if (match.measurement) match.measurement->abandon();
@@ -163,31 +162,34 @@ void TreeScan::visitMatch(const std::string& relativePath, const WalkMatch& matc
   reports_.report(entries_, reports_.totalBytes(), relativePath);
 }
 
-TreeScan::Surroundings TreeScan::surroundings(const std::string& location, CandidateKind kind) {
-  Surroundings around{
-      .project = nullptr, .gitRoot = nullptr, .gitStatus = GitItemStatus::unavailable};
-  if (!projects_) return around;
-  around.project = projects_->nearestProject(location);
-  around.gitRoot = around.project != nullptr && around.project->gitRoot
-                       ? &*around.project->gitRoot
-                       : projects_->nearestGitRoot(location);
+TreeScan::Judged TreeScan::askGit(const std::string& location, const WalkMatch& match) {
+  Judged judged{.project = match.around.project};
+  const Repository* nearest = match.around.repository;
+  if (judged.project != nullptr && judged.project->gitRoot) {
+    judged.gitRoot = &*judged.project->gitRoot;
+  } else if (nearest != nullptr) {
+    judged.gitRoot = &nearest->root;
+  }
+  if (mode_ != ScanMode::project) return judged;
   const auto statusIn = [&](const std::string& root) {
     const std::shared_ptr<const GitSnapshot> snapshot = git_.snapshot(root);
     if (stop_.stop_requested()) throw CancellationError();
-    return snapshot ? snapshot->status(location, kind == CandidateKind::directory)
+    return snapshot ? snapshot->status(location, match.rule->kind == CandidateKind::directory)
                     : GitItemStatus::unavailable;
   };
-  if (around.gitRoot != nullptr) {
-    around.otherGitRoots = projects_->otherGitRoots(location, *around.gitRoot);
+  // One more than are asked tells that there are too many.
+  for (; nearest != nullptr && judged.otherGitRoots.size() <= mostOtherRepositories;
+       nearest = nearest->around) {
+    if (nearest->root != *judged.gitRoot) judged.otherGitRoots.push_back(nearest->root);
   }
   const bool isKnownAround = isRootAsked_ && statusIn(root_) != GitItemStatus::unavailable;
-  if (isKnownAround) around.otherGitRoots.push_back(root_);
-  around.gitStatus = statusAmong(around.gitRoot, around.otherGitRoots, statusIn);
-  return around;
+  if (isKnownAround) judged.otherGitRoots.push_back(root_);
+  judged.gitStatus = statusAmong(judged.gitRoot, judged.otherGitRoots, statusIn);
+  return judged;
 }
 
 const std::optional<RuleEvaluation>& TreeScan::evaluate(const ScanRule& rule,
-                                                        const Surroundings& around) {
+                                                        const Judged& around) {
   if (judgedRule_ == &rule && judgedAround_ == around) return judgement_;
   judgedRule_ = &rule;
   judgedAround_ = around;

@@ -30,14 +30,14 @@ class TreeScan {
   ScanOutcome run();
 
  private:
-  // Where a match lies and what is known of it there.
-  struct Surroundings {
-    const ProjectContext* project;
-    const std::string* gitRoot;
-    GitItemStatus gitStatus;
+  // What a match is judged by, beside its rule.
+  struct Judged {
+    const ProjectContext* project = nullptr;
+    const std::string* gitRoot = nullptr;
+    GitItemStatus gitStatus = GitItemStatus::unavailable;
     std::vector<std::string> otherGitRoots = {};
 
-    bool operator==(const Surroundings&) const = default;
+    bool operator==(const Judged&) const = default;
   };
 
   FileDescriptor open(int folder, const std::string& name);
@@ -45,8 +45,8 @@ class TreeScan {
   void takeDiscovery(ProjectDiscovery discovery);
   void visit(const WalkStep& step);
   void visitMatch(const std::string& relativePath, const WalkMatch& match);
-  Surroundings surroundings(const std::string& location, CandidateKind kind);
-  const std::optional<RuleEvaluation>& evaluate(const ScanRule& rule, const Surroundings& around);
+  Judged askGit(const std::string& location, const WalkMatch& match);
+  const std::optional<RuleEvaluation>& evaluate(const ScanRule& rule, const Judged& around);
   std::int64_t measure(const std::string& location, const std::string& label,
                        Measurement& measurement);
   void addIssue(const std::string& path, std::string message);
@@ -61,12 +61,11 @@ class TreeScan {
   GitInspection git_;
   bool isRootAsked_ = false;  // the repository around the scanned folder is asked about that
   ProjectDiscovery discovery_;
-  std::optional<ProjectLookup> projects_;
   ScanReports& reports_;
 
   // The last judgement, which mostly holds for the next match as well.
   const ScanRule* judgedRule_ = nullptr;
-  Surroundings judgedAround_{};
+  Judged judgedAround_{};
   std::optional<RuleEvaluation> judgement_;
 
   std::vector<ScanIssue> issues_;

@@ -32,15 +32,16 @@ constexpr std::size_t entriesPerClockReading = 16;
 // What the walk's thread does.
 class WalkAhead::Walker {
  public:
-  Walker(Setup setup, BoundedQueue<WalkBatch>& batches, std::stop_token stop)
+  Walker(Setup setup, ProjectDetector& projects, BoundedQueue<WalkBatch>& batches,
+         std::stop_token stop)
       : setup_(std::move(setup)),
+        projects_(projects),
         batches_(batches),
         stop_(std::move(stop)),
         entries_(
             setup_.fileManager, DirectoryEnumerator::Order::byName,
             [this](std::string_view path, std::error_code error) { addFolderIssue(path, error); },
-            stop_),
-        projects_(setup_.root, setup_.onRepository) {}
+            stop_) {}
 
   // Returns what a project scan found.
   ProjectDiscovery run(FileDescriptor top) {
@@ -189,12 +190,13 @@ class WalkAhead::Walker {
   // What no answer of Git could make acceptable need not be measured.
   bool isAllowedHere(const ScanRule& rule) {
     return !isProjectScan() ||
-           contextPolicy(rule.id).accepts(projects_.nearestProject(entries_.folderPath()));
+           contextPolicy(rule.id).accepts(projects_.around(entries_.folderPath()).project);
   }
 
   void addUnmatched() { steps_.addUnmatched(entries_.folderPath(), entries_.name()); }
 
   void addMatch(WalkMatch match) {
+    if (isProjectScan()) match.around = projects_.around(entries_.folderPath());
     steps_.addMatch(entries_.folderPath(), entries_.name(), std::move(match));
   }
 
@@ -208,10 +210,10 @@ class WalkAhead::Walker {
   }
 
   Setup setup_;
+  ProjectDetector& projects_;
   BoundedQueue<WalkBatch>& batches_;
   const std::stop_token stop_;
   DirectoryEnumerator entries_;
-  ProjectDetector projects_;
   WalkWriter steps_;
   std::size_t entriesSeen_ = 0;
   Clock::time_point lastFlush_ = Clock::now();
@@ -220,11 +222,13 @@ class WalkAhead::Walker {
 };
 
 WalkAhead::WalkAhead(FileDescriptor top, Setup setup, std::stop_token stop)
-    : stopping_(std::move(stop)), batches_(mostBatchesOf(setup.mode)) {
+    : stopping_(std::move(stop)),
+      projects_(setup.root, setup.onRepository),
+      batches_(mostBatchesOf(setup.mode)) {
   thread_ = std::jthread([this, folder = std::move(top), what = std::move(setup)]() mutable {
     try {
       discovery_.set_value(
-          Walker(std::move(what), batches_, stopping_.token()).run(std::move(folder)));
+          Walker(std::move(what), projects_, batches_, stopping_.token()).run(std::move(folder)));
       batches_.close();
     } catch (...) {
       discovery_.set_exception(std::current_exception());

@@ -54,6 +54,7 @@ class WalkAhead {
   class Walker;
 
   LinkedStopSource stopping_;
+  ProjectDetector projects_;  // what the steps refer to
   BoundedQueue<WalkBatch> batches_;
   std::promise<ProjectDiscovery> discovery_;
   WalkReader reader_;

@@ -8,6 +8,7 @@
 #include <system_error>
 #include <vector>
 
+#include "context/ProjectDetector.h"
 #include "platform/FileManager.h"
 #include "rules/ScanRule.h"
 #include "scanner/Measurement.h"
@@ -17,6 +18,7 @@ namespace broomtide {
 /// An entry whose name and age a rule accepts.
 struct WalkMatch {
   const ScanRule* rule = nullptr;
+  Surroundings around;        ///< in a project scan
   std::error_code error;      ///< set when a file cannot be examined any more
   FileAttributes attributes;  ///< of a file that can
 

@@ -3,7 +3,6 @@
 #include <random>
 #include <set>
 
-#include "context/EnclosingFolders.h"
 
 namespace broomtide {
 namespace {
@@ -78,17 +77,6 @@ TEST(PathSet, AgreesWithAPlainSearch) {
           << asked;
     }
   }
-}
-
-TEST(EnclosingFolders, FindsTheDeepestOne) {
-  EnclosingFolders folders;
-  const std::vector<std::string> added{"/src", "/src/app", "/src/app/deep/er"};
-  for (std::size_t number = 0; number < added.size(); ++number) folders.add(added[number], number);
-  EXPECT_EQ(folders.nearest("/src/app/deep/er/x"), 2U);
-  EXPECT_EQ(folders.nearest("/src/app/deep"), 1U);
-  EXPECT_EQ(folders.nearest("/src/application"), 0U);
-  EXPECT_EQ(folders.nearest("/src"), 0U);
-  EXPECT_EQ(EnclosingFolders().nearest("/src"), std::nullopt);
 }
 
 }  // namespace

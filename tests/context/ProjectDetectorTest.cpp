@@ -32,7 +32,7 @@ TEST(ProjectDetector, KnowsManifestsByTheirWholeNamesOrSuffixes) {
 TEST(ProjectDetector, KnowsTheNearestProjectAllAlongTheWay) {
   ProjectDetector detector("/r", [](const std::string&) {});
   const auto nearest = [&detector](const char* folder) {
-    const ProjectContext* project = detector.nearestProject(folder);
+    const ProjectContext* project = detector.around(folder).project;
     return project == nullptr ? std::string() : project->root;
   };
   detector.enterFolder("");

@@ -6,7 +6,6 @@
 
 #include "core/DateText.h"
 #include "core/NameOrder.h"
-#include "core/SortKeys.h"
 #include "core/SortOrder.h"
 #include "core/VisibleText.h"
 
@@ -101,24 +100,6 @@ TEST(ShownText, NamesAreOrderedAsFileManagersDo) {
     const std::vector<std::string_view> views(row.names.begin(), row.names.end());
     for (const std::size_t index : naturalOrder(views)) ordered.push_back(row.names.at(index));
     EXPECT_EQ(ordered, row.ordered);
-  }
-}
-
-TEST(ShownText, KeysAreSortedByTheirBytes) {
-  std::mt19937 random(7);
-  for (int round = 0; round < 200; ++round) {
-    const std::string beginning(random() % 40, 'b');
-    std::vector<std::string> keys(random() % 60);
-    SortKeys sortKeys(keys.size(), 0);
-    for (std::string& key : keys) {
-      if (random() % 4 > 0) key = beginning;
-      for (auto rest = random() % 20; rest > 0; --rest) key += "\x01\x7f\xff"[random() % 3];
-      sortKeys.add({reinterpret_cast<const std::uint8_t*>(key.data()), key.size() + random() % 2});
-    }
-    std::vector<std::size_t> expected(keys.size());
-    for (std::size_t index = 0; index < expected.size(); ++index) expected[index] = index;
-    std::ranges::stable_sort(expected, {}, [&](std::size_t index) { return keys[index]; });
-    EXPECT_EQ(sortKeys.order(), expected);
   }
 }
 

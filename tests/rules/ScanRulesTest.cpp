@@ -1,9 +1,9 @@
 #include "rules/ScanRules.h"
 
 #include <random>
+#include <span>
 #include <set>
 
-#include "rules/RuleIndex.h"
 
 namespace broomtide {
 namespace {
@@ -110,7 +110,7 @@ TEST(ScanRules, LookUpAgreesWithTryingEveryRule) {
     for (const std::string& name : names) {
       for (const CandidateKind kind : {file, directory}) {
         const auto expected = std::ranges::find_if(
-            table, [&](const ScanRule& rule) { return RuleIndex::recognises(rule, name, kind); });
+            table, [&](const ScanRule& rule) { return ScanRules::recognises(rule, name, kind); });
         EXPECT_EQ(ruleFor(name, kind, mode, Date::min()),
                   expected == table.end() ? "" : expected->id)
             << name;
