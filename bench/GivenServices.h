@@ -9,10 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "app/FolderPicking.h"
-#include "core/FileScanning.h"
-#include "core/HistoryStoring.h"
-#include "core/TrashManaging.h"
+#include "app/Surroundings.h"
+#include "core/ServiceInterfaces.h"
 #include "scanner/ScanReports.h"
 
 /// Services of an app model that touch no file.
@@ -38,7 +36,8 @@ inline std::vector<ScanCandidate> makeCandidates(std::size_t count) {
     candidate.projectRoot = "/home/somebody/src/" + project;
     candidate.gitRoot = candidate.projectRoot;
     candidate.projectKinds = {ProjectKind::javascript};
-    candidate.evidence = {"package.json is in the same folder", "Git ignores this folder"};
+    candidate.evidence = {bareName("package.json is in the same folder"),
+                          bareName("Git ignores this folder")};
     candidate.regenerationCommand = "npm ci";
     candidate.confidence = DetectionConfidence::high;
     candidate.gitStatus = GitItemStatus::ignored;
@@ -60,11 +59,12 @@ class GivenScanner final : public FileScanning {
     std::vector<ScanUpdate> waiting;
     for (std::size_t update = 1; update <= updates_; ++update) {
       const std::size_t found = count_ * update / updates_;
-      waiting.push_back({.progress = {.entriesScanned = static_cast<std::int64_t>(found) * 10,
-                                      .reclaimableBytes = static_cast<std::int64_t>(found),
-                                      .currentPath = result.candidates[found - 1].relativePath},
-                         .candidateCount = found});
-      if (waiting.size() < ScanReports::mostWaiting && update < updates_) continue;
+      waiting.push_back(
+          {.progress = {.entriesScanned = static_cast<std::int64_t>(found) * 10,
+                        .reclaimableBytes = static_cast<std::int64_t>(found),
+                        .currentPath = bareName(result.candidates[found - 1].relativePath)},
+           .candidateCount = found});
+      if (waiting.size() < ScanReports::maxWaiting && update < updates_) continue;
       onUpdate(waiting, std::span(result.candidates).first(found), known);
       known = found;
       waiting.clear();

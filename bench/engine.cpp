@@ -33,10 +33,10 @@
 #include "cleanup/JSONHistoryStore.h"
 #include "context/GitInspector.h"
 #include "core/Paths.h"
-#include "core/ScannerError.h"
+#include "core/ServiceInterfaces.h"
 #include "core/Uuid.h"
-#include "platform/TrashName.h"
 #include "scanner/DefaultFileScanner.h"
+#include "trash/TrashFormat.h"
 
 namespace {
 

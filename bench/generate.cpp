@@ -45,7 +45,7 @@ constexpr std::size_t artefactsPerProject = 1'000;
 constexpr std::size_t entriesPerArtefact =
     6;  // the package, its __init__.py, __pycache__ and three files
 constexpr std::size_t partsPerGroup = 40;
-constexpr int deepestNesting = 3;
+constexpr int maxNesting = 3;
 
 [[noreturn]] void fail(const std::string& what) {
   throw std::system_error(errno, std::generic_category(), what);
@@ -240,7 +240,7 @@ void installPackage(const Folder& modules, std::size_t number, int nesting, Dice
   package.file("index.js", filler(dice.fileSize()));
   package.folder("lib").files("part", ".js", dice.between(2, 20), dice);
   if (dice.oneIn(3)) package.folder("dist").files("bundle", ".min.js", dice.between(1, 8), dice);
-  if (nesting < deepestNesting && dice.oneIn(5)) {
+  if (nesting < maxNesting && dice.oneIn(5)) {
     const auto nested = package.folder("node_modules");
     const auto packages = dice.between(1, 3);
     for (std::size_t i = 1; i <= packages; ++i)

@@ -12,7 +12,7 @@
 
 #include "GivenServices.h"
 #include "app/AppModel.h"
-#include "cli/MainLoop.h"
+#include "cli/Session.h"
 #include "context/GitSnapshot.h"
 #include "context/ProjectDetector.h"
 #include "rules/ScanRules.h"

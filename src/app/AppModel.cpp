@@ -5,24 +5,23 @@
 #include <exception>
 #include <utility>
 
-#include "app/ErrorText.h"
 #include "app/FolderChoice.h"
 #include "core/Paths.h"
-#include "core/ScannerError.h"
+#include "core/ServiceInterfaces.h"
 #include "core/Uuid.h"
 
 namespace broomtide {
 namespace {
 
-ScanProgress progressAt(std::string label) {
+ScanProgress progressAt(Message label) {
   return {.entriesScanned = 0, .reclaimableBytes = 0, .currentPath = std::move(label)};
 }
 
-ScanProgress idleProgress() { return progressAt("Preparing scan…"); }
+ScanProgress idleProgress() { return progressAt({messages::preparing}); }
 
-std::string scanErrorText(const std::exception& error) {
+Message scanErrorText(const std::exception& error) {
   const bool isCancelled = dynamic_cast<const CancellationError*>(&error) != nullptr;
-  return isCancelled ? "Scan cancelled. No files were changed." : errorText(error);
+  return isCancelled ? Message{messages::scanCancelled} : messageOf(error);
 }
 
 }  // namespace
@@ -63,7 +62,8 @@ void AppModel::beginScan(std::string root, ScanMode mode, bool renewAccess) {
   if (renewAccess) hasSecurityScopedAccess_ = surroundings_.access.startAccess(root);
   rootURL_ = std::move(root);
   scanMode_ = mode;
-  clearResults(progressAt(std::string(paths::lastComponent(paths::standardized(*rootURL_)))));
+  clearResults(
+      progressAt(bareName(std::string(paths::lastComponent(paths::standardized(*rootURL_))))));
   route_ = Route::scanning;
   change(Field::route);
   startScan(*activeScanID_);
@@ -98,7 +98,7 @@ void AppModel::startScan(const std::string& identifier) {
   try {
     scanTask_ = tasks_.start(work);
   } catch (const std::exception& error) {
-    failScan(errorText(error));
+    failScan(messageOf(error));
   }
 }
 
@@ -133,7 +133,7 @@ void AppModel::finishScan(ScanResult result) {
   setRoute(Route::results);
 }
 
-void AppModel::failScan(std::string reason) {
+void AppModel::failScan(Message reason) {
   activeScanID_.reset();
   scanTask_.reset();
   giveAccessBack();
@@ -165,7 +165,7 @@ void AppModel::setRoute(Route route) {
 
 void AppModel::clearErrorMessage() { setErrorMessage(std::nullopt); }
 
-void AppModel::setErrorMessage(std::optional<std::string> message) {
+void AppModel::setErrorMessage(std::optional<Message> message) {
   errorMessage_ = std::move(message);
   change(Field::errorMessage);
   tellChanges();

@@ -11,16 +11,12 @@
 #include <string_view>
 #include <vector>
 
-#include "app/AccessGranting.h"
-#include "app/FolderPicking.h"
-#include "app/MainThread.h"
 #include "app/ModelLink.h"
 #include "app/Observers.h"
 #include "app/Selection.h"
+#include "app/Surroundings.h"
 #include "app/TaskGroup.h"
-#include "core/FileScanning.h"
-#include "core/HistoryStoring.h"
-#include "core/TrashManaging.h"
+#include "core/ServiceInterfaces.h"
 
 namespace broomtide {
 
@@ -86,7 +82,7 @@ class AppModel {
   const std::vector<ProjectContext>& projectContexts() const { return projectContexts_; }
   const std::optional<CleanupResult>& cleanupResult() const { return cleanupResult_; }
   const std::vector<CleanupHistoryEntry>& history() const { return history_; }
-  const std::optional<std::string>& errorMessage() const { return errorMessage_; }
+  const std::optional<Message>& errorMessage() const { return errorMessage_; }
   bool isCleaning() const { return isCleaning_; }
 
   /// The folder of the current or last scan, an absolute path.
@@ -163,7 +159,7 @@ class AppModel {
   void takeUpdates(const std::string& scanIdentifier, std::span<const ScanUpdate> updates,
                    std::span<const ScanCandidate> candidates, std::size_t unchanged);
   void finishScan(ScanResult result);
-  void failScan(std::string reason);
+  void failScan(Message reason);
   bool isCurrent(const std::string& scanIdentifier) const {
     return activeScanID_ == scanIdentifier;
   }
@@ -171,7 +167,7 @@ class AppModel {
   void startCleanup(std::vector<ScanCandidate> selected);
   void finishCleanup(CleanupResult result);
   void setHistory(std::vector<CleanupHistoryEntry> history);
-  void setErrorMessage(std::optional<std::string> message);
+  void setErrorMessage(std::optional<Message> message);
 
   const Services services_;
   const Surroundings surroundings_;
@@ -183,7 +179,7 @@ class AppModel {
   std::vector<ProjectContext> projectContexts_;
   std::optional<CleanupResult> cleanupResult_;
   std::vector<CleanupHistoryEntry> history_;
-  std::optional<std::string> errorMessage_;
+  std::optional<Message> errorMessage_;
   bool isCleaning_ = false;
 
   std::optional<std::string> rootURL_;

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "app/AppModel.h"
-#include "app/ErrorText.h"
 #include "core/Uuid.h"
 
 namespace broomtide {
@@ -84,9 +83,7 @@ void AppModel::startCleanup(std::vector<ScanCandidate> selected) {
         model.tellChanges();
       });
     } catch (const std::exception&) {
-      link.post([](AppModel& model) {
-        model.setErrorMessage("Cleanup finished, but Broomtide could not save the local history.");
-      });
+      link.post([](AppModel& model) { model.setErrorMessage(Message{messages::historyNotSaved}); });
     }
   };
   try {
@@ -94,7 +91,7 @@ void AppModel::startCleanup(std::vector<ScanCandidate> selected) {
   } catch (const std::exception& error) {
     isCleaning_ = false;
     change(Field::isCleaning);
-    setErrorMessage(errorText(error));
+    setErrorMessage(messageOf(error));
   }
 }
 
@@ -117,7 +114,7 @@ void AppModel::showHistory() {
       });
     });
   } catch (const std::exception& error) {
-    setErrorMessage(errorText(error));
+    setErrorMessage(messageOf(error));
   }
 }
 

@@ -17,14 +17,11 @@ struct Texts {
   std::string_view message;
 };
 
-constexpr std::string_view onlyThisFolder =
-    "Broomtide scans only the folder you choose. Nothing is uploaded.";
-constexpr Texts projectTexts{"Choose a project folder", "Scan Folder", onlyThisFolder};
-constexpr Texts downloadsTexts{"Choose your Downloads folder", "Scan Folder", onlyThisFolder};
-constexpr Texts cachesTexts{
-    "Choose your home folder", "Scan Caches",
-    "Keep your home folder selected and press Scan Caches. Broomtide checks well-known developer "
-    "cache locations under it. Nothing is uploaded."};
+constexpr Texts projectTexts{messages::chooseProject, messages::scanFolder,
+                             messages::onlyThisFolder};
+constexpr Texts downloadsTexts{messages::chooseDownloads, messages::scanFolder,
+                               messages::onlyThisFolder};
+constexpr Texts cachesTexts{messages::chooseHome, messages::scanCaches, messages::keepHomeSelected};
 
 constexpr const Texts& textsFor(ScanMode mode) {
   switch (mode) {
@@ -70,11 +67,13 @@ bool containsKnownCacheLocation(const std::string& folder) {
   });
 }
 
-std::string refusal(const std::string& folder, const std::optional<std::string>& home) {
-  return "No known developer cache locations were found under “" +
-         std::string(paths::lastComponent(paths::standardized(folder))) +
-         "”. When scanning developer caches, select your home folder (" +
-         home.value_or("your home folder") + ") in the picker.";
+Message refusal(const std::string& folder, const std::optional<std::string>& home) {
+  const std::string whole = paths::standardized(folder);
+  const std::string_view name = paths::lastComponent(whole);
+  return {
+      .pattern = messages::noCachesFound,
+      .values = {nameValue(std::string(name)),
+                 home ? nameValue(*home) : termsValue({std::string(messages::yourHomeFolder)})}};
 }
 
 }  // namespace broomtide::FolderChoice

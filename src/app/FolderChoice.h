@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "app/FolderPicking.h"
+#include "app/Surroundings.h"
 
 /// What people are told when they choose a folder, and which choices are turned down.
 namespace broomtide::FolderChoice {
@@ -25,6 +25,6 @@ bool containsKnownCacheLocation(const std::string& folder);
 
 /// Why `folder` was turned down for a scan of caches. `home` is the home folder that is suggested
 /// instead, if it is known.
-std::string refusal(const std::string& folder, const std::optional<std::string>& home);
+Message refusal(const std::string& folder, const std::optional<std::string>& home);
 
 }  // namespace broomtide::FolderChoice

@@ -4,7 +4,7 @@
 #include <memory>
 #include <stop_token>
 
-#include "app/MainThread.h"
+#include "app/Surroundings.h"
 
 namespace broomtide {
 

@@ -5,8 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "core/ProjectContext.h"
-#include "core/ScanCandidate.h"
+#include "core/Records.h"
 
 /// What a list of candidates comes to. Each function is one pass over the list.
 namespace broomtide::Selection {

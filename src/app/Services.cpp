@@ -7,7 +7,7 @@
 #include "cleanup/DefaultTrashManager.h"
 #include "cleanup/JSONHistoryStore.h"
 #include "context/GitInspector.h"
-#include "platform/FileSizeLimit.h"
+#include "platform/FileManager.h"
 #include "platform/UserFolders.h"
 #include "scanner/DefaultFileScanner.h"
 
@@ -27,7 +27,7 @@ std::unique_ptr<TrashManaging> makeTrashManager() {
 
 std::unique_ptr<AppModel> makeModel(MainThread& mainThread, FolderPicking& folderPicker,
                                     AccessGranting& access) {
-  FileSizeLimit::meetAsError();
+  ignoreFileSizeSignal();
   AppModel::Services services;
   services.scanner = std::make_unique<DefaultFileScanner>(systemFileManager());
   services.trashManager = makeTrashManager();

@@ -9,7 +9,7 @@
 #include "core/Paths.h"
 #include "core/Uuid.h"
 #include "platform/PathSafety.h"
-#include "platform/Trash.h"
+#include "trash/Trash.h"
 
 namespace broomtide {
 namespace {
@@ -29,9 +29,9 @@ Revalidation::Problem clean(const ScanCandidate& candidate, const std::string& r
                        .size = candidate.size,
                        .isFolder = candidate.kind == CandidateKind::directory};
   if (!paths::isBelow(paths::appending(item.folder, item.name), realRoot)) {
-    return CleanupMessages::outside;
+    return messages::noLongerInside;
   }
-  if (trash.move(item)) return CleanupMessages::notMoved;
+  if (trash.move(item)) return messages::notMoved;
   return std::nullopt;
 }
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "context/GitSnapshot.h"
-#include "core/TrashManaging.h"
+#include "core/ServiceInterfaces.h"
 #include "platform/FileManager.h"
 
 namespace broomtide {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <exception>
@@ -19,7 +20,7 @@ namespace {
 using Json = nlohmann::json;  // keeps the keys of an object sorted
 
 constexpr int version = 1;
-constexpr int deepestNesting = 512;
+constexpr int maxNesting = 512;
 constexpr int indentation = 2;
 
 template <typename Value>
@@ -32,12 +33,19 @@ const std::string& text(const Json& object, const char* key) {
   return object.at(key).get_ref<const std::string&>();
 }
 
+// Whether a number is whole, also one that is written as 1.0 or 1e0, and fits.
+bool isInteger(const Json& value) {
+  constexpr std::int64_t max = std::numeric_limits<std::int64_t>::max();
+  if (value.is_number_unsigned()) return value.get<std::uint64_t>() <= max;
+  if (!value.is_number_float()) return value.is_number_integer();
+  const double number = value.get<double>();
+  constexpr double beyond = 0x1p63;
+  return std::trunc(number) == number && number >= -beyond && number < beyond;
+}
+
 std::int64_t integer(const Json& object, const char* key) {
   const Json& value = object.at(key);
-  const bool fits = value.is_number_unsigned()
-                        ? value.get<std::uint64_t>() <= std::numeric_limits<std::int64_t>::max()
-                        : value.is_number_integer();
-  if (!fits) throw std::invalid_argument("not an integer of 64 bits");
+  if (!isInteger(value)) throw std::invalid_argument("not an integer of 64 bits");
   return value.get<std::int64_t>();
 }
 
@@ -85,7 +93,7 @@ int nesting(std::string_view text) {
 // Throws for a text that is not JSON and for one so deeply nested that it is an attack on memory.
 // The library would count the nesting too, but then looks through a whole list after each element.
 Json parse(std::string_view text) {
-  if (nesting(text) > deepestNesting) throw std::invalid_argument("nested too deeply");
+  if (nesting(text) > maxNesting) throw std::invalid_argument("nested too deeply");
   return Json::parse(text);
 }
 

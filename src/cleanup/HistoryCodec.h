@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/CleanupResult.h"
+#include "core/Records.h"
 
 /// The text of a history file, version 1.
 namespace broomtide::HistoryCodec {

@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 using HistoryCodec::Defect;
 
 // Others hold the lock for as long as one append takes, so that whoever holds it longer hangs.
-constexpr auto longestWait = 10s;
+constexpr auto maxWait = 10s;
 constexpr auto pause = 100us;  // short enough to meet the moment between two appends of another
 
 std::optional<std::string> defaultFile() {
@@ -32,7 +32,7 @@ void throwIf(std::error_code error) {
 
 // On a file system without locks the history is written all the same.
 void lock(FileManager& fileManager, int folder) {
-  const auto end = std::chrono::steady_clock::now() + longestWait;
+  const auto end = std::chrono::steady_clock::now() + maxWait;
   while (fileManager.tryLock(folder) == std::errc::operation_would_block) {
     if (std::chrono::steady_clock::now() > end) throwIf(std::make_error_code(std::errc::timed_out));
     std::this_thread::sleep_for(pause);
@@ -77,7 +77,7 @@ JSONHistoryStore::Contents JSONHistoryStore::read() const {
   const std::error_code error =
       WholeFile::read(fileManager_, workingDirectory, *file_, LinkPolicy::follow, text);
   if (error == std::errc::no_such_file_or_directory) {
-    return {.entries = {}, .reason = std::nullopt, .nameTaken = NameTaken::fails};
+    return {.entries = {}, .reason = std::nullopt, .ifExists = IfExists::fail};
   }
   if (error) return {.entries = {}, .reason = "unreadable"};
   HistoryCodec::Decoded decoded = HistoryCodec::decode(text);
@@ -94,34 +94,34 @@ void JSONHistoryStore::replace(int folder, const std::string& text, const Conten
   throwIf(WholeFile::create(fileManager_, folder, newName, text, WholeFile::Durability::onDisk));
   std::error_code error =
       former.reason ? setAside(folder, name, *former.reason) : std::error_code();
-  if (!error) error = putInPlace(folder, newName, former.nameTaken);
+  if (!error) error = putInPlace(folder, newName, former.ifExists);
   if (error) fileManager_.removeFile(folder, newName.c_str());
   throwIf(error);
   fileManager_.synchronize(folder);  // the entry is there; only a power cut could still lose it
 }
 
 std::error_code JSONHistoryStore::putInPlace(int folder, const std::string& newName,
-                                             NameTaken nameTaken) const {
+                                             IfExists ifExists) const {
   const std::string name(paths::lastComponent(*file_));
   const std::error_code error =
-      fileManager_.rename(folder, newName.c_str(), folder, name.c_str(), nameTaken);
-  const bool isUnknown = error == std::errc::invalid_argument && nameTaken == NameTaken::fails;
+      fileManager_.rename(folder, newName.c_str(), folder, name.c_str(), ifExists);
+  const bool isUnknown = error == std::errc::invalid_argument && ifExists == IfExists::fail;
   if (!isUnknown) return error;
   // A file system that cannot leave a file alone on request, such as a network's.
-  return fileManager_.rename(folder, newName.c_str(), folder, name.c_str(), NameTaken::replaces);
+  return fileManager_.rename(folder, newName.c_str(), folder, name.c_str(), IfExists::replace);
 }
 
 std::error_code JSONHistoryStore::setAside(int folder, const std::string& name,
                                            const std::string& reason) const {
-  constexpr int mostTries = 1000;
+  constexpr int maxTries = 1000;
   std::string date =
       iso8601(std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now()));
   std::ranges::replace(date, ':', '-');
   const std::string base = name + '.' + date + '.' + reason;
   std::error_code error;
-  for (int number = 1; number <= mostTries; ++number) {
+  for (int number = 1; number <= maxTries; ++number) {
     const std::string asideName = number == 1 ? base : base + '.' + std::to_string(number);
-    error = fileManager_.rename(folder, name.c_str(), folder, asideName.c_str(), NameTaken::fails);
+    error = fileManager_.rename(folder, name.c_str(), folder, asideName.c_str(), IfExists::fail);
     if (error != std::errc::file_exists) return error;
   }
   return error;

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "cleanup/HistoryCodec.h"
-#include "core/HistoryStoring.h"
+#include "core/ServiceInterfaces.h"
 #include "platform/FileManager.h"
 
 namespace broomtide {
@@ -32,13 +32,13 @@ class JSONHistoryStore final : public HistoryStoring {
   // What is in the file, or why it counts as empty.
   struct Contents {
     std::vector<CleanupHistoryEntry> entries;
-    std::optional<std::string> reason;          // absent also when there is no file
-    NameTaken nameTaken = NameTaken::replaces;  // what it means when there is a file after all
+    std::optional<std::string> reason;      // absent also when there is no file
+    IfExists ifExists = IfExists::replace;  // what it means when there is a file after all
   };
 
   Contents read() const;
   void replace(int folder, const std::string& text, const Contents& former);
-  std::error_code putInPlace(int folder, const std::string& newName, NameTaken nameTaken) const;
+  std::error_code putInPlace(int folder, const std::string& newName, IfExists ifExists) const;
   std::error_code setAside(int folder, const std::string& name, const std::string& reason) const;
 
   const std::optional<std::string> file_;  // nothing when no place for it is known

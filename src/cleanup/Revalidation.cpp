@@ -5,7 +5,6 @@
 #include <cstdint>
 
 #include "core/Paths.h"
-#include "platform/FileIdentity.h"
 #include "platform/PathSafety.h"
 
 namespace broomtide {
@@ -14,7 +13,12 @@ namespace {
 // File systems and archives round dates, so that a date may differ by this much.
 constexpr std::chrono::nanoseconds dateTolerance = std::chrono::milliseconds(1);
 
+// A date that does not fit into `Date` is shown as the nearest one that does, so that it says
+// nothing of what happened since.
+bool isClamped(Date date) { return date == Date::max() || date == Date::min(); }
+
 bool isModified(Date recorded, Date current) {
+  if (isClamped(recorded) || isClamped(current)) return true;
   const auto nanoseconds = [](Date date) {
     return static_cast<std::uint64_t>(date.time_since_epoch().count());
   };
@@ -28,26 +32,23 @@ bool isModified(Date recorded, Date current) {
 }  // namespace
 
 Revalidation::Problem Revalidation::problemOf(const ScanCandidate& candidate) const {
-  if (stop_.stop_requested()) return CleanupMessages::cancelled;
+  if (stop_.stop_requested()) return messages::cleanupCancelled;
   if (const Problem problem = problemOnDisk(candidate)) return problem;
   return problemInGit(candidate);
 }
 
 Revalidation::Problem Revalidation::problemOnDisk(const ScanCandidate& candidate) const {
-  if (!PathSafety::contains(candidate.url, root_)) return CleanupMessages::outside;
-  if (FileIdentity::isSymbolicLink(fileManager_, candidate.url)) return CleanupMessages::link;
-
-  const std::optional<std::string> identity = FileIdentity::read(fileManager_, candidate.url);
-  if (!identity) return CleanupMessages::gone;
-  if (*identity != candidate.fileIdentity) return CleanupMessages::replaced;
-
+  if (!PathSafety::contains(candidate.url, root_)) return messages::noLongerInside;
   FileAttributes attributes;
-  const bool hasDates = candidate.modificationDate &&
-                        !fileManager_.readAttributes(workingDirectory, candidate.url.c_str(),
-                                                     LinkPolicy::doNotFollow, attributes) &&
-                        attributes.modificationDate;
+  if (fileManager_.readAttributes(workingDirectory, candidate.url.c_str(), LinkPolicy::doNotFollow,
+                                  attributes)) {
+    return messages::gone;
+  }
+  if (attributes.isLink()) return messages::becameLink;
+  if (FileIdentity::token(attributes) != candidate.fileIdentity) return messages::replaced;
+  const bool hasDates = candidate.modificationDate && attributes.modificationDate;
   if (hasDates && isModified(*candidate.modificationDate, *attributes.modificationDate)) {
-    return CleanupMessages::modified;
+    return messages::modified;
   }
   return std::nullopt;
 }
@@ -62,16 +63,16 @@ Revalidation::Problem Revalidation::problemInGit(const ScanCandidate& candidate)
   const auto& others = candidate.otherGitRoots;
   const std::string* gitRoot = candidate.gitRoot ? &*candidate.gitRoot : nullptr;
   const GitItemStatus status = statusAmong(gitRoot, others, statusIn);
-  if (status == GitItemStatus::tracked) return CleanupMessages::tracked;
+  if (status == GitItemStatus::tracked) return messages::nowTracked;
   if (gitRoot == nullptr) {
     const bool areSilent = std::ranges::any_of(others, [&](const std::string& other) {
       return statusIn(other) == GitItemStatus::unavailable;
     });
-    return areSilent ? Problem(CleanupMessages::gitUnknown) : std::nullopt;
+    return areSilent ? Problem(messages::gitUnknown) : std::nullopt;
   }
-  if (status == GitItemStatus::unavailable) return CleanupMessages::gitUnknown;
+  if (status == GitItemStatus::unavailable) return messages::gitUnknown;
   const bool wasIgnored = candidate.gitStatus == GitItemStatus::ignored;
-  if (wasIgnored && status != GitItemStatus::ignored) return CleanupMessages::notIgnored;
+  if (wasIgnored && status != GitItemStatus::ignored) return messages::noLongerIgnored;
   return std::nullopt;
 }
 

@@ -7,40 +7,16 @@
 #include <string_view>
 
 #include "context/GitSnapshot.h"
-#include "core/ScanCandidate.h"
+#include "core/Records.h"
 #include "platform/FileManager.h"
 
 namespace broomtide {
-
-/// Why an item was left alone, in words for people.
-namespace CleanupMessages {
-
-inline constexpr std::string_view cancelled = "Cleanup was cancelled.";
-inline constexpr std::string_view outside = "The item is no longer inside the selected folder.";
-inline constexpr std::string_view link = "The item changed into a symbolic link and was skipped.";
-inline constexpr std::string_view gone =
-    "This item no longer exists. It may have been moved or deleted.";
-inline constexpr std::string_view replaced =
-    "The item changed after the scan. Rescan before cleaning it.";
-inline constexpr std::string_view modified =
-    "The item was modified after the scan. Rescan before cleaning it.";
-inline constexpr std::string_view gitUnknown =
-    "Git status could not be revalidated. Broomtide left the item untouched.";
-inline constexpr std::string_view tracked =
-    "The item is now tracked by Git. Broomtide left it untouched.";
-inline constexpr std::string_view notIgnored =
-    "The item is no longer ignored by Git. Rescan before cleaning it.";
-inline constexpr std::string_view notMoved =
-    "Broomtide could not move this item to Trash. It may be locked, in use, or require additional "
-    "permission.";
-
-}  // namespace CleanupMessages
 
 /// The checks that a candidate must pass again before it is moved. Each one asks the file system
 /// afresh; Git's answers are those given at the start.
 class Revalidation {
  public:
-  using Problem = std::optional<std::string_view>;  ///< one of the messages above
+  using Problem = std::optional<std::string_view>;  ///< one of `messages`
 
   /// `root` is the scanned folder; `snapshots` are found by standardised repository root. All that
   /// is referred to must outlive the checks.

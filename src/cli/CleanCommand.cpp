@@ -6,9 +6,9 @@
 #include <iostream>
 #include <iterator>
 
-#include "cli/CleanReport.h"
 #include "cli/Failure.h"
 #include "cli/Interruption.h"
+#include "cli/Reports.h"
 #include "core/ByteCount.h"
 #include "core/Paths.h"
 
@@ -85,24 +85,26 @@ ExitStatus CleanCommand::select(Session& session, const std::string& root) const
 
 // Shows what is selected and asks. What a question is about stands where the question does.
 CleanCommand::Decision CleanCommand::decide(const CandidateRows& selected) const {
-  if (selected.empty()) return Decision::leave;
+  if (selected.empty()) return Decision::cancel;
   const bool isSeen = !isJson_ && (!mustAsk() || ::isatty(STDOUT_FILENO) != 0);
   if (mustAsk() || isSeen) {
     std::ostream& out = isSeen ? std::cout : std::cerr;
-    const Style style = Style::forDescriptor(isSeen ? STDOUT_FILENO : STDERR_FILENO);
+    const TerminalStyle style =
+        TerminalStyle::forDescriptor(isSeen ? STDOUT_FILENO : STDERR_FILENO);
     writeCandidates(out, selected, style, Detail::facts);
-    out << style(Style::Role::heading, std::to_string(selected.size()) + " item(s) totaling " +
-                                           formatByteCount(sumOfSizes(selected)))
+    out << style(TerminalStyle::Role::heading, std::to_string(selected.size()) +
+                                                   " item(s) totaling " +
+                                                   formatByteCount(sumOfSizes(selected)))
         << '\n'
         << std::flush;
   }
-  if (isDryRun_) return Decision::onlyLook;
+  if (isDryRun_) return Decision::dryRun;
   if (isConfirmed_) return Decision::clean;
   std::cerr << "Move selected items to Trash? [y/N] " << std::flush;
   std::string answer;
   std::getline(std::cin, answer);
   if (std::cin.eof()) std::cerr << '\n';
-  return isYes(answer) ? Decision::clean : Decision::leave;
+  return isYes(answer) ? Decision::clean : Decision::cancel;
 }
 
 void CleanCommand::report(const Session& session, const std::string& root,
@@ -113,15 +115,15 @@ void CleanCommand::report(const Session& session, const std::string& root,
                      .moved = {},
                      .failures = {},
                      .isRecorded = decision == Decision::clean && session.isRecorded()};
-  if (decision == Decision::onlyLook) report.moved = selectedRows(model);
+  if (decision == Decision::dryRun) report.moved = selectedRows(model);
   if (decision == Decision::clean && model.cleanupResult()) {
     report.moved = rowsOf(model.cleanupResult()->moved);
     report.failures = model.cleanupResult()->failures;
   }
   if (isJson_) {
     writeJson(std::cout, report);
-  } else if (decision != Decision::leave) {
-    writeText(std::cout, report, Style::forDescriptor(STDOUT_FILENO));
+  } else if (decision != Decision::cancel) {
+    writeText(std::cout, report, TerminalStyle::forDescriptor(STDOUT_FILENO));
   } else if (!selectedRows(model).empty()) {
     std::cout << "Nothing was moved.\n";
   } else {

@@ -5,8 +5,8 @@
 
 #include <CLI/CLI.hpp>
 
-#include "cli/CandidateText.h"
-#include "cli/ExitStatus.h"
+#include "cli/CandidateList.h"
+#include "cli/Failure.h"
 #include "cli/FolderArguments.h"
 #include "cli/Session.h"
 
@@ -27,7 +27,7 @@ class CleanCommand {
   ExitStatus run() const;
 
  private:
-  enum class Decision { clean, onlyLook, leave };
+  enum class Decision { clean, dryRun, cancel };
 
   bool mustAsk() const { return !isConfirmed_ && !isDryRun_; }
   ExitStatus select(Session& session, const std::string& root) const;

@@ -5,7 +5,7 @@
 #include <iostream>
 #include <system_error>
 
-#include "core/VisibleText.h"
+#include "core/EscapedText.h"
 
 namespace broomtide::cli {
 
@@ -14,7 +14,7 @@ ExitStatus fail(const std::string& subject, std::string_view reason) {
 }
 
 ExitStatus fail(std::string_view reason) {
-  std::fprintf(stderr, "broomtide-cli: %s\n", visible(reason).c_str());
+  std::fprintf(stderr, "broomtide-cli: %s\n", escaped(reason).c_str());
   return ExitStatus::failed;
 }
 

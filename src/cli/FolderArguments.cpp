@@ -57,10 +57,6 @@ std::optional<std::string> FolderArguments::root() const {
     fail(folder_, error.message());
     return std::nullopt;
   }
-  if (std::filesystem::equivalent(root, "/", error)) {
-    fail(root, "This is the whole file system. Choose a folder below it.");
-    return std::nullopt;
-  }
   return root;
 }
 

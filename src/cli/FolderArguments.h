@@ -34,7 +34,7 @@ class FolderArguments {
   ScanMode mode() const;
 
   /// The folder as an absolute path in standard form. Nothing, with the reason on standard error,
-  /// for one that must not or cannot be scanned.
+  /// for one whose place cannot be found out.
   std::optional<std::string> root() const;
 
  private:

@@ -5,8 +5,7 @@
 #include <iostream>
 
 #include "cli/Failure.h"
-#include "cli/HistoryReport.h"
-#include "cli/JsonText.h"
+#include "cli/Reports.h"
 #include "cli/Session.h"
 
 namespace broomtide::cli {
@@ -24,7 +23,7 @@ ExitStatus HistoryCommand::run() const {
     writeArray(std::cout, entries, "");
     std::cout << '\n';
   } else {
-    writeText(std::cout, entries, Style::forDescriptor(STDOUT_FILENO));
+    writeText(std::cout, entries, TerminalStyle::forDescriptor(STDOUT_FILENO));
   }
   return finishOutput();
 }

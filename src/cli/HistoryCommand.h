@@ -2,7 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include "cli/ExitStatus.h"
+#include "cli/Failure.h"
 
 namespace broomtide::cli {
 

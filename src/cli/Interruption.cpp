@@ -2,7 +2,7 @@
 
 #include <unistd.h>
 
-#include "cli/ExitStatus.h"
+#include "cli/Failure.h"
 
 namespace broomtide::cli {
 namespace {

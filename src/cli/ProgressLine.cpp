@@ -8,7 +8,7 @@
 
 #include "cli/TerminalText.h"
 #include "core/ByteCount.h"
-#include "core/VisibleText.h"
+#include "core/EscapedText.h"
 
 namespace broomtide::cli {
 namespace {
@@ -35,10 +35,11 @@ void ProgressLine::show(const ScanProgress& progress) {
   const std::string counts = std::to_string(progress.entriesScanned) + " scanned · " +
                              formatByteCount(progress.reclaimableBytes) + " found · ";
   const std::size_t width = terminalWidth() - 1;
-  const std::size_t used = columns(counts);
-  const std::string path =
-      used < width ? shortened(visible(progress.currentPath), width - used) : std::string();
-  std::fprintf(stderr, "\r\x1b[K%s%s", shortened(counts, width).c_str(), path.c_str());
+  const std::size_t used = displayWidth(counts);
+  const std::string path = used < width
+                               ? elideMiddle(escaped(progress.currentPath.text()), width - used)
+                               : std::string();
+  std::fprintf(stderr, "\r\x1b[K%s%s", elideMiddle(counts, width).c_str(), path.c_str());
   std::fflush(stderr);
   isShown_ = true;
 }

@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "core/FileScanning.h"
+#include "core/ServiceInterfaces.h"
 
 namespace broomtide::cli {
 

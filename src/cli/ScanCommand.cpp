@@ -6,7 +6,7 @@
 #include <map>
 
 #include "cli/Failure.h"
-#include "cli/ScanReport.h"
+#include "cli/Reports.h"
 #include "cli/Session.h"
 
 namespace broomtide::cli {
@@ -49,7 +49,7 @@ ExitStatus ScanCommand::run() const {
   if (isJson_) {
     writeJson(std::cout, report);
   } else {
-    writeText(std::cout, report, Style::forDescriptor(STDOUT_FILENO),
+    writeText(std::cout, report, TerminalStyle::forDescriptor(STDOUT_FILENO),
               hasDetails_ ? Detail::reasons : Detail::facts);
   }
   return finishOutput();

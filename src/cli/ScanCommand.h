@@ -4,7 +4,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include "cli/ExitStatus.h"
+#include "cli/Failure.h"
 #include "cli/FolderArguments.h"
 
 namespace broomtide::cli {

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <set>
 #include <stop_token>
+#include <utility>
 
 #include "app/Services.h"
 #include "cli/Failure.h"
@@ -14,6 +15,23 @@
 #include "cli/ProgressLine.h"
 
 namespace broomtide::cli {
+
+void MainLoop::post(std::function<void()> work) {
+  const std::lock_guard lock(mutex_);
+  work_.push_back(std::move(work));
+  posted_.notify_one();
+}
+
+void MainLoop::runUntil(const std::function<bool()>& isDone) {
+  while (!isDone()) {
+    std::unique_lock lock(mutex_);
+    posted_.wait(lock, [this] { return !work_.empty(); });
+    const std::function<void()> next = std::move(work_.front());
+    work_.pop_front();
+    lock.unlock();
+    next();
+  }
+}
 
 Session::Session() : model_(services::makeModel(loop_, *this, access_)) {}
 
@@ -30,11 +48,11 @@ ExitStatus Session::scan(const std::string& root, ScanMode mode) {
     loop_.runUntil([this] { return model_->route() != Route::scanning; });
   }
   if (interruption.token().stop_requested()) {  // also when the scan was just about to end
-    std::fputs("Scan cancelled. No files were changed.\n", stderr);
+    std::fprintf(stderr, "%s\n", messages::scanCancelled.data());
     return ExitStatus::interrupted;
   }
   if (model_->route() == Route::results) return ExitStatus::done;
-  return fail(root, model_->errorMessage().value_or(""));
+  return fail(root, model_->errorMessage().value_or(Message()).text());
 }
 
 // Nobody can pick what is no folder, or one that nobody may look into; scanning it tells why.
@@ -74,7 +92,7 @@ ExitStatus Session::clean(const std::stop_token& stop) {
   model_->cleanSelectedItems();
   loop_.runUntil([this] { return isRecorded_ || model_->errorMessage(); });
 
-  if (!isRecorded_) fail(model_->errorMessage().value_or(""));
+  if (!isRecorded_) fail(model_->errorMessage().value_or(Message()).text());
   if (stop.stop_requested()) return ExitStatus::interrupted;
   const std::optional<CleanupResult>& result = model_->cleanupResult();
   if (result && !result->failures.empty()) return ExitStatus::someLeftAlone;

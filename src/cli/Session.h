@@ -1,16 +1,34 @@
 #pragma once
 
+#include <condition_variable>
+#include <deque>
+#include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <stop_token>
 #include <string>
 #include <string_view>
 
 #include "app/AppModel.h"
-#include "cli/ExitStatus.h"
-#include "cli/MainLoop.h"
+#include "app/Surroundings.h"
+#include "cli/Failure.h"
 
 namespace broomtide::cli {
+
+/// Makes the thread that runs the loop the main thread.
+class MainLoop final : public MainThread {
+ public:
+  void post(std::function<void()> work) override;
+
+  /// Runs what is posted until `isDone`, which is asked before each piece of work, says so.
+  void runUntil(const std::function<bool()>& isDone);
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable posted_;
+  std::deque<std::function<void()>> work_;
+};
 
 /// The app model, used from the command line: each operation blocks the calling thread, which must
 /// always be the same one, until it is over. Reasons for failure go to standard error.

@@ -16,7 +16,7 @@ namespace {
 bool isPlain(char byte) { return byte >= ' ' && byte <= '~'; }
 
 // As terminals lay characters out.
-std::size_t columnsOf(char32_t codePoint) {
+std::size_t displayWidthOf(char32_t codePoint) {
   if (codePoint < 0x80 && isPlain(static_cast<char>(codePoint))) return 1;
   const auto character = static_cast<UChar32>(codePoint);
   const int type = u_charType(character);
@@ -27,20 +27,20 @@ std::size_t columnsOf(char32_t codePoint) {
 
 }  // namespace
 
-std::size_t columns(std::string_view text) {
+std::size_t displayWidth(std::string_view text) {
   const auto special = std::ranges::find_if_not(text, isPlain);
   std::size_t count = static_cast<std::size_t>(special - text.begin());
   text.remove_prefix(count);
   while (!text.empty()) {
     const utf8::Sequence sequence = utf8::decode(text);
-    count += columnsOf(sequence.codePoint);
+    count += displayWidthOf(sequence.codePoint);
     text.remove_prefix(sequence.length);
   }
   return count;
 }
 
-std::string shortened(std::string_view text, std::size_t most) {
-  if (columns(text) <= most) return std::string(text);
+std::string elideMiddle(std::string_view text, std::size_t most) {
+  if (displayWidth(text) <= most) return std::string(text);
   if (most == 0) return {};
   std::vector<utf8::Sequence> characters;
   for (std::string_view rest = text; !rest.empty(); rest.remove_prefix(characters.back().length)) {
@@ -51,18 +51,18 @@ std::string shortened(std::string_view text, std::size_t most) {
   std::size_t tailBytes = 0;
   std::size_t tailColumns = 0;
   std::size_t passedBytes = 0;
-  for (auto last = characters.rbegin(); tailColumns + columnsOf(last->codePoint) <= (most - 1) / 2;
-       ++last) {
+  for (auto last = characters.rbegin();
+       tailColumns + displayWidthOf(last->codePoint) <= (most - 1) / 2; ++last) {
     passedBytes += last->length;
-    if (columnsOf(last->codePoint) == 0) continue;
-    tailColumns += columnsOf(last->codePoint);
+    if (displayWidthOf(last->codePoint) == 0) continue;
+    tailColumns += displayWidthOf(last->codePoint);
     tailBytes = passedBytes;
   }
   std::size_t headBytes = 0;
   std::size_t headColumns = 0;
   for (auto next = characters.begin();
-       headColumns + columnsOf(next->codePoint) <= most - 1 - tailColumns; ++next) {
-    headColumns += columnsOf(next->codePoint);
+       headColumns + displayWidthOf(next->codePoint) <= most - 1 - tailColumns; ++next) {
+    headColumns += displayWidthOf(next->codePoint);
     headBytes += next->length;
   }
   return std::string(text.substr(0, headBytes)) + "…" +
@@ -79,13 +79,13 @@ bool takesEscapes(int descriptor) {
   return ::isatty(descriptor) == 1 && !isDumb;
 }
 
-Style Style::forDescriptor(int descriptor) {
+TerminalStyle TerminalStyle::forDescriptor(int descriptor) {
   const char* noColour = std::getenv("NO_COLOR");
   const bool isUnwanted = noColour != nullptr && noColour[0] != '\0';
-  return Style(takesEscapes(descriptor) && !isUnwanted);
+  return TerminalStyle(takesEscapes(descriptor) && !isUnwanted);
 }
 
-std::string Style::operator()(Role role, std::string_view text) const {
+std::string TerminalStyle::operator()(Role role, std::string_view text) const {
   if (!hasColours_) return std::string(text);
   constexpr std::array codes{"1", "1;32", "1;33", "1;31", "2"};
   std::string result = "\x1b[";

@@ -11,11 +11,10 @@
 #include <vector>
 
 #include "cli/CleanCommand.h"
-#include "cli/ExitStatus.h"
 #include "cli/Failure.h"
 #include "cli/HistoryCommand.h"
 #include "cli/ScanCommand.h"
-#include "core/VisibleText.h"
+#include "core/EscapedText.h"
 
 namespace broomtide::cli {
 namespace {
@@ -23,7 +22,7 @@ namespace {
 // Whoever started the program may have closed its standard streams, whose numbers other files would
 // then get, or ignored the end of children, whose exit status would then be lost. A stream that was
 // closed stays one that cannot be written to.
-void makeSurroundingsUsual() {
+void repairStandardStreams() {
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     std::array<char, 1> nothing{};
     const bool isClosed = ::read(stream, nothing.data(), 0) < 0 && errno == EBADF &&
@@ -61,7 +60,7 @@ ExitStatus reject(const CLI::App& application, const CLI::ParseError& mistake) {
     reason = "There is no command or option '" + unknown.front() + "'.";
   }
   std::fprintf(stderr, "broomtide-cli: %s\nRun %s --help for more information.\n",
-               visible(reason).c_str(), help.c_str());
+               escaped(reason).c_str(), help.c_str());
   return ExitStatus::wrongUsage;
 }
 
@@ -90,7 +89,7 @@ ExitStatus run(int argumentCount, char** arguments) {
 
 int main(int argumentCount, char** arguments) {
   using broomtide::cli::ExitStatus;
-  broomtide::cli::makeSurroundingsUsual();
+  broomtide::cli::repairStandardStreams();
   ExitStatus status = ExitStatus::failed;
   try {
     status = broomtide::cli::run(argumentCount, arguments);

@@ -1,108 +1,134 @@
 #include "context/GitInspector.h"
 
-#include <cstdlib>
+#include <algorithm>
+#include <new>
 #include <utility>
 
-#include "context/GitInspection.h"
 #include "core/Paths.h"
+#include "platform/Confinement.h"
+#include "platform/FileManager.h"
+#include "platform/PathSafety.h"
 
-namespace broomtide::GitInspector {
+namespace broomtide {
+namespace {
 
-std::optional<std::string> locate(FileManager& fileManager, const char* developerFolder) {
-  std::vector<std::string> places;
-  if (developerFolder != nullptr && developerFolder[0] != '\0') {
-    places.push_back(paths::appending(developerFolder, "usr/bin/git"));
+std::size_t maxThreads() {
+  return std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 4);
+}
+
+}  // namespace
+
+GitInspection::GitInspection(std::optional<std::string> git, std::chrono::milliseconds limit,
+                             std::stop_token stop)
+    : git_(std::move(git)), limit_(limit), stopping_(std::move(stop)) {}
+
+GitInspection::~GitInspection() { stopping_.requestStop(); }
+
+void GitInspection::add(const std::string& root) {
+  using enum GitCommand::Listing;
+  using enum GitCommand::Mark;
+  const std::string key = paths::standardized(root);
+  const GitCommand::Mark mark = GitCommand::markOf(systemFileManager(), root);
+  const auto asked = mark == none ? GitCommand::Asked::enclosing : GitCommand::Asked::own;
+  const std::scoped_lock lock(mutex_);
+  const auto [place, isNew] = repositories_.try_emplace(key);
+  if (!isNew) return;
+  Repository& repository = place->second;
+  repository.snapshot = std::make_shared<GitSnapshot>();
+  repository.snapshot->root = root;
+  if (mark == unusable) return;  // it stays unavailable
+  runs_.push_back({key, tracked, asked});
+  if (mark == usable) runs_.push_back({key, ignored, asked});
+  repository.listingsLeft = mark == usable ? 2 : 1;
+  runAdded_.notify_all();
+  if (threads_.size() < maxThreads()) {
+    threads_.emplace_back([this] { work(stopping_.token()); });
   }
-  places.insert(places.end(), {"/Applications/Xcode.app/Contents/Developer/usr/bin/git",
-                               "/Applications/Xcode-beta.app/Contents/Developer/usr/bin/git",
-                               "/Library/Developer/CommandLineTools/usr/bin/git", "/usr/bin/git"});
-  for (std::string& place : places) {
-    if (fileManager.isExecutableFile(place)) return std::move(place);
+}
+
+std::shared_ptr<const GitSnapshot> GitInspection::snapshot(const std::string& root) {
+  std::unique_lock lock(mutex_);
+  const auto found = repositories_.find(paths::standardized(root));
+  if (found == repositories_.end()) return nullptr;
+  const Repository& repository = found->second;
+  const bool isReady = snapshotReady_.wait(lock, stopping_.token(),
+                                           [&repository] { return repository.listingsLeft == 0; });
+  return isReady ? repository.snapshot : nullptr;
+}
+
+void GitInspection::work(const std::stop_token& stop) {
+  if (git_) Confinement::confineThread(*git_);
+  for (;;) {
+    Run run;
+    {
+      std::unique_lock lock(mutex_);
+      runAdded_.wait(lock, stop, [this] { return !runs_.empty(); });
+      if (stop.stop_requested()) return;
+      run = std::move(runs_.front());
+      runs_.pop_front();
+    }
+    finish(run, hasFailed(run.key) ? std::nullopt : list(run, stop));
   }
-  return std::nullopt;
 }
 
-const std::optional<std::string>& executable() {
-  static const std::optional<std::string> found =
-      locate(systemFileManager(), std::getenv("DEVELOPER_DIR"));
-  return found;
-}
-
-bool isRepository(FileManager& fileManager, const std::string& folder) {
-  FileAttributes ignored;
-  const std::error_code error = fileManager.readAttributes(
-      workingDirectory, paths::appending(folder, ".git").c_str(), LinkPolicy::doNotFollow, ignored);
-  return error != std::errc::no_such_file_or_directory && error != std::errc::not_a_directory;
-}
-
-bool isInsideRepository(FileManager& fileManager, const std::string& folder) {
-  for (std::string above = folder; above != "/";) {
-    above = std::string(paths::enclosingFolder(above));
-    if (isRepository(fileManager, above)) return true;
+std::optional<PathSet> GitInspection::list(const Run& run, const std::stop_token& stop) const {
+  if (!git_) return std::nullopt;
+  try {
+    // To a repository a link in it is an entry, and leads nowhere.
+    const bool isRoot = run.asked == GitCommand::Asked::own;
+    const std::string folder = isRoot ? run.key : PathSafety::resolved(run.key);
+    std::optional<std::string> listing =
+        answer(GitCommand::listingCommand(*git_, folder, run.listing, run.asked), stop);
+    if (!listing) return std::nullopt;
+    const bool isOfIndex = run.listing == GitCommand::Listing::tracked;
+    const bool isBelievable =
+        isOfIndex ? GitCommand::isListingOfIndex(*listing) : GitCommand::isListingBelow(*listing);
+    if (!isBelievable) return std::nullopt;
+    if (isOfIndex && listing->empty()) {
+      const auto printed = answer(GitCommand::indexCommand(*git_, folder, run.asked), stop);
+      if (printed && GitCommand::namesMissingIndex(systemFileManager(), folder, *printed)) {
+        return std::nullopt;
+      }
+    }
+    return PathSet(*std::move(listing));
+  } catch (const std::bad_alloc&) {
+    return std::nullopt;  // as good as a Git that does not answer
   }
-  return false;
 }
 
-ChildProcess::Command listingCommand(const std::string& git, const std::string& folder,
-                                     Listing listing, Asked asked) {
-  ChildProcess::Command command{
-      .executable = git,
-      .arguments = {"-C", folder, "-c", "core.quotepath=false", "-c", "core.fsmonitor=false",
-                    "ls-files", "-z"},
-      .environment = {"LC_ALL=C", "PATH=/usr/bin:/bin",
-                      "GIT_ALLOW_PROTOCOL=", "GIT_LITERAL_PATHSPECS=1"},
-  };
-  if (asked == Asked::own) {
-    // Where it finds no repository, or one that is broken, Git would answer for one around it. The
-    // folder above is named in a way that no colon in its path can end.
-    command.environment.emplace_back("GIT_CEILING_DIRECTORIES=/proc/self/cwd/..");
-  }
-  if (listing == Listing::tracked) {
-    command.arguments.emplace_back("--cached");
-  } else {
-    command.arguments.insert(
-        command.arguments.end(),
-        {"--others", "--ignored", "--exclude-standard", "--directory", "--no-empty-directory"});
-  }
-  // A repository can say that its files are elsewhere; then Git refuses to look for these.
-  command.arguments.insert(command.arguments.end(), {"--", folder});
-  return command;
+// What Git prints, unless it fails or complains.
+std::optional<std::string> GitInspection::answer(const ChildProcess::Command& command,
+                                                 const std::stop_token& stop) const {
+  std::optional<ChildProcess::Output> output =
+      ChildProcess::run(command, {.time = limit_, .idleTime = GitCommand::idleLimit}, stop);
+  if (!output || GitCommand::tellsOfFailure(output->errors)) return std::nullopt;
+  return std::move(output->text);
 }
 
-bool tellsOfFailure(std::string_view messages) {
-  for (std::size_t start = 0; start < messages.size();) {
-    const std::string_view line = messages.substr(start);
-    if (line.starts_with("error:") || line.starts_with("fatal:")) return true;
-    start = messages.find('\n', start);
-    if (start == std::string_view::npos) return false;
-    ++start;
-  }
-  return false;
+// Nobody believes one listing without the other.
+bool GitInspection::hasFailed(const std::string& key) {
+  const std::scoped_lock lock(mutex_);
+  return repositories_.at(key).listingsFailed > 0;
 }
 
-bool isListingOfIndex(std::string_view listing) {
-  std::string_view last;
-  while (!listing.empty()) {
-    const std::size_t end = listing.find('\0');
-    if (end == std::string_view::npos) return false;
-    const std::string_view path = listing.substr(0, end);
-    const bool leadsAside =
-        path.starts_with('/') || path.starts_with("./") || path.starts_with("../");
-    if (path.empty() || leadsAside || path < last) return false;
-    last = path;
-    listing.remove_prefix(end + 1);
-  }
-  return true;
+void GitInspection::finish(const Run& run, std::optional<PathSet> listed) {
+  const int failures = listed ? 0 : 1;
+  const std::scoped_lock lock(mutex_);
+  Repository& repository = repositories_.at(run.key);
+  GitSnapshot& snapshot = *repository.snapshot;
+  (run.listing == GitCommand::Listing::tracked ? snapshot.trackedPaths : snapshot.ignoredPaths) =
+      std::move(listed).value_or(PathSet());
+  repository.listingsFailed += failures;
+  repository.listingsLeft -= 1;
+  if (repository.listingsLeft > 0) return;
+  snapshot.isAvailable = repository.listingsFailed == 0;
+  snapshotReady_.notify_all();
 }
 
-bool isListingBelow(std::string_view listing) {
-  using namespace std::string_view_literals;
-  return !listing.starts_with("../") && listing.find("\0../"sv) == std::string_view::npos;
-}
-
-std::map<std::string, GitSnapshot> inspect(const std::vector<std::string>& roots,
-                                           std::stop_token stop, std::chrono::milliseconds limit) {
-  GitInspection inspection(executable(), limit, std::move(stop));
+std::map<std::string, GitSnapshot> GitInspector::inspect(const std::vector<std::string>& roots,
+                                                         std::stop_token stop,
+                                                         std::chrono::milliseconds limit) {
+  GitInspection inspection(GitCommand::executable(), limit, std::move(stop));
   for (const std::string& root : roots) inspection.add(root);
   std::map<std::string, GitSnapshot> snapshots;
   for (const std::string& root : roots) {
@@ -113,4 +139,4 @@ std::map<std::string, GitSnapshot> inspect(const std::vector<std::string>& roots
   return snapshots;
 }
 
-}  // namespace broomtide::GitInspector
+}  // namespace broomtide

@@ -1,67 +1,82 @@
 #pragma once
 
 #include <chrono>
+#include <condition_variable>
+#include <deque>
 #include <map>
+#include <memory>
+#include <mutex>
 #include <optional>
 #include <stop_token>
 #include <string>
-#include <string_view>
+#include <thread>
+#include <unordered_map>
 #include <vector>
 
+#include "context/GitCommand.h"
 #include "context/GitSnapshot.h"
-#include "platform/ChildProcess.h"
-#include "platform/FileManager.h"
+#include "platform/LinkedStopSource.h"
 
-/// Asks the Git command-line tool what it tracks and ignores. Git is never asked to change
-/// anything, and the configuration of a repository, which is not trusted, cannot make it run a
-/// program or reach a network.
-namespace broomtide::GitInspector {
+namespace broomtide {
 
-/// How long one run of Git may take before it counts as failed.
-inline constexpr std::chrono::milliseconds runLimit = std::chrono::minutes(5);
+/// Git at work in the background: repositories are handed in as they are found and their snapshots
+/// are asked for when they are needed. Git runs for a few repositories at a time, in the order in
+/// which they were added.
+class GitInspection {
+ public:
+  /// `git` is the tool, or nothing, which makes every snapshot unavailable; `limit` bounds one run.
+  /// No thread is started before the first repository is added.
+  GitInspection(std::optional<std::string> git, std::chrono::milliseconds limit,
+                std::stop_token stop);
 
-/// How long Git may do nothing at all. A sleeping disk takes less to wake up; what takes longer is
-/// a pipe, which a repository can have in the place of any file.
-inline constexpr std::chrono::milliseconds idleLimit = std::chrono::seconds(30);
+  /// Ends every child that still runs and waits for the threads.
+  ~GitInspection();
 
-/// The Git tool: below `developerFolder` (the value of DEVELOPER_DIR, may be null) or in one of its
-/// usual places; nothing when there is none.
-std::optional<std::string> locate(FileManager& fileManager, const char* developerFolder);
+  GitInspection(const GitInspection&) = delete;
+  GitInspection& operator=(const GitInspection&) = delete;
 
-/// The Git tool of this machine, looked up once in the life of the process.
-const std::optional<std::string>& executable();
+  /// Adds a repository root, an absolute path, unless it was added before; or any other folder, of
+  /// which the repository around it will tell what it tracks.
+  void add(const std::string& root);
 
-/// Whether a folder has the mark of a repository, a ".git" of whatever kind. What cannot be
-/// examined counts as one.
-bool isRepository(FileManager& fileManager, const std::string& folder);
+  /// The snapshot of an added root; blocks until Git has answered. Null for a root that was never
+  /// added, and as soon as `stop` is asked to stop.
+  std::shared_ptr<const GitSnapshot> snapshot(const std::string& root);
 
-/// Whether a folder above `folder`, an absolute path, has that mark.
-bool isInsideRepository(FileManager& fileManager, const std::string& folder);
+ private:
+  struct Repository {
+    std::shared_ptr<GitSnapshot> snapshot;
+    int listingsLeft = 0;
+    int listingsFailed = 0;
+  };
+  struct Run {
+    std::string key;
+    GitCommand::Listing listing;
+    GitCommand::Asked asked;
+  };
 
-/// Which paths of a repository to list.
-enum class Listing { tracked, ignored };
+  void work(const std::stop_token& stop);
+  std::optional<PathSet> list(const Run& run, const std::stop_token& stop) const;
+  std::optional<std::string> answer(const ChildProcess::Command& command,
+                                    const std::stop_token& stop) const;
+  bool hasFailed(const std::string& key);
+  void finish(const Run& run, std::optional<PathSet> listed);
 
-/// Which repository is asked about a folder: the one that it is the root of and no other, or the
-/// one that it lies in.
-enum class Asked { own, enclosing };
+  const std::optional<std::string> git_;
+  const std::chrono::milliseconds limit_;
 
-/// The command that lists the paths at and below `folder`, relative to it and each ended by a zero
-/// byte.
-ChildProcess::Command listingCommand(const std::string& git, const std::string& folder,
-                                     Listing listing, Asked asked);
+  std::mutex mutex_;
+  std::condition_variable_any runAdded_;
+  std::condition_variable_any snapshotReady_;
+  std::unordered_map<std::string, Repository> repositories_;  // by standardised root
+  std::deque<Run> runs_;
 
-/// Whether Git's messages tell that a listing is incomplete although Git ended well, as it does
-/// when it cannot read the folders that a sparse index stands for.
-bool tellsOfFailure(std::string_view messages);
+  LinkedStopSource stopping_;
+  std::vector<std::jthread> threads_;
+};
 
-/// Whether a listing of tracked paths is one that Git can mean: whole, and in the order of an
-/// index. Git does not notice when an index has been cut off, and lists entries without names
-/// instead.
-bool isListingOfIndex(std::string_view listing);
-
-/// Whether a listing of ignored paths names nothing above the repository, which only another
-/// repository around it would.
-bool isListingBelow(std::string_view listing);
+/// Asks about many repositories at once.
+namespace GitInspector {
 
 /// One snapshot for each repository root, by standardised root path. Blocks until Git has answered
 /// for all; a repository that Git cannot list within `limit`, or before `stop` is asked to stop,
@@ -69,6 +84,7 @@ bool isListingBelow(std::string_view listing);
 /// tells what it tracks there, and nothing of what it ignores.
 std::map<std::string, GitSnapshot> inspect(const std::vector<std::string>& roots,
                                            std::stop_token stop,
-                                           std::chrono::milliseconds limit = runLimit);
+                                           std::chrono::milliseconds limit = GitCommand::runLimit);
 
-}  // namespace broomtide::GitInspector
+}  // namespace GitInspector
+}  // namespace broomtide

@@ -1,8 +1,46 @@
 #include "context/GitSnapshot.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "core/Paths.h"
 
 namespace broomtide {
+
+PathSet::PathSet(std::string zeroTerminatedPaths) : block_(std::move(zeroTerminatedPaths)) {
+  paths_.reserve(static_cast<std::size_t>(std::count(block_.begin(), block_.end(), '\0')));
+  for (std::size_t start = 0; start < block_.size();) {
+    const std::size_t end = std::min(block_.find('\0', start), block_.size());
+    std::size_t first = start;
+    std::size_t last = end;
+    while (first < last && block_[first] == '/') ++first;
+    while (first < last && block_[last - 1] == '/') --last;
+    if (first < last) paths_.push_back({first, last - first});
+    start = end + 1;
+  }
+  const auto byText = [this](Slice slice) { return text(slice); };
+  if (!std::ranges::is_sorted(paths_, {}, byText)) std::ranges::sort(paths_, {}, byText);
+}
+
+bool PathSet::contains(std::string_view path) const {
+  return std::ranges::binary_search(paths_, path, {}, [this](Slice slice) { return text(slice); });
+}
+
+bool PathSet::containsBelow(std::string_view folder) const {
+  const std::string first = std::string(folder) + '/';
+  const auto found = std::ranges::lower_bound(paths_, std::string_view(first), {},
+                                              [this](Slice slice) { return text(slice); });
+  return found != paths_.end() && text(*found).starts_with(first);
+}
+
+bool PathSet::covers(std::string_view path) const {
+  if (contains(path)) return true;
+  for (std::size_t slash = path.find('/'); slash != std::string_view::npos;
+       slash = path.find('/', slash + 1)) {
+    if (contains(path.substr(0, slash))) return true;
+  }
+  return false;
+}
 
 GitItemStatus GitSnapshot::status(std::string_view location, bool isDirectory) const {
   if (!isAvailable) return GitItemStatus::unavailable;
@@ -20,7 +58,7 @@ GitItemStatus GitSnapshot::status(std::string_view location, bool isDirectory) c
 GitItemStatus statusAmong(const std::string* root, const std::vector<std::string>& others,
                           const std::function<GitItemStatus(const std::string& root)>& statusIn) {
   GitItemStatus status = root != nullptr ? statusIn(*root) : GitItemStatus::unavailable;
-  if (others.size() > mostOtherRepositories && status != GitItemStatus::tracked) {
+  if (others.size() > maxOtherRepositories && status != GitItemStatus::tracked) {
     return GitItemStatus::unavailable;
   }
   for (const std::string& other : others) {

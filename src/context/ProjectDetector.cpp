@@ -56,9 +56,10 @@ bool ProjectDetector::isInBundle(std::string_view path) const {
 void ProjectDetector::addEntry(std::string_view name, EntryType type) {
   if (!bundle_.empty()) return;
   ++discovery_.entriesInspected;
-  if (type == EntryType::link || type == EntryType::other) return;
   if (name == ".git") {
-    addRepository();  // also when it cannot be examined: Git knows better
+    addRepository();  // of whatever kind it is: Git knows better, or nobody does
+  } else if (type == EntryType::link || type == EntryType::other) {
+    return;
   } else if (type == EntryType::folder) {
     if (isXcodeBundle(name)) addManifest(ProjectKind::swift, name);
   } else if (const auto kind = manifestKind(name); kind && type == EntryType::file) {

@@ -10,8 +10,7 @@
 #include <system_error>
 #include <vector>
 
-#include "core/ProjectContext.h"
-#include "core/ScanCandidate.h"
+#include "core/Records.h"
 #include "platform/DirectoryEnumerator.h"
 
 namespace broomtide {

@@ -1,5 +1,6 @@
 #include "core/Date.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -9,6 +10,32 @@ namespace {
 // Only the years between these two can be held whole.
 constexpr std::chrono::year floorYear{1677};
 constexpr std::chrono::year ceilingYear{2262};
+
+// Whether digits stand where the form has a zero, and everything else is the same.
+bool hasForm(std::string_view text, std::string_view form) {
+  return std::ranges::equal(text, form, [](char given, char wanted) {
+    return wanted == '0' ? given >= '0' && given <= '9' : given == wanted;
+  });
+}
+
+int numberIn(std::string_view digits) {
+  int value = 0;
+  for (const char digit : digits) value = value * 10 + (digit - '0');
+  return value;
+}
+
+// How far a local time is ahead of UTC: "Z", "+01:00", "-0330".
+std::optional<std::chrono::minutes> offsetFromUtc(std::string_view text) {
+  using namespace std::chrono;
+  if (text == "Z") return minutes(0);
+  const bool isKnown = !text.empty() && (text[0] == '+' || text[0] == '-') &&
+                       (hasForm(text.substr(1), "00:00") || hasForm(text.substr(1), "0000"));
+  if (!isKnown) return std::nullopt;
+  const int hour = numberIn(text.substr(1, 2));
+  const int minute = numberIn(text.substr(text.size() - 2));
+  if (hour > 23 || minute > 59) return std::nullopt;
+  return (hours(hour) + minutes(minute)) * (text[0] == '-' ? -1 : 1);
+}
 
 }  // namespace
 
@@ -36,23 +63,18 @@ std::string iso8601(Date date) {
 
 std::optional<Date> dateFromIso8601(std::string_view text) {
   using namespace std::chrono;
-  constexpr std::string_view form = "0000-00-00T00:00:00Z";
-  if (text.size() != form.size()) return std::nullopt;
-  for (std::size_t index = 0; index < form.size(); ++index) {
-    const bool isDigit = text[index] >= '0' && text[index] <= '9';
-    if (form[index] == '0' ? !isDigit : text[index] != form[index]) return std::nullopt;
-  }
+  constexpr std::string_view form = "0000-00-00T00:00:00";
+  const auto offset = offsetFromUtc(text.substr(std::min(text.size(), form.size())));
+  if (!offset || !hasForm(text.substr(0, form.size()), form)) return std::nullopt;
   const auto number = [text](std::size_t start, std::size_t length) {
-    int value = 0;
-    for (const char digit : text.substr(start, length)) value = value * 10 + (digit - '0');
-    return value;
+    return numberIn(text.substr(start, length));
   };
   const year_month_day calendar{year(number(0, 4)), month(static_cast<unsigned>(number(5, 2))),
                                 day(static_cast<unsigned>(number(8, 2)))};
   const int hour = number(11, 2), minute = number(14, 2), second = number(17, 2);
   const bool isHeld = calendar.year() > floorYear && calendar.year() < ceilingYear;
   if (!calendar.ok() || !isHeld || hour > 23 || minute > 59 || second > 59) return std::nullopt;
-  return Date(sys_days(calendar) + hours(hour) + minutes(minute) + seconds(second));
+  return Date(sys_days(calendar) + hours(hour) + minutes(minute) + seconds(second) - *offset);
 }
 
 }  // namespace broomtide

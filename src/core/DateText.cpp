@@ -1,6 +1,7 @@
 #include "core/DateText.h"
 
 #include <unicode/dtptngen.h>
+#include <unicode/locid.h>
 #include <unicode/smpdtfmt.h>
 
 namespace broomtide {
@@ -72,6 +73,11 @@ std::string DateText::date(Date date) const { return Format::text(date_, datePat
 
 std::string DateText::dateAndTime(Date date) const {
   return Format::text(dateAndTime_, dateAndTimePattern, date);
+}
+
+void setLanguage(const std::string& name) {
+  UErrorCode status = U_ZERO_ERROR;
+  icu::Locale::setDefault(icu::Locale(name.c_str()), status);
 }
 
 }  // namespace broomtide

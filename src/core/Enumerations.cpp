@@ -11,7 +11,6 @@ using namespace std::string_view_literals;
 constexpr std::array scanModes{"project"sv, "downloads"sv, "caches"sv};
 constexpr std::array safetyLevels{"safe"sv, "usuallySafe"sv, "reviewFirst"sv};
 constexpr std::array candidateKinds{"file"sv, "directory"sv};
-constexpr std::array selectionPolicies{"selected"sv, "unselected"sv};
 constexpr std::array projectKinds{
     "javascript"sv, "python"sv, "php"sv,     "ruby"sv,   "rust"sv,      "go"sv,    "java"sv,
     "dotnet"sv,     "swift"sv,  "flutter"sv, "elixir"sv, "terraform"sv, "cmake"sv, "haskell"sv};
@@ -47,53 +46,14 @@ std::string_view at(const std::array<std::string_view, size>& table, Enumeration
   return table.at(static_cast<std::size_t>(value));
 }
 
-template <typename Enumeration, std::size_t size>
-std::optional<Enumeration> find(const std::array<std::string_view, size>& table,
-                                std::string_view raw) {
-  for (std::size_t index = 0; index < size; ++index) {
-    if (table.at(index) == raw) return static_cast<Enumeration>(index);
-  }
-  return std::nullopt;
-}
-
 }  // namespace
 
 std::string_view rawValue(ScanMode mode) { return at(scanModes, mode); }
 std::string_view rawValue(SafetyLevel level) { return at(safetyLevels, level); }
 std::string_view rawValue(CandidateKind kind) { return at(candidateKinds, kind); }
-std::string_view rawValue(SelectionPolicy policy) { return at(selectionPolicies, policy); }
 std::string_view rawValue(ProjectKind kind) { return at(projectKinds, kind); }
 std::string_view rawValue(DetectionConfidence confidence) { return at(confidences, confidence); }
 std::string_view rawValue(GitItemStatus status) { return at(gitStatuses, status); }
-
-template <>
-std::optional<ScanMode> fromRawValue(std::string_view raw) {
-  return find<ScanMode>(scanModes, raw);
-}
-template <>
-std::optional<SafetyLevel> fromRawValue(std::string_view raw) {
-  return find<SafetyLevel>(safetyLevels, raw);
-}
-template <>
-std::optional<CandidateKind> fromRawValue(std::string_view raw) {
-  return find<CandidateKind>(candidateKinds, raw);
-}
-template <>
-std::optional<SelectionPolicy> fromRawValue(std::string_view raw) {
-  return find<SelectionPolicy>(selectionPolicies, raw);
-}
-template <>
-std::optional<ProjectKind> fromRawValue(std::string_view raw) {
-  return find<ProjectKind>(projectKinds, raw);
-}
-template <>
-std::optional<DetectionConfidence> fromRawValue(std::string_view raw) {
-  return find<DetectionConfidence>(confidences, raw);
-}
-template <>
-std::optional<GitItemStatus> fromRawValue(std::string_view raw) {
-  return find<GitItemStatus>(gitStatuses, raw);
-}
 
 std::string_view title(SafetyLevel level) { return at(safetyTitles, level); }
 std::string_view title(ProjectKind kind) { return at(projectTitles, kind); }

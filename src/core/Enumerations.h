@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <optional>
 #include <string_view>
 
 namespace broomtide {
@@ -60,14 +59,9 @@ inline constexpr std::array allProjectKinds{
 std::string_view rawValue(ScanMode mode);
 std::string_view rawValue(SafetyLevel level);
 std::string_view rawValue(CandidateKind kind);
-std::string_view rawValue(SelectionPolicy policy);
 std::string_view rawValue(ProjectKind kind);
 std::string_view rawValue(DetectionConfidence confidence);
 std::string_view rawValue(GitItemStatus status);
-
-/// The case with this raw value (letter case counts), or nothing.
-template <typename Enumeration>
-std::optional<Enumeration> fromRawValue(std::string_view raw);
 
 /// The text that people see for a case.
 std::string_view title(SafetyLevel level);

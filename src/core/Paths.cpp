@@ -10,6 +10,18 @@ constexpr char lower(char letter) {
   return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }
 
+bool isUnreserved(char byte) {
+  return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z') ||
+         (byte >= '0' && byte <= '9') || byte == '-' || byte == '.' || byte == '_' || byte == '~';
+}
+
+std::optional<unsigned> hexadecimalDigit(char digit) {
+  if (digit >= '0' && digit <= '9') return static_cast<unsigned>(digit - '0');
+  if (digit >= 'A' && digit <= 'F') return static_cast<unsigned>(digit - 'A' + 10);
+  if (digit >= 'a' && digit <= 'f') return static_cast<unsigned>(digit - 'a' + 10);
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::string standardized(std::string_view path) {
@@ -81,6 +93,42 @@ bool equalIgnoringCase(std::string_view left, std::string_view right) {
 bool lessIgnoringCase(std::string_view left, std::string_view right) {
   const auto byte = [](char letter) { return static_cast<unsigned char>(lower(letter)); };
   return std::ranges::lexicographical_compare(left, right, {}, byte, byte);
+}
+
+std::string percentEncoded(std::string_view path) {
+  constexpr std::string_view digits = "0123456789ABCDEF";
+  std::string encoded;
+  encoded.reserve(path.size());
+  for (const char byte : path) {
+    if (isUnreserved(byte) || byte == '/') {
+      encoded += byte;
+    } else {
+      const auto value = static_cast<unsigned char>(byte);
+      encoded += {'%', digits[value >> 4U], digits[value & 0xFU]};
+    }
+  }
+  return encoded;
+}
+
+std::string fileUrl(std::string_view path) { return "file://" + percentEncoded(path); }
+
+std::optional<std::string> percentDecoded(std::string_view text) {
+  std::string decoded;
+  while (!text.empty()) {
+    char byte = text.front();
+    std::size_t taken = 1;
+    if (byte == '%') {
+      if (text.size() < 3) return std::nullopt;
+      const auto high = hexadecimalDigit(text[1]);
+      const auto low = hexadecimalDigit(text[2]);
+      if (!high || !low) return std::nullopt;
+      byte = static_cast<char>(*high * 16 + *low);
+      taken = 3;
+    }
+    decoded += byte;
+    text.remove_prefix(taken);
+  }
+  return decoded;
 }
 
 }  // namespace broomtide::paths

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -37,5 +38,17 @@ bool equalIgnoringCase(std::string_view left, std::string_view right);
 
 /// The byte order of two texts when the case of ASCII letters is ignored.
 bool lessIgnoringCase(std::string_view left, std::string_view right);
+
+/// A path with every byte outside the unreserved set (letters, digits, "-", ".", "_", "~")
+/// percent-encoded; slashes stay.
+std::string percentEncoded(std::string_view path);
+
+/// An absolute path as a `file://` URL, percent-encoded. There is no trailing slash except for the
+/// root folder.
+std::string fileUrl(std::string_view path);
+
+/// The bytes of a percent-encoded text; nothing when a "%" is not followed by two hexadecimal
+/// digits.
+std::optional<std::string> percentDecoded(std::string_view text);
 
 }  // namespace broomtide::paths

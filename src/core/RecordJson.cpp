@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "core/FileUrl.h"
+#include "core/Paths.h"
 #include "core/Utf8.h"
 
 namespace broomtide {
@@ -14,12 +14,18 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 Json location(const std::optional<std::string>& path) {
-  return path ? Json(fileUrl(*path)) : Json(nullptr);
+  return path ? Json(paths::fileUrl(*path)) : Json(nullptr);
 }
 
 Json texts(const std::vector<std::string>& list) {
   Json result = Json::array();
   for (const std::string& item : list) result.push_back(utf8::printable(item));
+  return result;
+}
+
+Json texts(const std::vector<Message>& lines) {
+  Json result = Json::array();
+  for (const Message& line : lines) result.push_back(utf8::printable(line.text()));
   return result;
 }
 
@@ -34,7 +40,7 @@ Json rawValues(const std::set<ProjectKind>& kinds) {
 Json toJson(const ScanCandidate& candidate) {
   return {
       {"id", utf8::printable(candidate.id())},
-      {"url", fileUrl(candidate.url)},
+      {"url", paths::fileUrl(candidate.url)},
       {"relativePath", utf8::printable(candidate.relativePath)},
       {"kind", rawValue(candidate.kind)},
       {"size", candidate.size},
@@ -63,7 +69,7 @@ Json toJson(const ScanIssue& issue) {
 }
 
 Json toJson(const ProjectContext& project) {
-  return {{"root", fileUrl(project.root)},
+  return {{"root", paths::fileUrl(project.root)},
           {"kinds", rawValues(project.kinds)},
           {"manifests", texts(project.manifests)},
           {"gitRoot", location(project.gitRoot)}};

@@ -2,9 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "core/CleanupResult.h"
-#include "core/ProjectContext.h"
-#include "core/ScanCandidate.h"
+#include "core/Records.h"
 
 /// The keyed form of records: keys are the field names in their order, locations are file URLs
 /// (but the paths of issues, failures and history entries are plain paths), dates ISO 8601 in UTC,

@@ -1,21 +1,181 @@
 #include "platform/ChildProcess.h"
 
+#include <fcntl.h>
 #include <poll.h>
+#include <signal.h>
+#include <spawn.h>
 #include <sys/eventfd.h>
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <sys/types.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstddef>
 #include <cstdint>
+#include <fstream>
+#include <string>
 #include <utility>
+#include <vector>
 
-#include "platform/FileDescriptor.h"
-#include "platform/SpawnedChild.h"
+#include "platform/FileManager.h"
 
 namespace broomtide::ChildProcess {
 namespace {
+
+// A pipe that a child writes to, and what came out of it.
+class Stream {
+ public:
+  // Takes how many bytes may come. The stream is not open when there are no descriptors left.
+  explicit Stream(std::size_t most);
+
+  // True until the end of what is written was read.
+  bool isOpen() const { return readEnd_.isOpen(); }
+
+  // The descriptors of both ends, -1 for one that is closed.
+  int readEnd() const { return readEnd_.get(); }
+  int writeEnd() const { return writeEnd_.get(); }
+
+  // To be called once the child has its own, so that the stream ends with the child.
+  void closeWriteEnd() { writeEnd_.reset(); }
+
+  // Reads what is there; the stream is closed at its end. False when that fails or it is too much.
+  bool read();
+
+  // Gives away all that was read.
+  std::string take();
+
+ private:
+  const std::size_t most_;
+  FileDescriptor readEnd_;
+  FileDescriptor writeEnd_;
+  std::string text_;
+  std::size_t length_ = 0;
+};
+
+// A child in a process group of its own. Kills the group and waits for the child when it was not
+// yet waited for on destruction.
+class SpawnedChild {
+ public:
+  // Starts a command without input, which writes to the descriptors `output` and `errors`. When
+  // that fails, the child is not running.
+  SpawnedChild(const Command& command, int output, int errors);
+  ~SpawnedChild();
+
+  SpawnedChild(const SpawnedChild&) = delete;
+  SpawnedChild& operator=(const SpawnedChild&) = delete;
+
+  // True from the start until the child was waited for.
+  bool isRunning() const { return process_ > 0 && ended_.isOpen(); }
+
+  // A descriptor that can be read once the child has ended.
+  int ended() const { return ended_.get(); }
+
+  // The nanoseconds that the child has spent on a processor, which change as long as it does
+  // anything. Empty where the system does not tell.
+  std::string processorTime() const;
+
+  // Waits for the child and returns its wait status.
+  int reap();
+
+ private:
+  pid_t process_ = -1;
+  FileDescriptor ended_;
+};
+
+std::vector<char*> pointers(const std::vector<std::string>& texts) {
+  std::vector<char*> result;
+  result.reserve(texts.size() + 1);
+  for (const std::string& text : texts) result.push_back(const_cast<char*>(text.c_str()));
+  result.push_back(nullptr);
+  return result;
+}
+
+// The process, or -1 when it cannot be started.
+pid_t spawn(const Command& command, int output, int errors) {
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
+  posix_spawn_file_actions_adddup2(&actions, errors, STDERR_FILENO);
+
+  // The caller may have blocked or redirected signals for its own purposes.
+  posix_spawnattr_t attributes;
+  posix_spawnattr_init(&attributes);
+  posix_spawnattr_setflags(&attributes,
+                           POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+  posix_spawnattr_setpgroup(&attributes, 0);
+  sigset_t signals;
+  sigemptyset(&signals);
+  posix_spawnattr_setsigmask(&attributes, &signals);
+  sigfillset(&signals);
+  posix_spawnattr_setsigdefault(&attributes, &signals);
+
+  std::vector<std::string> arguments{command.executable};
+  arguments.insert(arguments.end(), command.arguments.begin(), command.arguments.end());
+  pid_t process = -1;
+  const int error = ::posix_spawn(&process, command.executable.c_str(), &actions, &attributes,
+                                  pointers(arguments).data(), pointers(command.environment).data());
+  posix_spawnattr_destroy(&attributes);
+  posix_spawn_file_actions_destroy(&actions);
+  return error == 0 ? process : -1;
+}
+
+Stream::Stream(std::size_t most) : most_(most) {
+  std::array<int, 2> ends{};
+  if (::pipe2(ends.data(), O_CLOEXEC) != 0) return;
+  readEnd_ = FileDescriptor(ends[0]);
+  writeEnd_ = FileDescriptor(ends[1]);
+}
+
+bool Stream::read() {
+  constexpr std::size_t chunk = 64 * 1024;
+  if (text_.size() - length_ < chunk) text_.resize(text_.size() * 2 + chunk);
+  const ssize_t count = ::read(readEnd_.get(), text_.data() + length_, text_.size() - length_);
+  if (count < 0) return errno == EINTR;
+  if (count == 0) readEnd_.reset();
+  length_ += static_cast<std::size_t>(count);
+  return length_ <= most_;
+}
+
+std::string Stream::take() {
+  text_.resize(length_);
+  text_.shrink_to_fit();
+  return std::move(text_);
+}
+
+SpawnedChild::SpawnedChild(const Command& command, int output, int errors)
+    : process_(spawn(command, output, errors)) {
+  if (process_ <= 0) return;
+  const rlimit memory{memoryLimit, memoryLimit};
+  ::prlimit(process_, RLIMIT_AS, &memory, nullptr);
+  // The C library's own declaration of this call cannot be linked from C++ everywhere.
+  ended_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, process_, 0)));
+}
+
+SpawnedChild::~SpawnedChild() {
+  if (process_ <= 0) return;
+  ::kill(-process_, SIGKILL);
+  static_cast<void>(reap());
+}
+
+std::string SpawnedChild::processorTime() const {
+  std::ifstream statistics("/proc/" + std::to_string(process_) + "/schedstat");
+  std::string time;
+  statistics >> time;
+  return time;
+}
+
+int SpawnedChild::reap() {
+  int status = -1;
+  while (::waitpid(process_, &status, 0) < 0 && errno == EINTR) {
+  }
+  process_ = -1;
+  return status;
+}
 
 using Clock = std::chrono::steady_clock;
 
@@ -34,7 +194,7 @@ class Wait {
     std::array<pollfd, 3> descriptors{awaited[0], awaited[1], pollfd{interrupt_, POLLIN, 0}};
     lastSign_ = Clock::now();
     for (;;) {
-      const auto pause = std::min(deadline_ - Clock::now(), longestPause());
+      const auto pause = std::min(deadline_ - Clock::now(), maxPause());
       const auto milliseconds = std::chrono::ceil<std::chrono::milliseconds>(pause).count();
       if (milliseconds <= 0) return false;
       const int ready =
@@ -49,7 +209,7 @@ class Wait {
   }
 
  private:
-  Clock::duration longestPause() const {
+  Clock::duration maxPause() const {
     constexpr int looks = 4;  // at what the child does, while it would be allowed to do nothing
     return limits_.idleTime / looks;
   }

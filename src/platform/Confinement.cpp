@@ -20,7 +20,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/FileDescriptor.h"
+#include "platform/FileManager.h"
 
 namespace broomtide::Confinement {
 namespace {
@@ -100,10 +100,11 @@ class FileRules {
   FileDescriptor rules_;
 };
 
-void confineFiles(const std::string& program, Extent& extent) {
+// Whether files are safe from now on.
+bool confineFiles(const std::string& program) {
   const long version =
       ::syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION);
-  if (version < 1) return;
+  if (version < 1) return false;
   const bool mayRunOthers = isScript(program);
   const FileRules rules(changesKnownTo(version) |
                         (mayRunOthers ? 0 : std::uint64_t{LANDLOCK_ACCESS_FS_EXECUTE}));
@@ -113,8 +114,7 @@ void confineFiles(const std::string& program, Extent& extent) {
       rules.allow(LANDLOCK_ACCESS_FS_EXECUTE, path);
     }
   }
-  extent.forbidsFiles = rules.enforce();
-  extent.forbidsPrograms = extent.forbidsFiles && !mayRunOthers;
+  return rules.enforce();
 }
 
 bool forbid(scmp_filter_ctx filter, int call, const std::vector<scmp_arg_cmp>& arguments = {}) {
@@ -134,8 +134,8 @@ bool forbidCreating(scmp_filter_ctx filter) {
   return forbid(filter, SCMP_SYS(creat)) && forbid(filter, SCMP_SYS(openat2));
 }
 
-// What no rule about files covers.
-void confineSystem(Extent& extent) {
+// What no rule about files covers, and without such rules also creating files.
+void confineSystem(bool areFilesSafe) {
   const std::unique_ptr<void, void (*)(scmp_filter_ctx)> filter(::seccomp_init(SCMP_ACT_ALLOW),
                                                                 ::seccomp_release);
   if (!filter) return;
@@ -157,7 +157,7 @@ void confineSystem(Extent& extent) {
   for (const int call : forbidden) {
     if (!forbid(filter.get(), call)) return;
   }
-  if (!extent.forbidsFiles && !forbidCreating(filter.get())) return;
+  if (!areFilesSafe && !forbidCreating(filter.get())) return;
   // Dates stay as they are although a program is told that they have changed: Git writes an object
   // anew whose date it cannot change, and fails.
   const std::initializer_list<int> dates{SCMP_SYS(utime), SCMP_SYS(utimes), SCMP_SYS(futimesat),
@@ -165,18 +165,15 @@ void confineSystem(Extent& extent) {
   for (const int call : dates) {
     if (::seccomp_rule_add(filter.get(), SCMP_ACT_ERRNO(0), call, 0) != 0) return;
   }
-  extent.forbidsSystem = ::seccomp_load(filter.get()) == 0;
+  ::seccomp_load(filter.get());
 }
 
 }  // namespace
 
-Extent confineThread(const std::string& program) {
-  Extent extent;
+void confineThread(const std::string& program) {
   // Without it, a program that changes its user could be started with less than it needs.
-  if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) return extent;
-  confineFiles(program, extent);
-  confineSystem(extent);
-  return extent;
+  if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) return;
+  confineSystem(confineFiles(program));
 }
 
 }  // namespace broomtide::Confinement

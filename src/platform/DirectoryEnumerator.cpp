@@ -8,13 +8,13 @@
 #include <limits>
 #include <utility>
 
-#include "core/ScannerError.h"
+#include "core/ServiceInterfaces.h"
 
 namespace broomtide {
 namespace {
 
 constexpr std::size_t bufferSize = 64 * 1024;
-constexpr std::size_t mostOpenFolders = 16;
+constexpr std::size_t maxOpenFolders = 16;
 constexpr std::uint32_t comparisonsPerCheck = 4096;
 
 EntryType entryType(unsigned char kernelType) {
@@ -116,7 +116,7 @@ void DirectoryEnumerator::enter(FileDescriptor folder) {
                      .pendingStart = pending,
                      .nextPending = pending,
                      .pendingEnd = pending});
-  if (levels_.size() - uppermostOpen_ > mostOpenFolders) closeUppermost();
+  if (levels_.size() - uppermostOpen_ > maxOpenFolders) closeUppermost();
 
   bufferFilled_ = bufferPosition_ = 0;
   isReading_ = true;

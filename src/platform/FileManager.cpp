@@ -23,6 +23,16 @@ std::size_t endOfPiece(std::string_view path, std::size_t start) {
 
 }  // namespace
 
+bool FileAttributes::isChangeableByOthers() const {
+  return (permissions & (S_IWGRP | S_IWOTH)) != 0;
+}
+
+bool FileAttributes::isAccessibleToOthers() const {
+  return (permissions & (S_IRWXG | S_IRWXO)) != 0;
+}
+
+bool FileAttributes::isSticky() const { return (permissions & S_ISVTX) != 0; }
+
 bool FileAttributes::isFolder() const { return typeBits == S_IFDIR; }
 bool FileAttributes::isRegularFile() const { return typeBits == S_IFREG; }
 bool FileAttributes::isLink() const { return typeBits == S_IFLNK; }

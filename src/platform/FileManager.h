@@ -1,5 +1,9 @@
 #pragma once
 
+/// The limit on the size of files under which the process may have been started (`ulimit -f`).
+
+#include <unistd.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -7,11 +11,39 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "core/Date.h"
-#include "platform/FileDescriptor.h"
 
 namespace broomtide {
+
+/// Owns one open file descriptor and closes it.
+class FileDescriptor {
+ public:
+  FileDescriptor() = default;
+  explicit FileDescriptor(int descriptor) : descriptor_(descriptor) {}
+  FileDescriptor(FileDescriptor&& other) noexcept
+      : descriptor_(std::exchange(other.descriptor_, -1)) {}
+  FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+    if (this != &other) {
+      reset();
+      descriptor_ = std::exchange(other.descriptor_, -1);
+    }
+    return *this;
+  }
+  ~FileDescriptor() { reset(); }
+
+  int get() const { return descriptor_; }
+  bool isOpen() const { return descriptor_ >= 0; }
+
+  void reset() {
+    if (descriptor_ >= 0) ::close(descriptor_);
+    descriptor_ = -1;
+  }
+
+ private:
+  int descriptor_ = -1;
+};
 
 /// What the file system says of one item.
 struct FileAttributes {
@@ -24,6 +56,14 @@ struct FileAttributes {
   std::uint32_t owner = 0;  ///< a user id
   std::int64_t allocatedBytes = 0;  ///< blocks in use, else the logical size
   std::optional<Date> modificationDate;
+
+  /// Whether others than the owner may change what is in a folder, and whether they may do anything
+  /// at all with an item, by its permissions.
+  bool isChangeableByOthers() const;
+  bool isAccessibleToOthers() const;
+
+  /// Whether only the owner of an entry can take it out of this folder.
+  bool isSticky() const;
 
   bool isFolder() const;
   bool isRegularFile() const;
@@ -38,9 +78,9 @@ enum class LinkPolicy {
 };
 
 /// What becomes of an item that already has the name that another one is to get.
-enum class NameTaken {
-  fails,     ///< it stays, and the operation fails with file_exists
-  replaces,  ///< a file is replaced, with no moment without either
+enum class IfExists {
+  fail,     ///< it stays, and the operation fails with file_exists
+  replace,  ///< a file is replaced, with no moment without either
 };
 
 /// Whether opening a folder failed because it has turned into something else, such as a link.
@@ -101,7 +141,7 @@ class FileManager {
   /// Gives an item another name, in the same or in another folder of the same mount, whole or not
   /// at all.
   virtual std::error_code rename(int folder, const char* name, int newFolder, const char* newName,
-                                 NameTaken nameTaken) = 0;
+                                 IfExists ifExists) = 0;
 
   /// Takes the advisory lock of an open folder, which is given back when the descriptor is closed.
   /// Fails with operation_would_block when somebody else holds it.
@@ -119,7 +159,15 @@ std::error_code openFolderBelow(FileManager& fileManager, int folder, std::strin
 std::error_code readAttributesBelow(FileManager& fileManager, int folder, std::string_view path,
                                     FileAttributes& attributes);
 
+/// The user whose rights this process has.
+std::uint32_t currentUser();
+
 /// The real file system.
 FileManager& systemFileManager();
+
+/// From now on a write beyond the limit on the size of files under which the process was started
+/// (`ulimit -f`) fails like any other. Without this, the signal SIGXFSZ ends the process, in the
+/// middle of a cleanup. Holds for the whole process and may be called again.
+void ignoreFileSizeSignal();
 
 }  // namespace broomtide

@@ -10,7 +10,16 @@
 #include <system_error>
 
 #include "core/Paths.h"
-#include "platform/FileDescriptor.h"
+#include "platform/FileManager.h"
+
+namespace broomtide::FileIdentity {
+
+std::string token(const FileAttributes& attributes) {
+  return std::to_string(attributes.device) + ':' + std::to_string(attributes.inode) + ':' +
+         std::to_string(attributes.typeBits);
+}
+
+}  // namespace broomtide::FileIdentity
 
 namespace broomtide::PathSafety {
 namespace {

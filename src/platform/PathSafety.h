@@ -3,6 +3,16 @@
 #include <string>
 #include <string_view>
 
+#include "platform/FileManager.h"
+
+/// What must stay the same for an item between a scan and its removal. Links are never followed.
+namespace broomtide::FileIdentity {
+
+/// Device, inode and file-type bits in decimal, joined by ":".
+std::string token(const FileAttributes& attributes);
+
+}  // namespace broomtide::FileIdentity
+
 /// Whether a location really lies inside a folder. The file system is asked afresh on every call.
 namespace broomtide::PathSafety {
 

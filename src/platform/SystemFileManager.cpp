@@ -1,3 +1,5 @@
+#include "platform/FileManager.h"
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <linux/openat2.h>
@@ -5,23 +7,65 @@
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/sysmacros.h>
+#include <sys/types.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <limits>
+#include <string>
+#include <system_error>
 #include <utility>
-
-#include "platform/FileManager.h"
-#include "platform/OwnPermissions.h"
 
 namespace broomtide {
 namespace {
 
+std::error_code lastError() { return {errno, std::generic_category()}; }
+
+// What Broomtide creates is open to its user alone, and whole: the umask of the process, which can
+// only take permissions away, has no say. It is left as it is, because it belongs to all threads
+// and to the programs that they start. On a file system that has no permissions the item keeps
+// those that it shows. What the user could not use gives an error, and is removed again.
+constexpr mode_t filePermissions = 0600;
+constexpr mode_t folderPermissions = 0700;
+constexpr mode_t permissionBits = S_IRWXU | S_IRWXG | S_IRWXO;
+constexpr mode_t specialBits = S_ISUID | S_ISGID | S_ISVTX;
+
+// A descriptor that only names a folder gives no other way. It leads to the folder that was looked
+// at, whatever has its name by now.
+int changeThroughDescriptor(int folder, mode_t mode) {
+  return ::chmod(("/proc/self/fd/" + std::to_string(folder)).c_str(), mode);
+}
+
+// Permissions that are too many after all come from a file system without any, which has none to
+// give or to take.
+std::error_code give(int created, mode_t wanted, int (*change)(int, mode_t)) {
+  struct stat status;
+  if (::fstat(created, &status) != 0) return lastError();
+  if ((status.st_mode & permissionBits) == wanted) return {};
+  errno = EPERM;
+  const bool isOwn = status.st_uid == ::geteuid();
+  if (isOwn && change(created, (status.st_mode & specialBits) | wanted) == 0) return {};
+  const bool isUsable = (status.st_mode & wanted) == wanted;
+  return isUsable ? std::error_code() : lastError();
+}
+
+// For an open file that was just created.
+std::error_code givePermissionsToFile(int file) { return give(file, filePermissions, ::fchmod); }
+
+// For a folder that was just created with this name in an open folder. Should the name lead to
+// another item by now, that one is left alone unless it is a folder of this user.
+std::error_code givePermissionsToFolder(int folder, const char* name) {
+  // One that its user may not read can still be opened in this way.
+  const FileDescriptor created(
+      ::openat(folder, name, O_PATH | O_NOFOLLOW | O_DIRECTORY | O_CLOEXEC));
+  if (!created.isOpen()) return lastError();
+  return give(created.get(), folderPermissions, changeThroughDescriptor);
+}
+
 constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
 constexpr std::int64_t blockSize = 512;
-
-std::error_code lastError() { return {errno, std::generic_category()}; }
 
 std::error_code outcome(int result) { return result < 0 ? lastError() : std::error_code(); }
 
@@ -117,9 +161,9 @@ class SystemFileManager final : public FileManager {
 
   std::error_code createFile(int folder, const char* name, FileDescriptor& opened) override {
     const int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
-    FileDescriptor file(::openat(folder, name, flags, OwnPermissions::forFiles));
+    FileDescriptor file(::openat(folder, name, flags, filePermissions));
     if (!file.isOpen()) return lastError();
-    const std::error_code error = OwnPermissions::giveToFile(file.get());
+    const std::error_code error = givePermissionsToFile(file.get());
     if (error) ::unlinkat(folder, name, 0);
     if (!error) opened = std::move(file);
     return error;
@@ -139,16 +183,16 @@ class SystemFileManager final : public FileManager {
   }
 
   std::error_code createFolder(int folder, const char* name) override {
-    if (::mkdirat(folder, name, OwnPermissions::forFolders) != 0) return lastError();
-    const std::error_code error = OwnPermissions::giveToFolder(folder, name);
+    if (::mkdirat(folder, name, folderPermissions) != 0) return lastError();
+    const std::error_code error = givePermissionsToFolder(folder, name);
     // Whoever has put another empty folder in its place could have removed that one as well.
     if (error) ::unlinkat(folder, name, AT_REMOVEDIR);
     return error;
   }
 
   std::error_code rename(int folder, const char* name, int newFolder, const char* newName,
-                         NameTaken nameTaken) override {
-    const unsigned flags = nameTaken == NameTaken::fails ? RENAME_NOREPLACE : 0;
+                         IfExists ifExists) override {
+    const unsigned flags = ifExists == IfExists::fail ? RENAME_NOREPLACE : 0;
     return outcome(::renameat2(folder, name, newFolder, newName, flags));
   }
 
@@ -161,9 +205,13 @@ class SystemFileManager final : public FileManager {
 
 const int workingDirectory = AT_FDCWD;
 
+std::uint32_t currentUser() { return ::getuid(); }
+
 FileManager& systemFileManager() {
   static SystemFileManager manager;
   return manager;
 }
+
+void ignoreFileSizeSignal() { std::signal(SIGXFSZ, SIG_IGN); }
 
 }  // namespace broomtide

@@ -27,7 +27,7 @@ std::error_code createFolders(FileManager& fileManager, const std::string& path)
 }  // namespace
 
 std::error_code read(FileManager& fileManager, int folder, const std::string& name,
-                     LinkPolicy links, std::string& contents, std::size_t mostBytes) {
+                     LinkPolicy links, std::string& contents, std::size_t maxBytes) {
   FileDescriptor file;
   if (const auto error = fileManager.openFile(folder, name.c_str(), links, file)) return error;
   FileAttributes attributes;
@@ -46,7 +46,7 @@ std::error_code read(FileManager& fileManager, int folder, const std::string& na
         fileManager.readFile(file.get(), std::span(contents).subspan(size), filled);
     contents.resize(size + (error ? 0 : filled));
     if (error) return error;
-    if (contents.size() > mostBytes) return std::make_error_code(std::errc::file_too_large);
+    if (contents.size() > maxBytes) return std::make_error_code(std::errc::file_too_large);
   }
   return {};
 }

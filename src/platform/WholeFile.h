@@ -14,10 +14,10 @@ namespace broomtide::WholeFile {
 enum class Durability { whenConvenient, onDisk };
 
 /// Reads a regular file to its end; anything else that has the name is an invalid_argument, and a
-/// file of more than `mostBytes` is a file_too_large.
+/// file of more than `maxBytes` is a file_too_large.
 std::error_code read(FileManager& fileManager, int folder, const std::string& name,
                      LinkPolicy links, std::string& contents,
-                     std::size_t mostBytes = std::numeric_limits<std::size_t>::max());
+                     std::size_t maxBytes = std::numeric_limits<std::size_t>::max());
 
 /// Creates a file with these contents. Fails with file_exists when the name is taken; after any
 /// other failure there is no such file.

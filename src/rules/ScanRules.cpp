@@ -7,10 +7,19 @@
 #include <vector>
 
 #include "core/Paths.h"
-#include "rules/ContextPolicy.h"
 #include "rules/GuardedNames.h"
+#include "rules/ScanRule.h"
 
-namespace broomtide::ScanRules {
+namespace broomtide {
+
+bool ContextPolicy::accepts(const ProjectContext* context) const {
+  if (context == nullptr) return allowsWithoutProject;
+  return kinds == 0 || std::ranges::any_of(context->kinds, [this](ProjectKind kind) {
+           return (kinds & (1U << static_cast<unsigned>(kind))) != 0;
+         });
+}
+
+namespace ScanRules {
 namespace {
 
 // Finds the rules of a table that recognise a name. Nearly all of them name it whole and are looked
@@ -58,22 +67,12 @@ bool isOldEnough(const ScanRule& rule, std::optional<Date> modificationDate, Dat
   return *modificationDate <= now - std::chrono::round<std::chrono::nanoseconds>(age);
 }
 
-std::string projectEvidence(const ProjectContext& context) {
-  std::vector<std::string_view> titles;
-  for (const ProjectKind kind : context.kinds) titles.push_back(title(kind));
+Message projectEvidence(const ProjectContext& context) {
+  std::vector<std::string> titles;
+  for (const ProjectKind kind : context.kinds) titles.emplace_back(title(kind));
   std::ranges::sort(titles);
-
-  std::string line = "Detected ";
-  for (std::size_t index = 0; index < titles.size(); ++index) {
-    if (index > 0) line += ", ";
-    line += titles[index];
-  }
-  line += " project from ";
-  for (std::size_t index = 0; index < context.manifests.size(); ++index) {
-    if (index > 0) line += ", ";
-    line += context.manifests[index];
-  }
-  return line + '.';
+  return {.pattern = messages::projectDetected,
+          .values = {termsValue(std::move(titles)), namesValue(context.manifests)}};
 }
 
 // A judgement that can only become more cautious.
@@ -120,10 +119,6 @@ const ScanRule* match(std::string_view name, CandidateKind kind, ScanMode mode,
       name, kind, [&](const ScanRule& rule) { return isOldEnough(rule, modificationDate, now); });
 }
 
-bool isKnownArtifactDirectory(std::string_view name) {
-  return recognises(name, CandidateKind::directory, ScanMode::project);
-}
-
 bool isSensitiveDirectory(std::string_view name) {
   return std::ranges::binary_search(sensitiveDirectoryNames, name);
 }
@@ -140,42 +135,40 @@ bool isProtectedFile(std::string_view name) {
 
 std::optional<RuleEvaluation> evaluate(const ScanRule& rule, const ProjectContext* context,
                                        GitItemStatus gitStatus, bool hasGitRepository) {
-  const ContextPolicy& policy = contextPolicy(rule.id);
+  const ContextPolicy& policy = rule.policy;
   if (gitStatus == GitItemStatus::tracked || !policy.accepts(context)) return std::nullopt;
 
   Judgement judgement{.safety = rule.safety};
-  std::vector<std::string> evidence;
+  std::vector<Message> evidence;
   evidence.reserve(3);
   if (context != nullptr) {
     evidence.push_back(projectEvidence(*context));
   } else {
-    evidence.emplace_back(
-        "Recognized artifact signature, but no supported project manifest was found nearby.");
+    evidence.emplace_back(messages::noProject);
     judgement.distrust();
     judgement.raiseCaution();
   }
 
   if (gitStatus == GitItemStatus::ignored) {
-    evidence.emplace_back("The path is ignored by Git.");
+    evidence.emplace_back(messages::ignoredByGit);
   } else if (gitStatus == GitItemStatus::untracked) {
-    evidence.emplace_back("The path is untracked, but not explicitly ignored by Git.");
+    evidence.emplace_back(messages::untrackedByGit);
     judgement.distrust();
     judgement.raiseCaution();
   } else if (hasGitRepository) {
-    evidence.emplace_back("Git status could not be verified.");
+    evidence.emplace_back(messages::gitUnverified);
     judgement.distrust();
     judgement.raiseCaution();
   } else {
-    evidence.emplace_back("No Git repository was detected for this project.");
+    evidence.emplace_back(messages::noRepository);
   }
 
   if (policy.isGenericName) {
-    evidence.emplace_back(
-        "This is a generic artifact name, so Broomtide requires manual selection.");
+    evidence.emplace_back(messages::genericName);
     judgement.distrust();
     judgement.raiseCaution();
   } else {
-    evidence.emplace_back("The artifact name and project ecosystem agree.");
+    evidence.emplace_back(messages::nameAgrees);
   }
 
   return RuleEvaluation{
@@ -191,4 +184,5 @@ std::optional<RuleEvaluation> evaluate(const ScanRule& rule, const ProjectContex
   };
 }
 
-}  // namespace broomtide::ScanRules
+}  // namespace ScanRules
+}  // namespace broomtide

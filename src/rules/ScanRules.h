@@ -4,8 +4,7 @@
 #include <string_view>
 
 #include "core/Date.h"
-#include "core/Evidence.h"
-#include "core/ProjectContext.h"
+#include "core/Records.h"
 #include "rules/ScanRuleTables.h"
 
 namespace broomtide {
@@ -36,9 +35,6 @@ bool recognises(std::string_view name, CandidateKind kind, ScanMode mode);
 /// mode, else the downloads table. An entry without a date never satisfies a minimum age.
 const ScanRule* match(std::string_view name, CandidateKind kind, ScanMode mode,
                       std::optional<Date> modificationDate, Date now);
-
-/// Whether a folder's name is that of an artefact in the project table.
-bool isKnownArtifactDirectory(std::string_view name);
 
 /// Whether a project scan must never enter folders of this name.
 bool isSensitiveDirectory(std::string_view name);

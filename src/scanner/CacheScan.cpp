@@ -11,9 +11,8 @@
 #include <vector>
 
 #include "core/Paths.h"
-#include "core/ScannerError.h"
+#include "core/ServiceInterfaces.h"
 #include "platform/DirectoryEnumerator.h"
-#include "platform/FileIdentity.h"
 #include "platform/PathSafety.h"
 #include "rules/CacheRules.h"
 #include "scanner/MeasurementPool.h"
@@ -131,7 +130,7 @@ class CacheScan {
 
     const CacheTarget& target = *item.target;
     const std::string path = paths::relativePath(item.location, root_);
-    const std::string label = "Calculating " + path + "…";
+    const Message label{.pattern = messages::calculating, .values = {nameValue(path)}};
     reports_.report(entries_, reports_.totalBytes(), label);
     if (!folder.isOpen) return;
     Measurement::Result result = item.measurement->await(
@@ -156,13 +155,13 @@ class CacheScan {
         .projectRoot = std::nullopt,
         .gitRoot = std::nullopt,
         .projectKinds = {},
-        .evidence = {"Well-known developer cache location (~/" + std::string(target.relativePath) +
-                     ")."},
+        .evidence = {Message{.pattern = messages::cacheLocation,
+                             .values = {nameValue(std::string(target.relativePath))}}},
         .regenerationCommand = target.regenerationCommand,
         .confidence = DetectionConfidence::high,
         .gitStatus = GitItemStatus::unavailable,
     });
-    reports_.report(entries_, reports_.totalBytes(), path);
+    reports_.report(entries_, reports_.totalBytes(), bareName(path));
   }
 
   void checkForCancellation() const {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "platform/FileManager.h"
-#include "scanner/ReportedScan.h"
+#include "scanner/ScanReports.h"
 #include "scanner/ScannerSettings.h"
 
 namespace broomtide {

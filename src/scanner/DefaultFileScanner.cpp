@@ -4,20 +4,21 @@
 #include <thread>
 #include <utility>
 
-#include "context/GitInspector.h"
+#include "context/GitCommand.h"
 #include "core/Paths.h"
-#include "core/ScannerError.h"
+#include "core/ServiceInterfaces.h"
+#include "platform/PathSafety.h"
 #include "platform/UserFolders.h"
 #include "scanner/CacheScan.h"
-#include "scanner/ReportedScan.h"
+#include "scanner/ScanReports.h"
 #include "scanner/TreeScan.h"
 
 namespace broomtide {
 
 ScannerSettings ScannerSettings::forThisMachine() {
   return {.measuringThreads = std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 8),
-          .git = GitInspector::executable(),
-          .gitRunLimit = GitInspector::runLimit,
+          .git = GitCommand::executable(),
+          .gitRunLimit = GitCommand::runLimit,
           .homeTrash = UserFolders::homeTrash()};
 }
 
@@ -34,7 +35,7 @@ ScanResult DefaultFileScanner::scan(const std::string& root, ScanMode mode, Date
                ? scanKnownCaches(folder, fileManager_, settings_, reports, stopping)
                : TreeScan(folder, mode, now, fileManager_, settings_, reports, stopping).run();
   };
-  return runReporting(scan, onUpdate, stop);
+  return runOnThread(scan, onUpdate, stop);
 }
 
 void DefaultFileScanner::validate(const std::string& root) const {
@@ -43,6 +44,11 @@ void DefaultFileScanner::validate(const std::string& root) const {
       !attributes.isFolder()) {
     throw ScannerError(ScannerError::Case::invalidRoot);
   }
+  FileAttributes whole;
+  const bool isWhole =
+      !fileManager_.readAttributes(workingDirectory, "/", LinkPolicy::follow, whole) &&
+      FileIdentity::token(attributes) == FileIdentity::token(whole);
+  if (isWhole) throw ScannerError(ScannerError::Case::wholeFileSystem);
   if (!fileManager_.isReadable(root)) throw ScannerError(ScannerError::Case::permissionDenied);
 }
 

@@ -3,7 +3,7 @@
 #include <stop_token>
 #include <string>
 
-#include "core/FileScanning.h"
+#include "core/ServiceInterfaces.h"
 #include "platform/FileManager.h"
 #include "scanner/ScannerSettings.h"
 

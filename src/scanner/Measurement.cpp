@@ -6,12 +6,12 @@
 #include <utility>
 
 #include "core/Paths.h"
-#include "core/ScannerError.h"
+#include "core/ServiceInterfaces.h"
 
 namespace broomtide {
 namespace {
 
-constexpr std::chrono::milliseconds longestSilence{5};
+constexpr std::chrono::milliseconds maxSilence{5};
 
 // The order of a depth-first walk with siblings by name: a slash sorts before every other byte.
 bool comesFirst(std::string_view left, std::string_view right) {
@@ -26,7 +26,7 @@ bool comesFirst(std::string_view left, std::string_view right) {
 template <typename Condition>
 bool Measurement::waitBriefly(std::unique_lock<std::mutex>& lock, const std::stop_token& stop,
                               Condition condition) {
-  changed_.wait_for(lock, longestSilence, [&] { return condition() || failure_; });
+  changed_.wait_for(lock, maxSilence, [&] { return condition() || failure_; });
   if (stop.stop_requested()) throw CancellationError();
   if (failure_) std::rethrow_exception(failure_);
   return condition();
@@ -41,15 +41,14 @@ Measurement::Folder Measurement::awaitFolder(const std::stop_token& stop) {
 
 Measurement::Result Measurement::await(const std::string& location, const std::stop_token& stop,
                                        const ProgressFunction& onProgress) {
-  std::int64_t reported = 0;
   bool hasEnded = false;
   while (!hasEnded) {
     std::unique_lock lock(mutex_);
     // Being woken up for every interval would cost the threads that measure much of their time.
     hasEnded = waitBriefly(lock, stop, [this] { return partsUnderWay_ == 0; });
-    const std::vector<std::int64_t> passed = std::exchange(bytesAtIntervals_, {});
+    const std::vector<Interval> passed = std::exchange(intervals_, {});
     lock.unlock();
-    for (const std::int64_t bytes : passed) onProgress(bytes, reported += progressInterval);
+    for (const Interval& interval : passed) onProgress(interval.bytes, interval.entries);
   }
   onProgress(bytes_, entries_);
   return {.bytes = bytes_, .entries = entries_, .issues = issuesInOrder(location)};
@@ -78,12 +77,14 @@ void Measurement::fail(std::exception_ptr failure) {
   changed_.notify_all();
 }
 
-void Measurement::add(std::int64_t bytes, std::int64_t entries) {
+void Measurement::add(std::int64_t bytes, std::int64_t entries, IntervalEnd end) {
   const std::scoped_lock lock(mutex_);
-  const std::int64_t intervals = entries_ / progressInterval;
+  const std::int64_t before = entries_ / progressInterval;
   bytes_ += bytes;
   entries_ += entries;
-  if (entries_ / progressInterval != intervals) bytesAtIntervals_.push_back(bytes_);
+  const std::int64_t intervals = entries_ / progressInterval;
+  if (intervals == before || end == IntervalEnd::silent) return;
+  intervals_.push_back({bytes_, intervals * progressInterval});
 }
 
 void Measurement::addIssue(std::string relativePath, std::error_code error) {

@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/ScanCandidate.h"
+#include "core/Records.h"
 #include "platform/FileManager.h"
 
 namespace broomtide {
@@ -46,9 +46,9 @@ class Measurement {
   Folder awaitFolder(const std::stop_token& stop);
 
   /// Waits for the end and returns the result. Progress is called on the waiting thread, once for
-  /// every full interval of entries and once at the end, also for what was counted before the wait
-  /// began. Throws CancellationError once `stop` is asked to stop, and what made measuring fail.
-  /// Issues name what lies below `location`, the folder's absolute path.
+  /// every full interval of entries that is told of and once at the end, also for what was counted
+  /// before the wait began. Throws CancellationError once `stop` is asked to stop, and what made
+  /// measuring fail. Issues name what lies below `location`, the folder's absolute path.
   Result await(const std::string& location, const std::stop_token& stop,
                const ProgressFunction& onProgress);
 
@@ -63,12 +63,22 @@ class Measurement {
   void endPart();
   /// Makes the whole measurement fail with the exception, whatever other parts are under way.
   void fail(std::exception_ptr failure);
+  /// Whether an interval of entries is told of, which ends with an entry that was just added. Not
+  /// with a link or an entry that cannot be read.
+  enum class IntervalEnd { told, silent };
+
   /// Adds what was counted: at most one interval of entries at a time.
-  void add(std::int64_t bytes, std::int64_t entries);
+  void add(std::int64_t bytes, std::int64_t entries, IntervalEnd end);
   /// Records a problem with an entry, given by its path below the folder.
   void addIssue(std::string relativePath, std::error_code error);
 
  private:
+  // What had been counted at the end of an interval.
+  struct Interval {
+    std::int64_t bytes;
+    std::int64_t entries;
+  };
+
   struct Problem {
     std::string relativePath;
     std::error_code error;
@@ -88,7 +98,7 @@ class Measurement {
   std::exception_ptr failure_;
   std::int64_t bytes_ = 0;
   std::int64_t entries_ = 0;
-  std::vector<std::int64_t> bytesAtIntervals_;  // of the intervals not told of yet
+  std::vector<Interval> intervals_;  // not told of yet
   std::vector<Problem> problems_;
 };
 

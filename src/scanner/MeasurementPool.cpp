@@ -84,10 +84,10 @@ class MeasurementPool::Worker {
       } else if (entries_.type() == EntryType::unreadable) {
         addIssue(entries_.typeError());
       }
-      if (entriesToAdd_ == Measurement::progressInterval) addToMeasurement();
-      if (pool_.isHungry()) giveSubtree();
+      if (entriesToAdd_ == Measurement::progressInterval) addToMeasurement(endOfInterval());
+      if (pool_.hasIdleThread()) giveSubtree();
     }
-    addToMeasurement();
+    addToMeasurement(Measurement::IntervalEnd::told);
     return true;
   }
 
@@ -104,8 +104,14 @@ class MeasurementPool::Worker {
     part_.measurement->addIssue(pathInMeasurement(entries_.relativePath()), error);
   }
 
-  void addToMeasurement() {
-    part_.measurement->add(std::exchange(bytesToAdd_, 0), std::exchange(entriesToAdd_, 0));
+  Measurement::IntervalEnd endOfInterval() const {
+    const EntryType type = entries_.type();
+    const bool isSilent = type == EntryType::link || type == EntryType::unreadable;
+    return isSilent ? Measurement::IntervalEnd::silent : Measurement::IntervalEnd::told;
+  }
+
+  void addToMeasurement(Measurement::IntervalEnd end) {
+    part_.measurement->add(std::exchange(bytesToAdd_, 0), std::exchange(entriesToAdd_, 0), end);
   }
 
   void giveSubtree() {
@@ -155,7 +161,7 @@ void MeasurementPool::start() {
   {
     const std::scoped_lock lock(mutex_);
     std::ranges::move(collected_, std::back_inserter(folders_));
-    updateHungry();
+    updateIdle();
   }
   collected_.size() == 1 ? added_.notify_one() : added_.notify_all();
   collected_.clear();
@@ -176,7 +182,7 @@ void MeasurementPool::startThreads(std::size_t count) {
 std::optional<MeasurementPool::Part> MeasurementPool::take(const std::stop_token& stop) {
   std::unique_lock lock(mutex_);
   ++idleThreads_;
-  updateHungry();
+  updateIdle();
   added_.wait(lock, stop, [this] { return !folders_.empty() || !subtrees_.empty(); });
   --idleThreads_;
   if (stop.stop_requested()) return std::nullopt;
@@ -189,7 +195,7 @@ std::optional<MeasurementPool::Part> MeasurementPool::take(const std::stop_token
     part = std::move(folders_.front());
     folders_.pop_front();
   }
-  updateHungry();
+  updateIdle();
   return part;
 }
 
@@ -197,14 +203,14 @@ void MeasurementPool::give(Part part) {
   {
     const std::scoped_lock lock(mutex_);
     subtrees_.push_back(std::move(part));
-    updateHungry();
+    updateIdle();
   }
   added_.notify_one();
 }
 
-void MeasurementPool::updateHungry() {
-  const bool isHungry = idleThreads_ > folders_.size() + subtrees_.size();
-  isHungry_.store(isHungry, std::memory_order_relaxed);
+void MeasurementPool::updateIdle() {
+  const bool hasIdleThread = idleThreads_ > folders_.size() + subtrees_.size();
+  hasIdleThread_.store(hasIdleThread, std::memory_order_relaxed);
 }
 
 }  // namespace broomtide

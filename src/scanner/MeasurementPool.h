@@ -12,7 +12,6 @@
 #include <thread>
 #include <vector>
 
-#include "platform/FileDescriptor.h"
 #include "platform/FileManager.h"
 #include "platform/LinkedStopSource.h"
 #include "scanner/Measurement.h"
@@ -61,8 +60,8 @@ class MeasurementPool {
   void startThreads(std::size_t count);
   std::optional<Part> take(const std::stop_token& stop);
   void give(Part part);
-  void updateHungry();
-  bool isHungry() const { return isHungry_.load(std::memory_order_relaxed); }
+  void updateIdle();
+  bool hasIdleThread() const { return hasIdleThread_.load(std::memory_order_relaxed); }
 
   FileManager& fileManager_;
   const FileDescriptor top_;
@@ -75,7 +74,7 @@ class MeasurementPool {
   std::deque<Part> folders_;
   std::vector<Part> subtrees_;  // given away by threads with more to do than the idle ones
   std::size_t idleThreads_ = 0;
-  std::atomic<bool> isHungry_ = false;  // some thread waits and nothing is waiting for it
+  std::atomic<bool> hasIdleThread_ = false;  // some thread waits and nothing is waiting for it
 
   LinkedStopSource stopping_;
   std::vector<std::jthread> threads_;

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <exception>
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <stop_token>
@@ -11,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/FileScanning.h"
+#include "core/ServiceInterfaces.h"
 
 namespace broomtide {
 
@@ -27,7 +28,7 @@ class ScanReports {
   };
 
   /// How many reports wait until the scanning thread does.
-  static constexpr std::size_t mostWaiting = 512;
+  static constexpr std::size_t maxWaiting = 512;
 
   explicit ScanReports(std::stop_token stop) : stop_(std::move(stop)) {}
 
@@ -38,7 +39,7 @@ class ScanReports {
 
   /// Reports progress with the candidates found so far. Throws CancellationError instead once
   /// `stop` was asked to stop; blocks while too many reports wait.
-  void report(std::int64_t entries, std::int64_t bytes, std::string label);
+  void report(std::int64_t entries, std::int64_t bytes, Message label);
 
   /// Adds a candidate, which belongs to the reports that follow; at least one must.
   void add(ScanCandidate candidate);
@@ -50,7 +51,7 @@ class ScanReports {
   // For the thread that tells the receiver.
 
   /// Blocks until there is something, and a few milliseconds longer for what follows: what was
-  /// reported since the last call, at most `mostWaiting` reports; nothing at the end. Throws
+  /// reported since the last call, at most `maxWaiting` reports; nothing at the end. Throws
   /// CancellationError once `stop` was asked to stop.
   std::optional<Batch> next();
 
@@ -67,5 +68,20 @@ class ScanReports {
   bool isClosed_ = false;
   std::exception_ptr failure_;
 };
+
+/// What the end of a scan leaves beside the candidates that it reported.
+struct ScanOutcome {
+  std::int64_t entries = 0;  ///< for the last update
+  std::int64_t bytes = 0;    ///< for the last update
+  std::vector<ScanIssue> issues;
+  std::vector<ProjectContext> projects;
+};
+
+/// Runs `scan` on a thread of its own and tells `onUpdate`, on this thread, what it reports; at the
+/// end once more, with the candidates sorted. Throws what either of them throws, and
+/// CancellationError once `stop` is asked to stop; `scan` then has ended.
+ScanResult runOnThread(
+    const std::function<ScanOutcome(ScanReports& reports, const std::stop_token& stop)>& scan,
+    const UpdateFunction& onUpdate, const std::stop_token& stop);
 
 }  // namespace broomtide

@@ -6,10 +6,9 @@
 #include <set>
 #include <utility>
 
-#include "context/GitInspector.h"
+#include "context/GitCommand.h"
 #include "core/Paths.h"
-#include "core/ScannerError.h"
-#include "platform/FileIdentity.h"
+#include "core/ServiceInterfaces.h"
 #include "platform/PathSafety.h"
 
 namespace broomtide {
@@ -35,20 +34,20 @@ ScanOutcome TreeScan::run() {
   FileDescriptor topOfWalk =
       open(top.get(), ".");  // the same folder, whatever is renamed meanwhile
   MeasurementPool measurements(fileManager_, std::move(top), settings_.measuringThreads, stop_);
-  WalkAhead ahead(std::move(topOfWalk),
-                  {.root = root_,
-                   .mode = mode_,
-                   .now = now_,
-                   .fileManager = fileManager_,
-                   .measurements = measurements,
-                   .trashes = TrashPlaces(settings_.homeTrash),
-                   .onRepository = [this](const std::string& root) { git_.add(root); }},
-                  stop_);
+  TreeWalk ahead(std::move(topOfWalk),
+                 {.root = root_,
+                  .mode = mode_,
+                  .now = now_,
+                  .fileManager = fileManager_,
+                  .measurements = measurements,
+                  .trashes = TrashPlaces(settings_.homeTrash),
+                  .onRepository = [this](const std::string& root) { git_.add(root); }},
+                 stop_);
   if (mode_ == ScanMode::project) {
     askAroundRoot();
     takeDiscovery(ahead.awaitDiscovery());
   } else {
-    reports_.report(0, 0, "Scanning Downloads…");
+    reports_.report(0, 0, {messages::scanningDownloads});
   }
   while (const WalkStep* step = ahead.next()) {
     if (stop_.stop_requested()) throw CancellationError();
@@ -72,8 +71,8 @@ FileDescriptor TreeScan::open(int folder, const std::string& name) {
 // What a repository tracks that the scanned folder lies in, is not offered either. Nothing else is
 // asked of it: what it ignores may be a folder that is worth scanning.
 void TreeScan::askAroundRoot() {
-  isRootAsked_ = !GitInspector::isRepository(fileManager_, root_) &&
-                 GitInspector::isInsideRepository(fileManager_, PathSafety::resolved(root_));
+  isRootAsked_ = GitCommand::markOf(fileManager_, root_) == GitCommand::Mark::none &&
+                 GitCommand::isInsideRepository(fileManager_, PathSafety::resolved(root_));
   if (isRootAsked_) git_.add(root_);
 }
 
@@ -83,7 +82,7 @@ void TreeScan::takeDiscovery(ProjectDiscovery discovery) {
   entries_ = discovery_.entriesInspected;
   reports_.report(
       entries_, 0,
-      "Detected " + std::to_string(discovery_.projects.size()) + " project context(s)…");
+      {.pattern = messages::projectsDetected, .values = {countValue(discovery_.projects.size())}});
 }
 
 void TreeScan::visit(const WalkStep& step) {
@@ -94,7 +93,7 @@ void TreeScan::visit(const WalkStep& step) {
       break;
     case unmatched:
       if (entries_ % reportInterval == 0) {
-        reports_.report(entries_, reports_.totalBytes(), step.relativePath());
+        reports_.report(entries_, reports_.totalBytes(), bareName(step.relativePath()));
       }
       break;
     case matched:
@@ -124,12 +123,12 @@ void TreeScan::visitMatch(const std::string& relativePath, const WalkMatch& matc
   const FileAttributes& attributes = isFolder ? folder.attributes : match.attributes;
   const std::error_code error = isFolder ? folder.error : match.error;
 
-  const std::string label = isFolder ? "Calculating " + relativePath + "…" : relativePath;
+  const Message label{.pattern = isFolder ? messages::calculating : messages::bare,
+                      .values = {nameValue(relativePath)}};
   reports_.report(entries_, reports_.totalBytes(), label);
   if (error) {
     const bool hasVanished = error == std::errc::no_such_file_or_directory;
-    addIssue(relativePath,
-             hasVanished ? "The item disappeared while it was being scanned." : error.message());
+    addIssue(relativePath, hasVanished ? std::string(messages::disappeared) : error.message());
     return;
   }
 
@@ -159,7 +158,7 @@ void TreeScan::visitMatch(const std::string& relativePath, const WalkMatch& matc
       .confidence = evaluation->confidence,
       .gitStatus = around.gitStatus,
   });
-  reports_.report(entries_, reports_.totalBytes(), relativePath);
+  reports_.report(entries_, reports_.totalBytes(), bareName(relativePath));
 }
 
 TreeScan::Judged TreeScan::askGit(const std::string& location, const WalkMatch& match) {
@@ -178,7 +177,7 @@ TreeScan::Judged TreeScan::askGit(const std::string& location, const WalkMatch& 
                     : GitItemStatus::unavailable;
   };
   // One more than are asked tells that there are too many.
-  for (; nearest != nullptr && judged.otherGitRoots.size() <= mostOtherRepositories;
+  for (; nearest != nullptr && judged.otherGitRoots.size() <= maxOtherRepositories;
        nearest = nearest->around) {
     if (nearest->root != *judged.gitRoot) judged.otherGitRoots.push_back(nearest->root);
   }
@@ -197,7 +196,7 @@ const std::optional<RuleEvaluation>& TreeScan::evaluate(const ScanRule& rule,
     judgement_ = RuleEvaluation{.safety = rule.safety,
                                 .confidence = DetectionConfidence::high,
                                 .isSelected = rule.selection == SelectionPolicy::selected,
-                                .evidence = {"Matched the Downloads cleanup rule."},
+                                .evidence = {Message{messages::downloadsRule}},
                                 .regenerationCommand = std::nullopt};
   } else {
     judgement_ =
@@ -206,7 +205,7 @@ const std::optional<RuleEvaluation>& TreeScan::evaluate(const ScanRule& rule,
   return judgement_;
 }
 
-std::int64_t TreeScan::measure(const std::string& location, const std::string& label,
+std::int64_t TreeScan::measure(const std::string& location, const Message& label,
                                Measurement& measurement) {
   const auto onProgress = [&](std::int64_t bytes, std::int64_t entries) {
     reports_.report(entries_ + entries, reports_.totalBytes() + bytes, label);

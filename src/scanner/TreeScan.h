@@ -6,14 +6,14 @@
 #include <string>
 #include <vector>
 
-#include "context/GitInspection.h"
+#include "context/GitInspector.h"
 #include "context/ProjectDetector.h"
-#include "core/FileScanning.h"
+#include "core/ServiceInterfaces.h"
 #include "platform/FileManager.h"
 #include "rules/ScanRules.h"
-#include "scanner/ReportedScan.h"
+#include "scanner/ScanReports.h"
 #include "scanner/ScannerSettings.h"
-#include "scanner/WalkAhead.h"
+#include "scanner/TreeWalk.h"
 
 namespace broomtide {
 
@@ -47,8 +47,7 @@ class TreeScan {
   void visitMatch(const std::string& relativePath, const WalkMatch& match);
   Judged askGit(const std::string& location, const WalkMatch& match);
   const std::optional<RuleEvaluation>& evaluate(const ScanRule& rule, const Judged& around);
-  std::int64_t measure(const std::string& location, const std::string& label,
-                       Measurement& measurement);
+  std::int64_t measure(const std::string& location, const Message& label, Measurement& measurement);
   void addIssue(const std::string& path, std::string message);
 
   const std::string root_;

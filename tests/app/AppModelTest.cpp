@@ -3,7 +3,7 @@
 #include <latch>
 
 #include "app/FakeServices.h"
-#include "core/ScannerError.h"
+#include "core/ServiceInterfaces.h"
 #include "support/TemporaryTree.h"
 
 namespace broomtide {
@@ -92,7 +92,7 @@ TEST_F(Model, AScanShowsItsUpdatesAndThenItsResult) {
   EXPECT_THAT(changes,
               ElementsAre(candidates, scanIssues, projectContexts, cleanupResult, progress, route));
   EXPECT_EQ(model->route(), Route::scanning);
-  EXPECT_EQ(model->progress(), (ScanProgress{0, 0, "root"}));
+  EXPECT_EQ(model->progress(), (ScanProgress{0, 0, bareName("root")}));
   changes.clear();
   crankUntil(Route::results);
   EXPECT_THAT(changes, ElementsAre(progress, candidates, progress, candidates, progress, candidates,
@@ -161,7 +161,7 @@ TEST_F(Model, NothingOfASupersededScanIsShown) {
     isSuperseded.count_down();
     for (int posts = 0; posts < 3; ++posts) main.runNext();  // an update and two ends
     EXPECT_THAT(paths(), ElementsAre("new"));
-    EXPECT_EQ(model->progress(), (ScanProgress{0, 0, "new"}));
+    EXPECT_EQ(model->progress(), (ScanProgress{0, 0, bareName("new")}));
     EXPECT_THAT(changes, ElementsAre(candidates, scanIssues, projectContexts, route));
     EXPECT_EQ(model->errorMessage(), std::nullopt);
   }
@@ -183,7 +183,7 @@ TEST_F(Model, GoingHomeEndsAScanSilently) {
   changes.clear();
   main.runNext();  // the scan has ended
   EXPECT_THAT(changes, ElementsAre());
-  EXPECT_EQ(model->progress().currentPath, "Preparing scan…");
+  EXPECT_EQ(model->progress().currentPath.text(), "Preparing scan…");
   EXPECT_EQ(model->rootURL(), std::nullopt);
   EXPECT_THAT(access.record, ElementsAre("+/root", "-/root"));
 }
@@ -208,7 +208,7 @@ TEST_F(Model, AFailedScanIsTold) {
       model->beginScan("/root", ScanMode::project, true);
       changes.clear();
       crankUntil(Route::welcome);
-      EXPECT_EQ(model->errorMessage(), message);
+      EXPECT_EQ(model->errorMessage().value_or(Message()).text(), message);
       EXPECT_THAT(changes, ElementsAre(route, errorMessage));
       EXPECT_EQ(access.record.size(), isGranted ? 2U : 1U);
       model->clearErrorMessage();
@@ -227,7 +227,7 @@ TEST_F(Model, TheFolderPickerDecides) {
   picker.answer = tree.folder("plain folder");
   model->presentFolderPicker(std::nullopt, ScanMode::caches);
   EXPECT_THAT(changes, ElementsAre(errorMessage));
-  EXPECT_EQ(model->errorMessage(),
+  EXPECT_EQ(model->errorMessage().value_or(Message()).text(),
             "No known developer cache locations were found under “plain folder”. When scanning "
             "developer caches, select your home folder (" +
                 tree.path("home") + ") in the picker.");
@@ -375,7 +375,7 @@ TEST_F(Model, AHistoryThatCannotBeWrittenIsTold) {
   script.canAppend = false;
   clean({"a"});
   main.runUntil([&] { return model->errorMessage().has_value(); });
-  EXPECT_EQ(model->errorMessage(),
+  EXPECT_EQ(model->errorMessage().value_or(Message()).text(),
             "Cleanup finished, but Broomtide could not save the local history.");
   EXPECT_EQ(model->route(), Route::summary);
   EXPECT_TRUE(model->history().empty());

@@ -90,7 +90,7 @@ TEST_F(Cleanup, MovesWithTheInformationWhereItCameFrom) {
 
 // What may have happened since the scan, and what people are then told.
 TEST_F(Cleanup, LeavesAloneWhatIsNoLongerWhatWasScanned) {
-  using namespace CleanupMessages;
+  using namespace messages;
   struct Row {
     std::string change;  // a shell command in the scanned folder
     std::string_view message;
@@ -98,11 +98,11 @@ TEST_F(Cleanup, LeavesAloneWhatIsNoLongerWhatWasScanned) {
   const std::vector<Row> rows{
       {"rm -r app/node_modules", gone},
       {"rm -r app", gone},
-      {"mv app/node_modules x; ln -s ../x app/node_modules", link},
-      {"mv app/node_modules x; ln -s nowhere app/node_modules", link},
+      {"mv app/node_modules x; ln -s ../x app/node_modules", becameLink},
+      {"mv app/node_modules x; ln -s nowhere app/node_modules", becameLink},
       {"mv app/node_modules ../outside; ln -s ../../outside/node_modules app/node_modules",
-       outside},
-      {"mv app ../outside; ln -s ../outside/app app", outside},
+       noLongerInside},
+      {"mv app ../outside; ln -s ../outside/app app", noLongerInside},
       {"mv app/node_modules x; mkdir app/node_modules", replaced},
       {"mv app/node_modules x; echo file > app/node_modules", replaced},
       {"touch app/node_modules/new", modified},
@@ -129,7 +129,7 @@ TEST_F(Cleanup, LeavesAloneWhatIsNoLongerWhatWasScanned) {
               root.url = source;
               return root;
             }()),
-            outside);
+            noLongerInside);
 }
 
 TEST_F(Cleanup, DatesMayDifferByAMillisecond) {
@@ -139,8 +139,12 @@ TEST_F(Cleanup, DatesMayDifferByAMillisecond) {
   for (const Date scanned :
        {date + nanoseconds(1'000'001), date - nanoseconds(1'000'001), Date::min()}) {
     item.modificationDate = scanned;
-    EXPECT_EQ(outcome(item), CleanupMessages::modified) << scanned.time_since_epoch().count();
+    EXPECT_EQ(outcome(item), messages::modified) << scanned.time_since_epoch().count();
   }
+  // A date that is too large to be held says nothing of what happened since.
+  tree.run("touch -d 2300-01-01 app/node_modules", "work");
+  EXPECT_EQ(outcome(candidate("app/node_modules")), messages::modified);
+  fs::last_write_time(item.url, fs::file_time_type::clock::from_sys(date));
   item.modificationDate = date - nanoseconds(1'000'000);
   EXPECT_EQ(outcome(item), "moved");
 
@@ -173,17 +177,17 @@ TEST_F(Cleanup, AsksGitOnceAndBelievesIt) {
     std::string_view message;
   };
   for (const Row& row : std::vector<Row>{
-           {ignored, "", "node_modules", false, CleanupMessages::gitUnknown},
-           {ignored, "node_modules/m/index.js", "", true, CleanupMessages::tracked},
-           {untracked, "node_modules/m/index.js", "", true, CleanupMessages::tracked},
-           {ignored, "", "", true, CleanupMessages::notIgnored},
+           {ignored, "", "node_modules", false, messages::gitUnknown},
+           {ignored, "node_modules/m/index.js", "", true, messages::nowTracked},
+           {untracked, "node_modules/m/index.js", "", true, messages::nowTracked},
+           {ignored, "", "", true, messages::noLongerIgnored},
        }) {
     item.gitStatus = other.gitStatus = row.recorded;
     answer(row.tracked, row.ignored, row.isAvailable);
     EXPECT_EQ(outcome(item), row.message);
   }
   snapshots.clear();
-  EXPECT_EQ(outcome(item), CleanupMessages::gitUnknown);
+  EXPECT_EQ(outcome(item), messages::gitUnknown);
 
   answer("", "node_modules", true);
   item.gitStatus = ignored;
@@ -192,16 +196,16 @@ TEST_F(Cleanup, AsksGitOnceAndBelievesIt) {
                                   .trackedPaths = PathSet(std::string("app/node_modules/m")),
                                   .ignoredPaths = {},
                                   .isAvailable = true};
-  EXPECT_EQ(outcome(item), CleanupMessages::tracked);
+  EXPECT_EQ(outcome(item), messages::nowTracked);
   EXPECT_EQ(askedRoots.back(), (std::vector{tree.path("work"), *item.gitRoot}));
 
   // In no repository below the scanned folder, which lies in one itself.
   other.gitRoot.reset();
   other.otherGitRoots = {tree.path("work")};
   snapshots[tree.path("work")].trackedPaths = PathSet(std::string("app/package.json"));
-  EXPECT_EQ(outcome(other), CleanupMessages::tracked);
+  EXPECT_EQ(outcome(other), messages::nowTracked);
   snapshots.erase(tree.path("work"));
-  EXPECT_EQ(outcome(other), CleanupMessages::gitUnknown);
+  EXPECT_EQ(outcome(other), messages::gitUnknown);
 
   other.gitRoot = item.gitRoot;
   other.otherGitRoots.clear();
@@ -224,7 +228,7 @@ TEST_F(Cleanup, AGitThatCannotBeAskedHoldsBackOnlyRepositories) {
   const CleanupResult result =
       manager.moveToTrash({inRepository, candidate("app/package.json")}, tree.path("work"), {});
   ASSERT_EQ(result.failures.size(), 1U);
-  EXPECT_EQ(result.failures[0].message, CleanupMessages::gitUnknown);
+  EXPECT_EQ(result.failures[0].message, messages::gitUnknown);
   EXPECT_EQ(result.moved.size(), 1U);
 }
 
@@ -238,7 +242,7 @@ TEST_F(Cleanup, CancellingLeavesTheRestAlone) {
     if (change == "rename 3 3") stopping.request_stop();
     return std::error_code();
   };
-  const std::string left(CleanupMessages::cancelled);
+  const std::string left(messages::cleanupCancelled);
   EXPECT_EQ(outcomes(items), (std::vector<std::string>{"moved", "moved", "moved", left, left}));
   askedRoots.clear();
   EXPECT_EQ(outcomes({items[3]}), std::vector<std::string>{left});

@@ -125,8 +125,11 @@ TEST_F(History, WhatCannotBeReadIsSetAsideByTheNextAppend) {
       {with("\"movedCount\": 3", "\"movedCount\": 3.5"), "undecodable"},
       {with("\"movedBytes\": 1500", "\"movedBytes\": 18446744073709551615"), "undecodable"},
       {with("\"movedBytes\": 1500", "\"movedBytes\": null"), "undecodable"},
+      {with("\"movedBytes\": 1500", "\"movedBytes\": 9.3e18"), "undecodable"},
       {with("09:30:00Z", "09:30:00.5Z"), "undecodable"},
-      {with("09:30:00Z", "09:30:00+00:00"), "undecodable"},
+      {with("09:30:00Z", "09:30:00+24:00"), "undecodable"},
+      {with("09:30:00Z", "09:30:00+1:00"), "undecodable"},
+      {with("09:30:00Z", "09:30:00"), "undecodable"},
       {with("2025-03-01T", "2025-02-30T"), "undecodable"},
       {with("2025-03-01T", "9999-03-01T"), "undecodable"},
       {with("09:30:00Z", "24:00:00Z"), "undecodable"},
@@ -172,6 +175,18 @@ TEST_F(History, AcceptsWhatOtherWritersMayWrite) {
   ASSERT_EQ(loaded.size(), 1U);
   EXPECT_EQ(loaded[0].id, "0F8FAD5B-D9CB-469F-A165-70867728950E");
   EXPECT_EQ(iso8601(loaded[0].date), "1999-12-31T23:59:59Z");
+
+  tree.file("data/Broomtide/history.json",
+            R"({"version":1.0,"entries":[{"rootPath":"/a","movedCount":1e0,"movedBytes":-4096.0,
+"id":"0f8fad5b-d9cb-469f-a165-70867728950e","failures":[],"date":"2000-01-01T01:30:00+01:30"},
+{"rootPath":"/b","movedCount":1,"movedBytes":1,"id":"0f8fad5b-d9cb-469f-a165-70867728950e",
+"failures":[],"date":"1999-12-31T18:59:59-0500"}]})");
+  const auto written = store.load();
+  ASSERT_EQ(written.size(), 2U);
+  EXPECT_EQ(written[0].movedCount, 1);
+  EXPECT_EQ(written[0].movedBytes, -4096);
+  EXPECT_EQ(iso8601(written[0].date), "2000-01-01T00:00:00Z");
+  EXPECT_EQ(iso8601(written[1].date), "1999-12-31T23:59:59Z");
 }
 
 TEST_F(History, AFailureLeavesTheFileAsItWas) {

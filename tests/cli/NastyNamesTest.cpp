@@ -5,11 +5,8 @@
 #include <regex>
 #include <sstream>
 
-#include "cli/CleanReport.h"
 #include "cli/Failure.h"
-#include "cli/HistoryReport.h"
-#include "cli/JsonText.h"
-#include "cli/ScanReport.h"
+#include "cli/Reports.h"
 #include "core/Utf8.h"
 
 namespace broomtide::cli {
@@ -33,7 +30,7 @@ struct Reports {
     candidate.relativePath = name;
     candidate.category = "Cache";
     candidate.projectRoot = candidate.gitRoot = '/' + name;
-    candidate.evidence = {"Detected by " + name};
+    candidate.evidence = {bareName("Detected by " + name)};
     candidates = {candidate, candidate};
     failures = {{.id = "1", .path = name, .message = "Refused: " + name}};
     issues = {ScanIssue::about(name, "Refused: " + name)};
@@ -52,7 +49,7 @@ struct Reports {
   }
   CleanReport clean() const { return {root, false, rowsOf(candidates), failures, true}; }
 
-  std::string text(const Style& style) const {
+  std::string text(const TerminalStyle& style) const {
     std::ostringstream out;
     writeText(out, scan(), style, Detail::reasons);
     writeText(out, clean(), style);
@@ -101,10 +98,10 @@ TEST(NastyNames, ForgeNoLineAndSteerNoTerminal) {
   const Reports usual("name");
   for (const std::string& name : nastyNames) {
     const Reports reports(name);
-    const std::string text = reports.text(Style(false));
-    EXPECT_EQ(lines(text), lines(usual.text(Style(false)))) << text;
+    const std::string text = reports.text(TerminalStyle(false));
+    EXPECT_EQ(lines(text), lines(usual.text(TerminalStyle(false)))) << text;
     EXPECT_THAT(actingIn(text), testing::IsEmpty()) << text;
-    const std::string coloured = reports.text(Style(true));
+    const std::string coloured = reports.text(TerminalStyle(true));
     static const std::regex colours("\x1b\\[(0|1|2|1;3[123])m");
     EXPECT_EQ(std::regex_replace(coloured, colours, ""), text);
     const std::string json = reports.json();
@@ -117,7 +114,7 @@ TEST(NastyNames, ForgeNoLineAndSteerNoTerminal) {
 // Terminals that follow the direction of letters turn the name itself, as they should. A number
 // that comes next would go with it, and what is a size to the eye would be part of a name.
 TEST(NastyNames, NoNumberComesNextToLettersFromRightToLeft) {
-  const std::string text = Reports("אבג").text(Style(false));
+  const std::string text = Reports("אבג").text(TerminalStyle(false));
   EXPECT_TRUE(std::regex_search(text, std::regex("אבג")));
   EXPECT_FALSE(std::regex_search(text, std::regex("אבג[^A-Za-z\n]*[0-9]"))) << text;
 }

@@ -1,14 +1,12 @@
-#include "cli/ScanReport.h"
+#include "cli/Reports.h"
 
 #include <cstdlib>
 #include <sstream>
 
-#include "cli/HistoryReport.h"
-
 namespace broomtide::cli {
 namespace {
 
-std::string textOf(const ScanReport& report, const Style& style, Detail detail) {
+std::string textOf(const ScanReport& report, const TerminalStyle& style, Detail detail) {
   std::ostringstream text;
   writeText(text, report, style, detail);
   return text.str();
@@ -37,7 +35,7 @@ TEST(ScanReport, ReadsAsAPersonWouldExpect) {
                           .candidates = rowsOf(candidates),
                           .issues = issues,
                           .projects = projects};
-  EXPECT_EQ(textOf(report, Style(false), Detail::facts),
+  EXPECT_EQ(textOf(report, TerminalStyle(false), Detail::facts),
             "Safe to Clean · 1 item · 1.2 GB\n"
             "  ✓    1.2 GB  a/.next  Cache · Low confidence · Git status unavailable\n"
             "\n"
@@ -49,14 +47,14 @@ TEST(ScanReport, ReadsAsAPersonWouldExpect) {
             "\n"
             "2 items · 1.2 GB · 1 project · 12 entries scanned\n"
             "✓ marks what is safe enough to be selected from the start: 1 item · 1.2 GB\n");
-  EXPECT_THAT(textOf(report, Style(true), Detail::reasons),
+  EXPECT_THAT(textOf(report, TerminalStyle(true), Detail::reasons),
               testing::HasSubstr("\x1b[1;32mSafe to Clean"));
 }
 
 TEST(HistoryReport, AlignsItsColumnsAndHidesNothing) {
   const auto textOf = [](const std::vector<CleanupHistoryEntry>& entries) {
     std::ostringstream text;
-    writeText(text, entries, Style(false));
+    writeText(text, entries, TerminalStyle(false));
     return text.str();
   };
   EXPECT_EQ(textOf({}), "No cleanup history\nCompleted cleanups will appear here.\n");

@@ -4,7 +4,6 @@
 
 #include <filesystem>
 
-#include "context/GitInspection.h"
 #include "support/TemporaryTree.h"
 
 namespace broomtide {
@@ -88,7 +87,7 @@ TEST(GitListing, MustBeOneOfAnIndex) {
            {"/a\0"s, false},
            {"a\0b"s, false},
        }) {
-    EXPECT_EQ(GitInspector::isListingOfIndex(listing), isIndex) << listing;
+    EXPECT_EQ(GitCommand::isListingOfIndex(listing), isIndex) << listing;
   }
 }
 
@@ -96,7 +95,7 @@ TEST(GitListing, MustNotLeadOut) {
   using namespace std::string_literals;
   for (const auto& [listing, isBelow] : std::vector<std::pair<std::string, bool>>{
            {"", true}, {"a/../b\0..a\0.../\0"s, true}, {"../\0"s, false}, {"a\0../b/\0"s, false}}) {
-    EXPECT_EQ(GitInspector::isListingBelow(listing), isBelow) << listing;
+    EXPECT_EQ(GitCommand::isListingBelow(listing), isBelow) << listing;
   }
 }
 
@@ -110,11 +109,11 @@ TEST_F(Git, IsUnavailableWithoutAGitTool) {
 TEST_F(Git, IsLookedForInItsUsualPlaces) {
   const std::string tool = tree.file("usr/bin/git");
   FileManager& files = systemFileManager();
-  EXPECT_EQ(GitInspector::locate(files, tree.root().c_str()), "/usr/bin/git");  // not executable
+  EXPECT_EQ(GitCommand::locate(files, tree.root().c_str()), "/usr/bin/git");  // not executable
   ASSERT_EQ(::chmod(tool.c_str(), 0755), 0);
-  EXPECT_EQ(GitInspector::locate(files, tree.root().c_str()), tool);
-  EXPECT_EQ(GitInspector::locate(files, ""), "/usr/bin/git");
-  EXPECT_EQ(GitInspector::locate(files, nullptr), "/usr/bin/git");
+  EXPECT_EQ(GitCommand::locate(files, tree.root().c_str()), tool);
+  EXPECT_EQ(GitCommand::locate(files, ""), "/usr/bin/git");
+  EXPECT_EQ(GitCommand::locate(files, nullptr), "/usr/bin/git");
 }
 
 }  // namespace

@@ -75,6 +75,7 @@ TEST(ProjectDetector, TakesWhatCannotBeExaminedForARepository) {
   detector.addEntry("go.mod", EntryType::unreadable);
   detector.enterFolder("linked");
   detector.addEntry(".git", EntryType::link);
+  detector.enterFolder("pipe");
   detector.addEntry(".git", EntryType::other);
   detector.addIssue("never-opened", error);
   detector.addIssue("partly-read", error);
@@ -83,7 +84,8 @@ TEST(ProjectDetector, TakesWhatCannotBeExaminedForARepository) {
   detector.addIssue("partly-read/App.xcodeproj", error);
   detector.enterFolder("partly-read/App.xcodeproj");
 
-  const std::vector<std::string> expected{"/r", "/r/entry", "/r/partly-read"};
+  const std::vector<std::string> expected{"/r", "/r/entry", "/r/linked", "/r/pipe",
+                                          "/r/partly-read"};
   EXPECT_EQ(repositories, expected);
   const ProjectDiscovery discovery = detector.finish();
   EXPECT_EQ(discovery.gitRoots.size(), expected.size());

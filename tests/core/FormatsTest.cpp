@@ -2,7 +2,7 @@
 
 #include "core/ByteCount.h"
 #include "core/Date.h"
-#include "core/FileUrl.h"
+#include "core/Paths.h"
 #include "core/Uuid.h"
 
 namespace broomtide {
@@ -42,9 +42,9 @@ TEST(Formats, Dates) {
 }
 
 TEST(Formats, FileUrlsKeepEveryByte) {
-  EXPECT_EQ(fileUrl("/"), "file:///");
-  EXPECT_EQ(fileUrl("/a-b._~/Z9"), "file:///a-b._~/Z9");
-  EXPECT_EQ(fileUrl("/a b%\n\xff/ü+&"), "file:///a%20b%25%0A%FF/%C3%BC%2B%26");
+  EXPECT_EQ(paths::fileUrl("/"), "file:///");
+  EXPECT_EQ(paths::fileUrl("/a-b._~/Z9"), "file:///a-b._~/Z9");
+  EXPECT_EQ(paths::fileUrl("/a b%\n\xff/ü+&"), "file:///a%20b%25%0A%FF/%C3%BC%2B%26");
 }
 
 TEST(Formats, UuidsAreRandomAndUpperCase) {

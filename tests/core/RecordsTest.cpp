@@ -1,20 +1,11 @@
 #include "core/Enumerations.h"
-#include "core/ProjectContext.h"
 #include "core/RecordJson.h"
+#include "core/Records.h"
 
 namespace broomtide {
 namespace {
 
-TEST(Records, RawValuesLeadBackToTheirCases) {
-  for (const ProjectKind kind : allProjectKinds) {
-    EXPECT_EQ(fromRawValue<ProjectKind>(rawValue(kind)), kind);
-  }
-  for (const SafetyLevel level : allSafetyLevels) {
-    EXPECT_EQ(fromRawValue<SafetyLevel>(rawValue(level)), level);
-  }
-  EXPECT_EQ(fromRawValue<SafetyLevel>("UsuallySafe"), std::nullopt);
-  EXPECT_EQ(fromRawValue<GitItemStatus>("Tracked"), std::nullopt);
-  EXPECT_EQ(fromRawValue<ScanMode>(""), std::nullopt);
+TEST(Records, CasesHaveTheirNamesAndTitles) {
   EXPECT_EQ(rawValue(allProjectKinds.back()), "haskell");
   EXPECT_EQ(title(ProjectKind::cmake), "C / C++");
   EXPECT_EQ(title(GitItemStatus::unavailable), "Git status unavailable");

@@ -5,9 +5,8 @@
 #include <random>
 
 #include "core/DateText.h"
-#include "core/NameOrder.h"
+#include "core/EscapedText.h"
 #include "core/SortOrder.h"
-#include "core/VisibleText.h"
 
 namespace broomtide {
 namespace {
@@ -46,7 +45,7 @@ TEST(ShownText, ShowsWhatCouldDeceive) {
       {"a\u2028b\u200bc\ufeff", "a\\u2028b\\u200bc\\ufeff"},
       {"\xff", "\uFFFD"},
   };
-  for (const auto& [name, shown] : cases) EXPECT_EQ(visible(name), shown);
+  for (const auto& [name, shown] : cases) EXPECT_EQ(escaped(name), shown);
 }
 
 TEST(ShownText, DatesAreInTheUsersLanguage) {

@@ -1,4 +1,4 @@
-#include "core/FileUrl.h"
+#include "core/Paths.h"
 
 #include "fuzz/Input.h"
 #include "support/TrashReader.h"
@@ -12,7 +12,7 @@ constexpr std::string_view unreserved =
 bool isPlain(char byte) { return byte == '/' || unreserved.find(byte) != std::string_view::npos; }
 
 void check(std::string_view path) {
-  const std::string encoded = percentEncoded(path);
+  const std::string encoded = paths::percentEncoded(path);
   require(test::percentDecoded(encoded) == path, "decoding gives every byte back");
   require(encoded.find_first_not_of(std::string(unreserved) + "/%") == std::string::npos,
           "nothing but unreserved bytes, slashes and escapes comes out");
@@ -24,7 +24,7 @@ void check(std::string_view path) {
                 encoded.find_first_of("abcdef", at + 2) != at + 2,
             "escapes are written with capital letters");
   }
-  require(fileUrl(path) == "file://" + encoded, "a URL is its scheme and the encoded path");
+  require(paths::fileUrl(path) == "file://" + encoded, "a URL is its scheme and the encoded path");
 }
 
 }  // namespace

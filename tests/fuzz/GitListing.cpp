@@ -87,7 +87,7 @@ void checkMessages(std::string_view messages) {
   const bool expected = std::ranges::any_of(partsOf(messages, '\n'), [](auto line) {
     return line.substr(0, 6) == "error:" || line.substr(0, 6) == "fatal:";
   });
-  require(GitInspector::tellsOfFailure(messages) == expected,
+  require(GitCommand::tellsOfFailure(messages) == expected,
           "a failure is a line that begins with its word");
 }
 

@@ -1,4 +1,4 @@
-#include "platform/MountTable.h"
+#include "trash/MountTable.h"
 
 #include <string>
 

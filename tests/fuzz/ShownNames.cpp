@@ -4,8 +4,8 @@
 #include <string>
 
 #include "cli/TerminalText.h"
+#include "core/EscapedText.h"
 #include "core/Utf8.h"
-#include "core/VisibleText.h"
 #include "fuzz/Input.h"
 
 namespace broomtide::fuzz {
@@ -127,7 +127,7 @@ void checkShortened(const std::string& shown) {
 
 void check(std::string_view name) {
   const bool isValid = checkUtf8(name);
-  const std::string shown = visible(name);
+  const std::string shown = escaped(name);
   checkHarmless(shown);
   require(nameOf(shown) == (isValid ? std::string(name) : utf8::printable(name)),
           "different names are shown differently");

@@ -4,11 +4,10 @@
 #include <set>
 #include <string>
 
-#include "core/FileUrl.h"
+#include "core/Paths.h"
 #include "fuzz/Input.h"
-#include "platform/DirectorySizes.h"
-#include "platform/TrashName.h"
 #include "support/TrashReader.h"
+#include "trash/TrashFormat.h"
 
 namespace broomtide::fuzz {
 namespace {
@@ -17,7 +16,7 @@ void checkReader(std::string_view text) {
   const std::optional<test::TrashInfo> info = test::parseTrashInfo(text);
   if (!info) return;
   require(!info->path.empty() && info->path.find('\0') == std::string::npos, "a path is read");
-  require("[Trash Info]\nPath=" + percentEncoded(info->path) +
+  require("[Trash Info]\nPath=" + paths::percentEncoded(info->path) +
                   "\nDeletionDate=" + info->deletionDate + '\n' ==
               text,
           "only what could have been written is read");
@@ -87,7 +86,7 @@ void checkSizes(std::string_view text, std::string_view folders) {
     if (!tellsOf(names, line)) expected += std::string(line) + '\n';
   }
   for (const std::string& name : names) {
-    expected += "9223372036854775807 -9223372036854775808 " + percentEncoded(name) + '\n';
+    expected += "9223372036854775807 -9223372036854775808 " + paths::percentEncoded(name) + '\n';
   }
   const std::string written = withDirectorySizes(text, added);
   require(withDirectorySizes(written + otherwiseWritten(added), added) == written,

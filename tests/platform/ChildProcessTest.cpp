@@ -5,7 +5,7 @@
 
 #include <thread>
 
-#include "platform/FileDescriptor.h"
+#include "platform/FileManager.h"
 #include "support/TemporaryTree.h"
 
 namespace broomtide {

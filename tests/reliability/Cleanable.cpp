@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "cleanup/DefaultTrashManager.h"
-#include "platform/FileIdentity.h"
+#include "platform/PathSafety.h"
 #include "support/ScanRecorder.h"
 #include "support/TrashReader.h"
 #include "support/TreeSnapshot.h"
@@ -74,7 +74,7 @@ bool Cleanable::hasStrayInformation() const {
 
 void Cleanable::expectAsBefore() const {
   for (const ScanCandidate& item : candidates_) {
-    EXPECT_EQ(FileIdentity::read(systemFileManager(), item.url), item.fileIdentity);
+    EXPECT_EQ(identityOf(item.url), item.fileIdentity);
   }
   EXPECT_EQ(snapshotOf(candidates_[0].url), folder_);
   EXPECT_EQ(snapshotOf(tree_.path("work/kept")), kept_);

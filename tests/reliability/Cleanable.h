@@ -6,8 +6,7 @@
 #include <vector>
 
 #include "context/GitSnapshot.h"
-#include "core/CleanupResult.h"
-#include "core/ScanCandidate.h"
+#include "core/Records.h"
 #include "platform/FileManager.h"
 #include "support/TemporaryTree.h"
 

@@ -18,8 +18,7 @@ class CleanupFaults : public EveryFault {
   // Whatever has failed, what is said of each item is true, and one of the reasons that are fixed
   // is given.
   void check(const CleanupResult& result) const {
-    static const std::set<std::string_view> reasons{CleanupMessages::gone,
-                                                    CleanupMessages::notMoved};
+    static const std::set<std::string_view> reasons{messages::gone, messages::notMoved};
     EXPECT_EQ(result.moved.size() + result.failures.size(), cleanable.candidates().size());
     for (const ScanCandidate& item : result.moved) EXPECT_FALSE(fs::exists(item.url));
     for (const CleanupFailure& failure : result.failures) {

@@ -11,7 +11,7 @@
 #include "cleanup/DefaultTrashManager.h"
 #include "cleanup/Revalidation.h"
 #include "core/Paths.h"
-#include "platform/FileIdentity.h"
+#include "platform/PathSafety.h"
 #include "reliability/SwappedTree.h"
 #include "scanner/DefaultFileScanner.h"
 #include "support/FaultyFileManager.h"
@@ -81,9 +81,9 @@ class Race : public testing::TestWithParam<Row> {
   // To be called when nothing is swapped any more.
   void check(const CleanupResult& result) {
     ++rounds;
-    static const std::set<std::string_view> reasons{
-        CleanupMessages::outside,  CleanupMessages::link,     CleanupMessages::gone,
-        CleanupMessages::replaced, CleanupMessages::modified, CleanupMessages::notMoved};
+    static const std::set<std::string_view> reasons{messages::noLongerInside, messages::becameLink,
+                                                    messages::gone,           messages::replaced,
+                                                    messages::modified,       messages::notMoved};
     for (const CleanupFailure& failure : result.failures) {
       EXPECT_TRUE(reasons.contains(failure.message)) << failure.message;
     }
@@ -96,10 +96,9 @@ class Race : public testing::TestWithParam<Row> {
     std::map<std::string, std::string> expected, found;
     for (const ScanCandidate& item : items) expected[item.url] = item.fileIdentity;
     const std::string folder = tree.trash() + "/files";
-    if (FileIdentity::read(systemFileManager(), folder)) {
+    if (std::filesystem::exists(folder)) {
       for (const test::TrashedItem& item : test::trashedItems(tree.trash())) {
-        found[item.info.path] =
-            FileIdentity::read(systemFileManager(), paths::appending(folder, item.name)).value();
+        found[item.info.path] = test::identityOf(paths::appending(folder, item.name));
       }
     }
     EXPECT_EQ(found, expected);

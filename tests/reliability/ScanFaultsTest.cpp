@@ -2,7 +2,7 @@
 #include <map>
 
 #include "context/GitInspector.h"
-#include "core/ScannerError.h"
+#include "core/ServiceInterfaces.h"
 #include "reliability/EveryFault.h"
 #include "scanner/DefaultFileScanner.h"
 #include "support/TreeSnapshot.h"
@@ -16,7 +16,7 @@ using test::snapshotOf;
 class ScanFaults : public EveryFault {
  protected:
   ScanFaults() {
-    files.mostBytesPerRead = 64;  // so that a folder can fail after its first entries
+    files.maxBytesPerRead = 64;  // so that a folder can fail after its first entries
     // File systems list folders in orders of their own, so that some of these come before others.
     for (const char* name : {"package.json", "Cargo.toml", "pom.xml", "mix.exs", "Pipfile"}) {
       tree.file(std::string("web/") + name);
@@ -50,8 +50,8 @@ class ScanFaults : public EveryFault {
       arm();
       try {
         DefaultFileScanner scanner(files, {.measuringThreads = 2,
-                                           .git = GitInspector::executable(),
-                                           .gitRunLimit = GitInspector::runLimit});
+                                           .git = GitCommand::executable(),
+                                           .gitRunLimit = GitCommand::runLimit});
         const ScanResult result = scanner.scan(root, mode, now, [](const auto&...) {}, {});
         disarm();
         if (expected.empty()) {

@@ -1,9 +1,8 @@
 #include "rules/ScanRules.h"
 
 #include <random>
-#include <span>
 #include <set>
-
+#include <span>
 
 namespace broomtide {
 namespace {
@@ -185,19 +184,6 @@ TEST(ScanRules, JudgementOnlyRaisesCaution) {
     EXPECT_EQ(judge(item), item.expected)
         << item.name << ' ' << rawValue(item.status) << ' ' << item.hasRepository;
   }
-}
-
-TEST(ScanRules, UnknownIdentifiersGetTheMostCautiousPolicy) {
-  ScanRule rule = ScanRules::project[0];
-  rule.id = "made-up";
-  EXPECT_FALSE(ScanRules::evaluate(rule, nullptr, ignored, true));
-  const ProjectContext project{
-      .root = "/p", .kinds = {ProjectKind::go}, .manifests = {"go.mod"}, .gitRoot = std::nullopt};
-  const auto result = ScanRules::evaluate(rule, &project, ignored, true);
-  ASSERT_TRUE(result);
-  EXPECT_EQ(result->safety, SafetyLevel::usuallySafe);
-  EXPECT_FALSE(result->isSelected);
-  EXPECT_EQ(result->regenerationCommand, std::nullopt);
 }
 
 }  // namespace

@@ -35,9 +35,8 @@ TEST(CacheScan, ReportsItsTargetsInOrder) {
   ASSERT_EQ(pathsOf(result), (std::vector<std::string>{"Library/Caches/pip", ".cargo/registry"}));
   EXPECT_TRUE(result.candidates[0].isSelected);
   EXPECT_FALSE(result.candidates[1].isSelected);
-  EXPECT_EQ(
-      result.candidates[0].evidence.lines(),
-      std::vector<std::string>{"Well-known developer cache location (~/Library/Caches/pip)."});
+  EXPECT_EQ(result.candidates[0].evidence.lines().at(0).text(),
+            "Well-known developer cache location (~/Library/Caches/pip).");
 }
 
 TEST(CacheScan, ExpandsVisibleChildFoldersOnly) {

@@ -3,7 +3,7 @@
 #include <chrono>
 
 #include "context/GitInspector.h"
-#include "core/ScannerError.h"
+#include "core/ServiceInterfaces.h"
 #include "scanner/DefaultFileScanner.h"
 #include "support/FaultyFileManager.h"
 #include "support/TemporaryTree.h"
@@ -56,7 +56,7 @@ class Cancellation : public testing::Test {
 };
 
 TEST_F(Cancellation, EndsTheScanWithinWhicheverUpdateItComes) {
-  const auto git = GitInspector::executable();
+  const auto git = GitCommand::executable();
   ASSERT_FALSE(isCancelledAt(1'000'000, ScanMode::project, git));
   const std::size_t last = updates - 1;  // in that one the scan is complete
   for (std::size_t number = 0; number < last; ++number) {

@@ -51,6 +51,9 @@ TEST_F(Measuring, ReportsEveryIntervalAndTheEnd) {
   }
   EXPECT_TRUE(std::ranges::is_sorted(calls));
   EXPECT_EQ(calls.back().first, 300 * 4096);
+  tree.run("rm *; for link in $(seq 200); do ln -s / $link; done");
+  EXPECT_EQ(measure(1).entries, 200);
+  EXPECT_EQ(entriesOfCalls(), std::vector<std::int64_t>{200}) << "intervals end with a link";
 }
 
 TEST_F(Measuring, SharesOneFolderAmongThreadsWithoutLosingAnything) {

@@ -3,7 +3,7 @@
 #include <latch>
 #include <thread>
 
-#include "core/ScannerError.h"
+#include "core/ServiceInterfaces.h"
 
 namespace broomtide {
 namespace {
@@ -19,7 +19,7 @@ void reportMany(ScanReports& reports) {
         candidate.size = number;
         reports.add(std::move(candidate));
       }
-      reports.report(number, reports.totalBytes(), std::to_string(number));
+      reports.report(number, reports.totalBytes(), bareName(std::to_string(number)));
     }
     reports.add({});  // no report tells of it
     throw std::out_of_range("the end");
@@ -41,7 +41,7 @@ TEST(ScanReports, ArriveWholeInOrderAndEndWithTheFailure) {
         if (next % 10 == 0) bytes += next;
         EXPECT_EQ(update.progress.entriesScanned, next);
         EXPECT_EQ(update.progress.reclaimableBytes, bytes);
-        EXPECT_EQ(update.progress.currentPath, std::to_string(next));
+        EXPECT_EQ(update.progress.currentPath.text(), std::to_string(next));
         EXPECT_EQ(update.candidateCount, static_cast<std::size_t>(next / 10 + 1));
         ++next;
       }
@@ -64,9 +64,9 @@ TEST(ScanReports, StopBothSidesHoweverMuchWaits) {
   std::jthread scanning([&] {
     try {
       for (std::size_t number = 0;; ++number) {
-        if (number == ScanReports::mostWaiting)
+        if (number == ScanReports::maxWaiting)
           isFull.count_down();  // the next report waits until one was taken
-        reports.report(0, 0, "");
+        reports.report(0, 0, {});
       }
     } catch (const CancellationError&) {
       isCancelled = true;

@@ -4,11 +4,8 @@
 #include <cerrno>
 #include <system_error>
 
-#include "app/FolderChoice.h"
-#include "cleanup/Revalidation.h"
-#include "core/ScannerError.h"
+#include "core/Messages.h"
 #include "rules/CacheRules.h"
-#include "rules/ContextPolicy.h"
 #include "rules/ScanRules.h"
 
 namespace broomtide::test {
@@ -33,7 +30,7 @@ class Texts {
   void addRule(const ScanRule& rule) {
     add(rule.category);
     add(rule.explanation);
-    add(contextPolicy(rule.id).regenerationCommand);
+    add(rule.policy.regenerationCommand);
   }
 
   void addTarget(const CacheTarget& target) {
@@ -43,20 +40,8 @@ class Texts {
   }
 
   void addMessages() {
-    using namespace CleanupMessages;
-    for (const std::string_view message : {cancelled, outside, link, gone, replaced, modified,
-                                           gitUnknown, tracked, notIgnored, notMoved})
-      add(message);
-    for (const auto failure :
-         {ScannerError::Case::invalidRoot, ScannerError::Case::permissionDenied})
-      add(ScannerError(failure).what());
-    add(CancellationError().what());
+    for (const std::string_view message : messages::all) add(message);
     for (const int error : fileErrors) add(std::generic_category().message(error));
-  }
-
-  void addFolderRequest(ScanMode mode) {
-    const FolderRequest request = FolderChoice::request(mode, std::nullopt);
-    for (const std::string_view text : {request.title, request.prompt, request.message}) add(text);
   }
 
   std::set<std::string> take() { return std::move(all_); }
@@ -76,8 +61,6 @@ std::set<std::string> engineTexts() {
   for (const ScanRule& rule : ScanRules::project) texts.addRule(rule);
   for (const ScanRule& rule : ScanRules::downloads) texts.addRule(rule);
   for (const CacheTarget& target : CacheRules::locations) texts.addTarget(target);
-  for (const ScanMode mode : {ScanMode::project, ScanMode::downloads, ScanMode::caches})
-    texts.addFolderRequest(mode);
   texts.addMessages();
   return texts.take();
 }
@@ -92,8 +75,8 @@ std::set<std::string> evidenceLines() {
       for (const GitItemStatus status : allGitStatuses) {
         for (const bool hasRepository : {false, true}) {
           const auto judgement = ScanRules::evaluate(rule, context, status, hasRepository);
-          if (judgement)
-            lines.insert(judgement->evidence.lines().begin(), judgement->evidence.lines().end());
+          if (!judgement) continue;
+          for (const Message& line : judgement->evidence.lines()) lines.insert(line.text());
         }
       }
     }

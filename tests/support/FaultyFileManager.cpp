@@ -16,7 +16,7 @@ std::error_code FaultyFileManager::openFolder(int folder, const char* name, Link
 std::error_code FaultyFileManager::readFolder(int folder, std::span<std::byte> buffer,
                                               std::size_t& filled) {
   if (const std::error_code error = onRead()) return error;
-  if (mostBytesPerRead > 0) buffer = buffer.first(std::min(buffer.size(), mostBytesPerRead));
+  if (maxBytesPerRead > 0) buffer = buffer.first(std::min(buffer.size(), maxBytesPerRead));
   const std::error_code error = systemFileManager().readFolder(folder, buffer, filled);
   for (std::size_t position = 0; hidesTypes && position < filled;) {
     std::uint16_t length = 0;
@@ -82,10 +82,10 @@ std::error_code FaultyFileManager::createFolder(int folder, const char* name) {
 }
 
 std::error_code FaultyFileManager::rename(int folder, const char* name, int newFolder,
-                                          const char* newName, NameTaken nameTaken) {
+                                          const char* newName, IfExists ifExists) {
   if (const std::error_code error = onChange(std::string("rename ") + name + " " + newName))
     return error;
-  return systemFileManager().rename(folder, name, newFolder, newName, nameTaken);
+  return systemFileManager().rename(folder, name, newFolder, newName, ifExists);
 }
 
 std::error_code FaultyFileManager::tryLock(int folder) {

@@ -24,7 +24,7 @@ class FaultyFileManager final : public FileManager {
   /// no.
   Interception onCheck = [](const std::string&) { return std::error_code(); };
   /// As if the buffer for the entries of a folder were this small, in bytes; 0 for as it is.
-  std::size_t mostBytesPerRead = 0;
+  std::size_t maxBytesPerRead = 0;
   bool hidesTypes = false;        ///< folders do not tell the types of their entries
   bool hasNoPermissions = false;  ///< every item shows that everybody may do everything
 
@@ -44,7 +44,7 @@ class FaultyFileManager final : public FileManager {
   std::error_code removeFile(int folder, const char* name) override;
   std::error_code createFolder(int folder, const char* name) override;
   std::error_code rename(int folder, const char* name, int newFolder, const char* newName,
-                         NameTaken nameTaken) override;
+                         IfExists ifExists) override;
   std::error_code tryLock(int folder) override;
 };
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <linux/filter.h>
+#include <linux/landlock.h>
 #include <linux/seccomp.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
@@ -33,6 +34,10 @@ void withUmask(mode_t mask, const std::function<void()>& action) {
   int status = -1;
   ASSERT_EQ(::waitpid(child, &status, 0), child);
   EXPECT_EQ(status, 0);
+}
+
+bool hasLandlock() {
+  return ::syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION) > 0;
 }
 
 void refuseToChangePermissions() {

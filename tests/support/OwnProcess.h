@@ -11,6 +11,9 @@ namespace broomtide::test {
 /// or fails an expectation, or the process ends in another way.
 void withUmask(mode_t mask, const std::function<void()>& action);
 
+/// Whether this kernel can keep threads from changing files and running programs.
+bool hasLandlock();
+
 /// From now on no permission of any item can be changed in this process.
 void refuseToChangePermissions();
 

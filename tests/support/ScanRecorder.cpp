@@ -6,15 +6,15 @@
 
 #include "context/GitInspector.h"
 #include "core/Paths.h"
-#include "platform/FileIdentity.h"
+#include "platform/PathSafety.h"
 #include "scanner/DefaultFileScanner.h"
 
 namespace broomtide::test {
 
 ScanResult ScanRecorder::scan(const std::string& root, ScanMode mode, Date now) {
   DefaultFileScanner scanner(fileManager_, {.measuringThreads = 2,
-                                            .git = GitInspector::executable(),
-                                            .gitRunLimit = GitInspector::runLimit,
+                                            .git = GitCommand::executable(),
+                                            .gitRunLimit = GitCommand::runLimit,
                                             .homeTrash = root + "/share/Trash"});
   std::vector<ScanCandidate> before;
   return scanner.scan(root, mode, now,
@@ -29,22 +29,32 @@ ScanResult ScanRecorder::scan(const std::string& root, ScanMode mode, Date now) 
                         for (const auto& [progress, candidateCount] : told) {
                           updates.push_back(std::to_string(progress.entriesScanned) + ' ' +
                                             std::to_string(progress.reclaimableBytes) + ' ' +
-                                            progress.currentPath + " (" +
+                                            progress.currentPath.text() + " (" +
                                             std::to_string(candidateCount) + ")");
                         }
                       },
                       {});
 }
 
+namespace {
+
+FileAttributes attributesOf(const std::string& path) {
+  FileAttributes attributes;
+  const std::error_code error = systemFileManager().readAttributes(
+      workingDirectory, path.c_str(), LinkPolicy::doNotFollow, attributes);
+  if (error) throw std::system_error(error, path);
+  return attributes;
+}
+
+}  // namespace
+
+std::string identityOf(const std::string& path) { return FileIdentity::token(attributesOf(path)); }
+
 ScanCandidate candidateBelow(const std::string& root, const std::string& relative) {
   ScanCandidate candidate;
   candidate.url = paths::appending(root, relative);
   candidate.relativePath = relative;
-  FileAttributes attributes;
-  if (const std::error_code error = systemFileManager().readAttributes(
-          workingDirectory, candidate.url.c_str(), LinkPolicy::doNotFollow, attributes)) {
-    throw std::system_error(error, candidate.url);
-  }
+  const FileAttributes attributes = attributesOf(candidate.url);
   candidate.kind = attributes.isFolder() ? CandidateKind::directory : CandidateKind::file;
   candidate.modificationDate = attributes.modificationDate;
   candidate.fileIdentity = FileIdentity::token(attributes);

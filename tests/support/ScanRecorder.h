@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "core/FileScanning.h"
+#include "core/ServiceInterfaces.h"
 #include "platform/FileManager.h"
 
 namespace broomtide::test {
@@ -24,6 +24,9 @@ class ScanRecorder {
  private:
   FileManager& fileManager_;
 };
+
+/// The identity of the item at an absolute path. Throws std::system_error when nothing is there.
+std::string identityOf(const std::string& path);
 
 /// What there is at a path below a folder, as a scan of that folder would offer it, but without its
 /// size and without what it was judged by. Throws std::system_error when nothing is there.

@@ -1,0 +1,306 @@
+#include "trash/Trash.h"
+
+#include <filesystem>
+
+#include "core/Paths.h"
+#include "platform/PathSafety.h"
+#include "support/FaultyFileManager.h"
+#include "support/OwnProcess.h"
+#include "support/ScanRecorder.h"
+#include "support/TemporaryTree.h"
+#include "support/TreeSnapshot.h"
+#include "trash/MountTable.h"
+#include "trash/TrashFormat.h"
+
+namespace broomtide {
+namespace {
+
+namespace fs = std::filesystem;
+using test::FaultyFileManager;
+using test::snapshotOf;
+
+std::error_code error(std::errc code) { return std::make_error_code(code); }
+
+// What a file manager does when the named operation on the item comes: something else happens
+// first, and perhaps it fails.
+FaultyFileManager::Interception when(
+    const std::string& operation, std::error_code failure, std::function<void()> first = [] {}) {
+  return [=](const std::string& called) {
+    if (!called.starts_with(operation)) return std::error_code();
+    first();
+    return failure;
+  };
+}
+
+class TrashMove : public testing::Test {
+ protected:
+  TrashMove() {
+    tree.file("work/build/object", "object");
+    tree.file("work/sibling", "sibling");
+    tree.folder("Trash/files");
+    tree.folder("Trash/info");
+  }
+
+  std::error_code move(const std::string& folder = "work", const std::string& home = "Trash") {
+    const std::string path = tree.path(folder);
+    Trash trash(files, tree.path(home));
+    const std::error_code result = trash.move(
+        {.folder = path,
+         .name = "build",
+         .identity = fs::exists(path + "/build") ? test::identityOf(path + "/build") : "",
+         .size = 4096,
+         .isFolder = true});
+    trash.recordSizes();
+    return result;
+  }
+
+  test::TemporaryTree tree;
+  FaultyFileManager files;
+};
+
+TEST_F(TrashMove, EveryFailingStepLeavesTheItemWhereItWas) {
+  const std::vector<std::pair<std::string, std::errc>> rows{
+      {"openFile /proc/self/mountinfo", std::errc::no_such_file_or_directory},
+      {"createFolder info", std::errc::read_only_file_system},
+      {"createFile build", std::errc::permission_denied},
+      {"writeFile", std::errc::no_space_on_device},
+      {"rename build", std::errc::device_or_resource_busy},
+      {"rename build", std::errc::cross_device_link},  // the Trash is on another file system
+      {"rename build", std::errc::invalid_argument},   // which cannot rename without replacing
+  };
+  const auto before = snapshotOf(tree.path("work"));
+  for (const auto& [step, failure] : rows) {
+    files.onChange = when(step, error(failure));
+    EXPECT_EQ(move(), failure) << step;
+    EXPECT_EQ(snapshotOf(tree.path("work")), before) << step;
+    EXPECT_TRUE(fs::is_empty(tree.path("Trash/info"))) << step;
+    EXPECT_TRUE(fs::is_empty(tree.path("Trash/files"))) << step;
+  }
+  // The information that cannot be taken back tells of an item that never came; no harm is done.
+  files.onChange = [](const std::string& called) {
+    return called.starts_with("rename") || called.starts_with("removeFile")
+               ? error(std::errc::io_error)
+               : std::error_code();
+  };
+  EXPECT_EQ(move(), std::errc::io_error);
+  EXPECT_EQ(snapshotOf(tree.path("work")), before);
+}
+
+TEST_F(TrashMove, NobodyElseSeesWhatIsInTheTrashWhateverTheUmask) {
+  for (const mode_t umask : {0U, 0777U, 0277U, 022U}) {
+    fs::remove_all(tree.path("Trash"));
+    tree.file("work/build/object", "object");
+    test::withUmask(umask, [this] { EXPECT_FALSE(move()); });
+    for (const char* folder : {"Trash", "Trash/files", "Trash/info"}) {
+      EXPECT_EQ(test::permissionsOf(tree.path(folder)), 0700U) << umask << ' ' << folder;
+    }
+    for (const char* file : {"Trash/info/build.trashinfo", "Trash/directorysizes"}) {
+      EXPECT_EQ(test::permissionsOf(tree.path(file)), 0600U) << umask << ' ' << file;
+    }
+    EXPECT_TRUE(fs::exists(tree.path("Trash/files/build/object"))) << umask;
+  }
+}
+
+TEST_F(TrashMove, ATrashThatOthersCanChangeIsRefusedUnlessNothingCanBeKeptFromThem) {
+  const auto open = [this](TrashSharing sharing) {
+    FileDescriptor folder;
+    EXPECT_FALSE(files.openFolder(workingDirectory, tree.path("Trash").c_str(),
+                                  LinkPolicy::doNotFollow, folder));
+    return TrashFolder(files).open(std::move(folder), sharing);
+  };
+  tree.run("chmod 755 Trash Trash/*");
+  EXPECT_FALSE(open(TrashSharing::refused));
+  for (const char* folder : {"Trash", "Trash/files", "Trash/info"}) {
+    for (const char* mode : {"775", "757", "1777"}) {
+      tree.run(std::string("chmod ") + mode + ' ' + folder);
+      EXPECT_EQ(open(TrashSharing::refused), std::errc::permission_denied) << folder << mode;
+      EXPECT_FALSE(open(TrashSharing::allowed)) << folder << mode;
+      files.hasNoPermissions = true;
+      EXPECT_FALSE(open(TrashSharing::refused)) << folder << mode;
+      files.hasNoPermissions = false;
+      EXPECT_EQ(std::distance(fs::recursive_directory_iterator(tree.path("Trash")), {}), 2);
+    }
+    tree.run(std::string("chmod 700 ") + folder);
+  }
+  tree.run("chmod 777 Trash");
+  files.hasNoPermissions = true;
+  for (const char* step : {"createFile .", "createFolder files"}) {
+    files.onChange = when(step, error(std::errc::read_only_file_system));
+    EXPECT_TRUE(open(TrashSharing::refused)) << step;
+  }
+}
+
+TEST(MountTable, ReadsTheFifthField) {
+  EXPECT_THAT(
+      MountTable::mountPoints("22 1 8:1 / / rw,relatime shared:1 - ext4 /dev/sda1 rw\n"
+                              "31 22 0:27 /sub /mnt/with\\040blank\\134 rw - tmpfs none rw\n"
+                              "broken\n"
+                              "32 22 0:28 / /none\\x40\\400\\08\\\\040 rw\n"
+                              "33 22 0:28 / /short\\04 rw"),
+      testing::ElementsAre("/", "/mnt/with blank\\", "/none\\x40\\400\\08\\ ", "/short\\04"));
+  std::vector<std::string> points;
+  EXPECT_EQ(MountTable::read(systemFileManager(), points), std::error_code());
+  EXPECT_THAT(points, testing::Contains("/proc"));
+}
+
+TEST_F(TrashMove, ATakenNameGivesTheNextOne) {
+  tree.folder("Trash/files/build");
+  tree.file("Trash/info/build.2.trashinfo", "someone else's");
+  EXPECT_FALSE(move());
+  EXPECT_EQ(snapshotOf(tree.path("Trash/files/build.3")).size(), 1U);
+  EXPECT_TRUE(fs::is_empty(tree.path("Trash/files/build")));
+  EXPECT_FALSE(fs::exists(tree.path("Trash/info/build.trashinfo")));
+  EXPECT_TRUE(fs::exists(tree.path("Trash/info/build.3.trashinfo")));
+
+  tree.file("work/build/object");
+  tree.run("rmdir Trash/files/build; touch Trash/info/build.trashinfo");
+  EXPECT_FALSE(move());
+  EXPECT_FALSE(fs::exists(tree.path("Trash/files/build"))) << "what is reserved was taken";
+}
+
+// However often the same folder is built and cleaned before somebody empties the Trash.
+TEST_F(TrashMove, EveryItemFindsAName) {
+  constexpr int cleanups = 100;
+  for (int cleanup = 1; cleanup <= cleanups; ++cleanup) {
+    tree.file("work/build/object");
+    ASSERT_FALSE(move()) << cleanup;
+  }
+  EXPECT_TRUE(fs::exists(tree.path("Trash/files/build.100/object")));
+}
+
+TEST_F(TrashMove, WhatIsSwappedAtTheLastMomentIsMovedBack) {
+  struct Row {
+    const char* name;
+    std::string beforeMoving;
+    std::string beforeMovingBack;
+    std::string newPlace;  ///< of the file that is not the item's
+  };
+  for (const Row& row : std::vector<Row>{
+           {"the item", "mv work/build work/old; mkdir work/build; touch work/build/new", ":",
+            "work/build/new"},
+           {"an item whose name is taken again",
+            "mv work/build work/old; mkdir work/build; touch work/build/new", "touch work/build",
+            "work/build.2/new"},
+           {"an item of which two names are taken",
+            "mv work/build work/old; mkdir work/build; touch work/build/new",
+            "touch work/build; ln -s nowhere work/build.2", "work/build.3/new"},
+           {"the folder, by a link", "mv work aside; ln -s aside work", ":", "aside/build/object"},
+           {"the folder, by another one",
+            "mkdir -p other/build; touch other/build/new; mv work aside; mv other work", ":",
+            "aside/build/object"},
+       }) {
+    tree.run("rm -rf work aside Trash/*/*; mkdir -p work/build; touch work/build/object");
+    files.onChange = when("rename build", {}, [&, renames = 0]() mutable {
+      const int rename = renames++;
+      if (rename < 2) tree.run(rename == 0 ? row.beforeMoving : row.beforeMovingBack);
+    });
+    EXPECT_TRUE(move()) << row.name;
+    EXPECT_TRUE(fs::exists(tree.path(row.newPlace))) << row.name;
+    EXPECT_TRUE(fs::is_empty(tree.path("Trash/files"))) << row.name;
+    EXPECT_TRUE(fs::is_empty(tree.path("Trash/info"))) << row.name;
+  }
+}
+
+TEST_F(TrashMove, WhatCannotBeMovedBackStaysInTheTrashWhole) {
+  files.onChange = [this, renames = 0](const std::string& called) mutable {
+    if (!called.starts_with("rename build")) return std::error_code();
+    if (renames++ > 0) return error(std::errc::io_error);
+    tree.run("mv build old; mkdir build; touch build/new", "work");
+    return std::error_code();
+  };
+  EXPECT_TRUE(move());
+  EXPECT_TRUE(fs::exists(tree.path("Trash/files/build/new")));
+  EXPECT_TRUE(fs::exists(tree.path("Trash/info/build.trashinfo")));
+  EXPECT_TRUE(fs::exists(tree.path("work/old/object")));
+}
+
+TEST_F(TrashMove, AnItemThatCannotBeLookedAtAfterwardsIsMovedBack) {
+  bool isMoved = false;
+  files.onChange = when("rename", {}, [&] { isMoved = true; });
+  files.onAttributes = [&](const std::string& name) {
+    return isMoved && name == "build" ? error(std::errc::io_error) : std::error_code();
+  };
+  const auto before = snapshotOf(tree.path("work/build"));
+  EXPECT_EQ(move(), std::errc::io_error);
+  EXPECT_EQ(snapshotOf(tree.path("work/build")), before);
+  EXPECT_TRUE(fs::is_empty(tree.path("Trash/info")));
+}
+
+TEST_F(TrashMove, WhatIsInATrashAlreadyStaysThere) {
+  tree.link("Trash", "linked");
+  for (const std::string folder :
+       {"Trash/files", "Trash/files/deeper", ".Trash-1000/files", ".Trash/0"}) {
+    tree.file(folder + "/build/object", "object");
+    for (const char* home : {"Trash", "linked"}) {
+      const auto before = snapshotOf(tree.root());
+      EXPECT_TRUE(move(folder, home)) << folder;
+      EXPECT_EQ(snapshotOf(tree.root()), before) << folder;
+    }
+  }
+}
+
+TEST_F(TrashMove, AFolderThatIsReplacedByALinkIsNotEntered) {
+  tree.file("outside/build/precious");
+  tree.run("mv work away; ln -s outside work");
+  const auto before = snapshotOf(tree.root());
+  EXPECT_TRUE(move());
+  EXPECT_EQ(snapshotOf(tree.root()), before);
+}
+
+TEST_F(TrashMove, FailingToRecordSizesIsNoFailure) {
+  for (const char* step :
+       {"openFile directorysizes", "createFile directorysizes", "rename directorysizes"}) {
+    tree.file("work/build/object", "object");
+    files.onChange = when(step, error(std::errc::io_error));
+    EXPECT_FALSE(move()) << step;
+    EXPECT_EQ(std::distance(fs::directory_iterator(tree.path("Trash")), {}), 2) << step;
+  }
+  tree.file("Trash/directorysizes", "7 8 build.4\n1 2 kept");  // the first has gone
+  files.onChange = [](const auto&) { return std::error_code(); };
+  tree.file("work/build/object", "object");
+  EXPECT_FALSE(move());
+  EXPECT_THAT(snapshotOf(tree.path("Trash")),
+              testing::Contains(testing::HasSubstr(" 1 2 kept\n4096 ")));
+}
+
+// A drive may bring any file along.
+TEST_F(TrashMove, AListOfSizesThatIsFarTooLongIsLeftAlone) {
+  tree.run("mkdir Trash; truncate -s 1T Trash/directorysizes");
+  EXPECT_FALSE(move());
+  EXPECT_EQ(fs::file_size(tree.path("Trash/directorysizes")), std::uintmax_t{1} << 40U);
+  EXPECT_EQ(std::distance(fs::directory_iterator(tree.path("Trash")), {}), 3);
+}
+
+TEST(TrashName, RecordsWhereAnItemWas) {
+  EXPECT_EQ(recordedPath("/srv/app/build", ""), "/srv/app/build");
+  EXPECT_EQ(recordedPath("/srv/app/build", "/srv"), "app/build");
+  EXPECT_EQ(recordedPath("/srv/app/build", "/"), "srv/app/build");
+  EXPECT_EQ(recordedPath("/build", "/"), "build");
+}
+
+TEST(TrashName, FitsAndKeepsTheExtension) {
+  std::string umlauts;
+  while (umlauts.size() < 250) umlauts += "ü";
+  struct Row {
+    std::string name;
+    std::uint64_t number;
+    std::string expected;
+  };
+  for (const Row& row : std::vector<Row>{
+           {"build", 1, "build"},
+           {"build", 2, "build.2"},
+           {".next", 2, ".next.2"},
+           {"a.tar.gz", 12, "a.tar.12.gz"},
+           {std::string(255, 'n'), 1, std::string(245, 'n')},
+           {std::string(251, 'n') + ".log", 1, std::string(241, 'n') + ".log"},
+           {std::string(251, 'n') + ".log", 10, std::string(238, 'n') + ".10.log"},
+           {umlauts + ".zip", 1, umlauts.substr(0, 240) + ".zip"},
+           {"a." + std::string(250, 'x'), 1, "a." + std::string(243, 'x')},
+           {std::string(255, '\xff'), 1, std::string(245, '\xff')},
+       }) {
+    EXPECT_EQ(trashName(row.name, row.number), row.expected);
+  }
+}
+
+}  // namespace
+}  // namespace broomtide
