@@ -100,7 +100,7 @@ CleanCommand::Decision CleanCommand::decide(const CandidateRows& selected) const
   }
   if (isDryRun_) return Decision::dryRun;
   if (isConfirmed_) return Decision::clean;
-  std::cerr << "Move selected items to Trash? [y/N] " << std::flush;
+  std::cerr << messages::moveToTrash << " [y/N] " << std::flush;
   std::string answer;
   std::getline(std::cin, answer);
   if (std::cin.eof()) std::cerr << '\n';

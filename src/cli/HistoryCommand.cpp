@@ -20,8 +20,7 @@ ExitStatus HistoryCommand::run() const {
   session.loadHistory();
   const std::vector<CleanupHistoryEntry>& entries = session.model().history();
   if (isJson_) {
-    writeArray(std::cout, entries, "");
-    std::cout << '\n';
+    writeJson(std::cout, entries);
   } else {
     writeText(std::cout, entries, TerminalStyle::forDescriptor(STDOUT_FILENO));
   }

@@ -9,17 +9,51 @@
 #include "core/DateText.h"
 #include "core/EscapedText.h"
 #include "core/Paths.h"
+#include "core/RecordJson.h"
 
 namespace broomtide::cli {
 namespace {
+
+template <typename Record>
+const Record& recordOf(const Record& record) {
+  return record;
+}
+template <typename Record>
+const Record& recordOf(const Record* record) {
+  return *record;
+}
+
+// Writes records, or what pointers to records point to, as a JSON array, one on each line, which
+// is itself indented by `indent`.
+template <typename Records>
+void writeArray(std::ostream& out, const Records& records, std::string_view indent) {
+  std::string_view separator = "[\n";
+  for (const auto& record : records) {
+    out << separator << indent << "  " << toJson(recordOf(record)).dump(-1, ' ', true);
+    separator = ",\n";
+  }
+  if (records.empty()) {
+    out << "[]";
+  } else {
+    out << '\n' << indent << ']';
+  }
+}
+
+// The same as one field of an object.
+template <typename Records>
+void writeField(std::ostream& out, std::string_view name, const Records& records) {
+  out << "  \"" << name << "\": ";
+  writeArray(out, records, "  ");
+}
+
+const char* literal(bool value) { return value ? "true" : "false"; }
 
 using Role = TerminalStyle::Role;
 
 std::string issueLines(const std::vector<ScanIssue>& issues, const TerminalStyle& style) {
   if (issues.empty()) return {};
-  std::string text = style(Role::usuallySafe, std::to_string(issues.size()) +
-                                                  " item(s) could not be read and were skipped.") +
-                     '\n';
+  const Message skipped{.pattern = messages::itemsSkipped, .values = {countValue(issues.size())}};
+  std::string text = style(Role::usuallySafe, skipped.text()) + '\n';
   for (const ScanIssue& issue : issues) {
     text += "    " + escaped(issue.path) + ": " + escaped(issue.message) + '\n';
   }
@@ -27,14 +61,10 @@ std::string issueLines(const std::vector<ScanIssue>& issues, const TerminalStyle
 }
 
 std::string nothingFound(const ScanReport& report, const TerminalStyle& style) {
-  std::string text = style(Role::heading, "Nothing to clean here") + '\n';
-  if (report.mode == ScanMode::caches) {
-    text += "The known developer cache locations under this folder are already clean.\n\n";
-  } else {
-    text += "Broomtide scanned " + std::to_string(report.entriesScanned) +
-            " items but did not find a supported disposable artifact in this folder.\n\n";
-  }
-  return text;
+  const Message why{.pattern = report.mode == ScanMode::caches ? messages::cachesClean
+                                                               : messages::nothingSupported,
+                    .values = {nameValue(std::to_string(report.entriesScanned))}};
+  return style(Role::heading, messages::nothingFound) + '\n' + why.text() + "\n\n";
 }
 
 std::string totals(const ScanReport& report, const TerminalStyle& style) {
@@ -78,19 +108,14 @@ void writeJson(std::ostream& out, const ScanReport& report) {
   out << "\n}\n";
 }
 
-namespace {
-
-const char* literal(bool value) { return value ? "true" : "false"; }
-
-}  // namespace
-
 void writeText(std::ostream& out, const CleanReport& report, const TerminalStyle& style) {
   using Role = TerminalStyle::Role;
   if (report.isDryRun) {
     out << "Nothing was moved: this was a dry run.\n";
     return;
   }
-  const std::string_view title = report.moved.empty() ? "Nothing was moved" : "Cleanup complete";
+  const std::string_view title =
+      report.moved.empty() ? "Nothing was moved" : messages::cleanupComplete;
   out << style(Role::heading, title) << " · " << counted(report.moved.size(), "item") << " · "
       << formatByteCount(sumOfSizes(report.moved)) << " moved to Trash\n";
   if (!report.moved.empty()) out << "Your file manager can restore it from the Trash.\n";
@@ -114,7 +139,7 @@ void writeText(std::ostream& out, const std::vector<CleanupHistoryEntry>& entrie
                const TerminalStyle& style) {
   using Role = TerminalStyle::Role;
   if (entries.empty()) {
-    out << style(Role::heading, "No cleanup history") << "\nCompleted cleanups will appear here.\n";
+    out << style(Role::heading, messages::noHistory) << '\n' << messages::historyAppears << '\n';
     return;
   }
   // Date, count and size of each entry, and how wide each of these columns is.
@@ -141,6 +166,11 @@ void writeText(std::ostream& out, const std::vector<CleanupHistoryEntry>& entrie
     }
     out << '\n';
   }
+}
+
+void writeJson(std::ostream& out, const std::vector<CleanupHistoryEntry>& entries) {
+  writeArray(out, entries, "");
+  out << '\n';
 }
 
 }  // namespace broomtide::cli

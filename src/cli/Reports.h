@@ -3,12 +3,10 @@
 #include <cstdint>
 #include <ostream>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "cli/CandidateList.h"
 #include "cli/TerminalText.h"
-#include "core/RecordJson.h"
 #include "core/Records.h"
 #include "core/ServiceInterfaces.h"
 
@@ -50,36 +48,7 @@ void writeJson(std::ostream& out, const CleanReport& report);
 void writeText(std::ostream& out, const std::vector<CleanupHistoryEntry>& entries,
                const TerminalStyle& style);
 
-template <typename Record>
-const Record& recordOf(const Record& record) {
-  return record;
-}
-template <typename Record>
-const Record& recordOf(const Record* record) {
-  return *record;
-}
-
-/// Writes records, or what pointers to records point to, as a JSON array, one on each line, which
-/// is itself indented by `indent`.
-template <typename Records>
-void writeArray(std::ostream& out, const Records& records, std::string_view indent) {
-  std::string_view separator = "[\n";
-  for (const auto& record : records) {
-    out << separator << indent << "  " << toJson(recordOf(record)).dump(-1, ' ', true);
-    separator = ",\n";
-  }
-  if (records.empty()) {
-    out << "[]";
-  } else {
-    out << '\n' << indent << ']';
-  }
-}
-
-/// The same as one field of an object.
-template <typename Records>
-void writeField(std::ostream& out, std::string_view name, const Records& records) {
-  out << "  \"" << name << "\": ";
-  writeArray(out, records, "  ");
-}
+/// Writes the history for programs: one JSON array, in the order given.
+void writeJson(std::ostream& out, const std::vector<CleanupHistoryEntry>& entries);
 
 }  // namespace broomtide::cli

@@ -9,6 +9,17 @@
 #include "platform/FileManager.h"
 #include "platform/PathSafety.h"
 
+// How Git is run. A repository that is added puts its listings (what is tracked, what is ignored)
+// into a queue; a few threads, each confined for good before its first child, take one listing
+// after the other and run Git for it. The first listing of a repository that fails makes the other
+// one fail without a run, because nobody believes one without the other.
+//
+// A snapshot becomes available when its last listing has come in, and never changes afterwards.
+// Whoever asks for one waits on `snapshotReady_`, which is woken up once for each repository. Git's
+// answer counts as none when it fails, complains, takes too long, lists what no index can hold, or
+// when a repository with commits has lost its index: Git would list nothing as tracked then, and
+// every tracked file would pass for an unknown one.
+
 namespace broomtide {
 namespace {
 

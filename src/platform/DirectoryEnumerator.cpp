@@ -10,6 +10,19 @@
 
 #include "core/ServiceInterfaces.h"
 
+// How a tree is read. Every folder on the way from the top to the current entry is a level, which
+// keeps the names whose turn has not come: with `byName` those of all its entries, with
+// `foldersAfter` those of its subfolders, while its other entries are handed out straight from the
+// kernel's buffer.
+//
+//   top ─ level 0 ─ level 1 ─ … ─ level n     the levels before uppermostOpen_ have no descriptor
+//
+// Going down opens the next folder by its name from the descriptor of the level, without following
+// a symlink. When more than `maxOpenFolders` are open then, the uppermost descriptor is closed.
+// Going up to a level without a descriptor opens ".." of the level below and compares device and
+// inode with what was seen before. When they differ, a folder was moved meanwhile; the level stays
+// without a descriptor, and what is left in it is reported as stale (ESTALE).
+
 namespace broomtide {
 namespace {
 

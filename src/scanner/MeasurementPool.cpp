@@ -8,6 +8,20 @@
 #include "core/Paths.h"
 #include "platform/DirectoryEnumerator.h"
 
+// How work is shared. Whole folders wait in a queue, first come, first served. A thread takes one,
+// opens and identifies it, and adds up what is in it. Whenever some thread is idle and nothing
+// waits
+// (`hasIdleThread`, one relaxed read for each entry), a thread that measures detaches a subfolder
+// that it has not entered yet and puts it on the stack of subtrees, from which idle threads take
+// before they take the next whole folder: so one large folder is shared by all, and small ones cost
+// no hand-over. A measurement counts its parts, one for the whole folder and one for each detached
+// subtree, and is over when the last part is.
+//
+// Entries are added to a measurement in portions of at most `progressInterval`, so that its lock is
+// taken once for many entries, and progress can be told exactly at every interval. While the walk
+// still hands in folders, one processor is left to it. A thread that is asked to stop leaves its
+// measurement unfinished; whoever waits for that one is asked to stop as well.
+
 namespace broomtide {
 namespace {
 

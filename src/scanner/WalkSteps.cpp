@@ -5,6 +5,22 @@
 
 #include "core/Paths.h"
 
+// How a walk is written down. All steps of a project scan are kept until every project is known, a
+// million and more, so a step is a record of eight bytes and its name:
+//
+//   records_        one for each step: its kind and the length of its name; before it, when it lies
+//                   in another folder than the step before, one that changes the folder
+//   text_           the names of the steps and the changes of the folder, one after the other and
+//                   with nothing between them, in the order of the records
+//   keptOfFolders_  for each change of the folder, how many bytes stay of the folder before; its
+//                   text is what is appended to them
+//   matches_        for each matched step, what is known of the match
+//   issues_         for each step with an issue, its text
+//
+// A reader goes through all five side by side. The folder stays the same from one batch to the
+// next: a batch begins in the folder in which the one before has ended, so batches are read in
+// order and none is left out. A step that was passed over is only counted; it has no name.
+
 namespace broomtide {
 
 using enum WalkStep::Kind;

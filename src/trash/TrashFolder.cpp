@@ -8,6 +8,23 @@
 #include "platform/WholeFile.h"
 #include "trash/TrashFormat.h"
 
+// The order of steps, which is what keeps an item whole whenever the process is killed:
+//
+//   1. info/NAME.trashinfo is created exclusively and written whole. This reserves NAME; when the
+//      name is taken, the next number is tried.
+//   2. The item is renamed to files/NAME, atomically and without replacing anything.
+//   3. What arrived is looked at: the identity that was asked for, out of a folder that is still
+//      where it was. Anything else was swapped at the last moment, and is renamed back.
+//   4. After a failure in 2 or 3 the information is removed again.
+//   5. At the end of a cleanup, the sizes of folders are merged into `directorysizes`, which is
+//      replaced by renaming a finished file.
+//
+// Killed between 1 and 2, or between the steps of 4, there is information without an item, which
+// every reader of a Trash passes over. An item without information is never there.
+//
+// Others may use the same Trash at any time. All names are relative to descriptors that were opened
+// once, so that nothing that is renamed or replaced by a symlink meanwhile leads elsewhere.
+
 namespace broomtide {
 namespace {
 

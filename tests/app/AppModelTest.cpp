@@ -106,33 +106,6 @@ TEST_F(Model, AScanShowsItsUpdatesAndThenItsResult) {
   EXPECT_THAT(access.record, ElementsAre("+/some/root"));
 }
 
-TEST_F(Model, UpdatesThatCameTogetherAreShownOneByOne) {
-  const std::vector<ScanCandidate> found{candidate("b", 5), candidate("a", 7), candidate("c", 1)};
-  const std::vector<ScanUpdate> updates{
-      {{1, 0, "b"}, 0}, {{2, 5, "a"}, 1}, {{3, 12, "a"}, 2}, {{4, 13, "c"}, 3}};
-  script.scans.push_back([found, updates](const UpdateFunction& onUpdate, const auto&) {
-    onUpdate(updates, found, 0);
-    return ScanResult{found, {}, {}};
-  });
-  std::vector<std::pair<ScanProgress, std::vector<std::string>>> shown;
-  const auto watch = model->observe([&](AppModel::Field field) {
-    if (field == candidates && model->route() == Route::scanning) {
-      shown.emplace_back(model->progress(), paths());
-    }
-    if (shown.size() == 4 && model->rootURL()) model->returnHome();
-  });
-  model->beginScan("/root", ScanMode::project, true);
-  main.runNext();
-  ASSERT_EQ(shown.size(), 4U);  // the scan's start, and three updates until somebody went home
-  EXPECT_EQ(shown[1].first, updates[0].progress);
-  EXPECT_THAT(shown[1].second, testing::IsEmpty());
-  EXPECT_THAT(shown[2].second, ElementsAre("b"));
-  EXPECT_EQ(shown[3].first, updates[2].progress);
-  EXPECT_THAT(shown[3].second, ElementsAre("b", "a"));
-  EXPECT_THAT(paths(), testing::IsEmpty());
-  EXPECT_EQ(model->progress().entriesScanned, 0);
-}
-
 TEST_F(Model, NothingOfASupersededScanIsShown) {
   // The first scan ends in every possible way after the second one has begun.
   const std::vector<std::function<ScanResult()>> ends{

@@ -64,7 +64,7 @@ struct Reports {
     std::ostringstream out;
     writeJson(out, scan());
     writeJson(out, clean());
-    writeArray(out, history, "");
+    writeJson(out, history);
     return out.str();
   }
 

@@ -52,32 +52,5 @@ TEST(GitSnapshot, ClassifiesEveryLocation) {
   EXPECT_EQ(silent.status("/r/repo/build", true), unavailable);
 }
 
-TEST(PathSet, AgreesWithAPlainSearch) {
-  std::mt19937 random(3);
-  const auto path = [&random] {
-    std::string text(1, "ab"[random() % 2]);
-    while (random() % 3 != 0) text += "/ab-."[random() % 5];
-    return text;
-  };
-  for (int round = 0; round < 200; ++round) {
-    std::vector<std::string> paths;
-    while (paths.size() < 20) {
-      if (std::string next = path(); !next.ends_with('/')) paths.push_back(next);
-    }
-    const PathSet set(joined(paths));
-    for (int query = 0; query < 50; ++query) {
-      const std::string asked = path();
-      const auto anyOf = [&paths](const auto& test) { return std::ranges::any_of(paths, test); };
-      EXPECT_EQ(set.contains(asked), anyOf([&](const auto& held) { return held == asked; }));
-      EXPECT_EQ(set.containsBelow(asked),
-                anyOf([&](const auto& held) { return held.starts_with(asked + '/'); }));
-      EXPECT_EQ(set.covers(asked), anyOf([&](const auto& held) {
-                  return held == asked || asked.starts_with(held + '/');
-                }))
-          << asked;
-    }
-  }
-}
-
 }  // namespace
 }  // namespace broomtide

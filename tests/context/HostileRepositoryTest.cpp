@@ -141,31 +141,6 @@ TEST_F(HostileRepository, EndsWhereAPipeIsInTheWay) {
   }
 }
 
-// The objects are read as well, because the index stands for whole folders.
-TEST_F(HostileRepository, EndsAndChangesNothingWhateverFileIsDamaged) {
-  makeSparse();
-  prepare("git gc -q");
-  tree.file("repo/.git/objects/info/alternates", tree.path("elsewhere"));
-  tree.run("rm -r repo/.git/hooks; cp -a repo kept");
-  EXPECT_TRUE(inspect().isAvailable);
-  for (const auto& item : std::filesystem::recursive_directory_iterator(tree.path("kept/.git"))) {
-    if (!item.is_regular_file()) continue;
-    const std::string file = item.path().native().substr(tree.path("kept/").size());
-    for (const char* damage :
-         {"rm -f $FILE; mkfifo $FILE", "rm -f $FILE; mkdir $FILE", "rm -f $FILE; touch $FILE",
-          "ln -sf /dev/zero $FILE", "truncate -s 1T $FILE", "dd if=$TRAP of=$FILE bs=1 count=9"}) {
-      SCOPED_TRACE(file + ": " + damage);
-      prepare("FILE=" + file + "; chmod u+w $FILE; " + damage);
-      const auto before = test::snapshotOf(root);
-      const bool isAvailable = inspect(500ms).isAvailable;
-      EXPECT_FALSE(isAvailable && file == ".git/index");
-      EXPECT_EQ(test::snapshotOf(root), before);
-      tree.run("rm -rf repo; cp -a kept repo");
-    }
-  }
-  EXPECT_FALSE(hasTrapRun());
-}
-
 // Git does not stop at what it is told; so it could not do any of this if it were not told.
 TEST_F(HostileRepository, IsHeldBackTwice) {
   if (!test::hasLandlock()) GTEST_SKIP() << "this kernel cannot keep Git from running programs";

@@ -47,30 +47,6 @@ TEST(FileManager, OpensAndExaminesBelowAFolderThroughNoLink) {
   }
 }
 
-// Folders as deep as this are opened many times, so not each of those above is opened every time.
-TEST(FileManager, OpensAPathOfAnyLengthInLargePieces) {
-  test::TemporaryTree tree;
-  const std::string name(200, 'd');
-  tree.run("for i in $(seq 50); do mkdir " + name + " && cd -P " + name + "; done; echo > here");
-  std::string path = name;
-  for (int depth = 1; depth < 50; ++depth) path += '/' + name;
-  test::FaultyFileManager files;
-  FileDescriptor top;
-  ASSERT_FALSE(
-      files.openFolder(workingDirectory, tree.root().c_str(), LinkPolicy::doNotFollow, top));
-  int calls = 0;
-  files.onOpen = [&calls](const std::string&) {
-    ++calls;
-    return std::error_code();
-  };
-  FileDescriptor opened;
-  ASSERT_FALSE(openFolderBelow(files, top.get(), path, opened));
-  EXPECT_EQ(calls, 3);
-  FileAttributes attributes;
-  EXPECT_FALSE(readAttributesBelow(files, top.get(), path + "/here", attributes));
-  EXPECT_TRUE(attributes.isRegularFile());
-}
-
 TEST(FileManager, WhatIsCreatedKeepsTheGroupOfItsFolder) {
   for (const mode_t umask : {0U, 0777U, 0277U, 022U}) {
     test::TemporaryTree tree;

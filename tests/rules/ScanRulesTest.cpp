@@ -83,41 +83,6 @@ TEST(ScanRules, MatchDownloadsByAge) {
   EXPECT_EQ(ruleFor("a.pdf", directory, ScanMode::downloads), "");
 }
 
-// The index must answer as trying every rule in table order would.
-TEST(ScanRules, LookUpAgreesWithTryingEveryRule) {
-  std::vector<std::string> names{"", ".", ".gz", "x.gz"};
-  for (const auto& table : {std::span<const ScanRule>(ScanRules::project),
-                            std::span<const ScanRule>(ScanRules::downloads)}) {
-    for (const ScanRule& rule : table) {
-      const std::string text(rule.matcher.text);
-      const std::string prefix(rule.matcher.prefix);
-      names.insert(names.end(), {text, "." + text, "x." + text, prefix + "." + text,
-                                 prefix + "1." + text, text + "x", prefix + text});
-    }
-  }
-  std::mt19937 random(7);
-  const std::string letters = "abgltzDMG. _";
-  for (int count = 0; count < 20'000; ++count) {
-    std::string name = names[random() % names.size()];
-    if (!name.empty()) name[random() % name.size()] = letters[random() % letters.size()];
-    names.push_back(name);
-  }
-  for (const ScanMode mode : {ScanMode::project, ScanMode::downloads}) {
-    const std::span<const ScanRule> table = mode == ScanMode::project
-                                                ? std::span<const ScanRule>(ScanRules::project)
-                                                : std::span<const ScanRule>(ScanRules::downloads);
-    for (const std::string& name : names) {
-      for (const CandidateKind kind : {file, directory}) {
-        const auto expected = std::ranges::find_if(
-            table, [&](const ScanRule& rule) { return ScanRules::recognises(rule, name, kind); });
-        EXPECT_EQ(ruleFor(name, kind, mode, Date::min()),
-                  expected == table.end() ? "" : expected->id)
-            << name;
-      }
-    }
-  }
-}
-
 TEST(ScanRules, ProtectWhatCannotBeRecreated) {
   for (const char* name :
        {".env", ".ENV", ".env.local", ".Env.Production", "Cargo.lock", "PACKAGE-LOCK.JSON",

@@ -73,19 +73,6 @@ TEST_F(Cancellation, AnswersWhileGitNeverEnds) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, 30s);
 }
 
-TEST_F(Cancellation, ComesBeforeAnythingIsRead) {
-  std::stop_source stopping;
-  stopping.request_stop();
-  files.onOpen = [](const std::string& name) {
-    ADD_FAILURE() << name;
-    return std::error_code();
-  };
-  DefaultFileScanner scanner(files);
-  EXPECT_THROW(scanner.scan(
-                   tree.root(), ScanMode::caches, {}, [](const auto&...) {}, stopping.get_token()),
-               CancellationError);
-}
-
 TEST_F(Cancellation, AnErrorOfTheReceiverEndsTheScanAsItIs) {
   DefaultFileScanner scanner(files);
   EXPECT_THROW(scanner.scan(tree.root(), ScanMode::project, {},

@@ -101,28 +101,6 @@ TEST_F(Measuring, ListsProblemsInTheOrderOfTheTreeAndGoesOn) {
   }
 }
 
-// One thread takes one folder after the other, so that what comes last has seen all the others end.
-TEST_F(Measuring, ReadsNothingMoreOfWhatNobodyAsksFor) {
-  for (const char* path : {"early/f", "late/first/f", "late/second/f", "wanted/f"}) tree.file(path);
-  FileDescriptor top;
-  ASSERT_FALSE(
-      files.openFolder(workingDirectory, tree.root().c_str(), LinkPolicy::doNotFollow, top));
-  MeasurementPool pool(files, std::move(top), 1, {});
-  const auto early = pool.measure("early");
-  const auto late = pool.measure("late");
-  const auto wanted = pool.measure("wanted");
-  std::vector<std::string> opened;
-  files.onOpen = [&](const std::string& name) {
-    opened.push_back(name);
-    if (name == "first") late->abandon();
-    return std::error_code();
-  };
-  early->abandon();
-  pool.finish();
-  EXPECT_EQ(wanted->await(tree.path("wanted"), {}, [](auto...) {}).entries, 1);
-  EXPECT_EQ(opened, (std::vector<std::string>{"late", "first", "wanted"}));
-}
-
 TEST_F(Measuring, PassesOnWhatMadeItFail) {
   tree.file("a/b");
   files.onAttributes = [](const std::string&) -> std::error_code { throw std::bad_alloc(); };

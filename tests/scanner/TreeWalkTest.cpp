@@ -71,17 +71,6 @@ TEST_F(Walking, FindsProjectsAndRepositoriesDeepestFirst) {
   }
 }
 
-TEST_F(Walking, TellsOfProjectsThatCannotBeLookedFor) {
-  for (const char* path : {"App.xcodeproj/x/y", "src/x"}) tree.file(path);  // a bundle holds none
-  files.onOpen = [](const std::string& name) {
-    const bool isClosed = name == "x" || name == "src";
-    return std::make_error_code(isClosed ? std::errc::permission_denied : std::errc());
-  };
-  const ProjectDiscovery discovery = discover();
-  ASSERT_EQ(discovery.issues.size(), 1U);
-  EXPECT_EQ(discovery.issues[0].path, tree.path("src"));
-}
-
 TEST_F(Walking, EndsWhenItRunsOutOfOpenFilesOrMemory) {
   tree.folder("a");
   for (const std::errc failure :
@@ -92,25 +81,6 @@ TEST_F(Walking, EndsWhenItRunsOutOfOpenFilesOrMemory) {
     };
     EXPECT_THROW(discover(), std::system_error);
   }
-}
-
-// The last folder is not read before one that was matched earlier is being measured.
-TEST_F(Walking, HasFoldersMeasuredWhileItGoesOn) {
-  tree.file("package.json");
-  for (int number = 100; number < 500; ++number) {
-    tree.folder(std::to_string(number) + "/node_modules");
-  }
-  tree.folder("last");
-  std::promise<void> isMeasured;
-  const std::shared_future<void> measured = isMeasured.get_future().share();
-  files.onOpen = [&](const std::string& name) {
-    if (name == "100/node_modules") isMeasured.set_value();
-    if (name == "last") {
-      EXPECT_EQ(measured.wait_for(std::chrono::seconds(20)), std::future_status::ready);
-    }
-    return std::error_code();
-  };
-  discover();
 }
 
 TEST_F(Walking, StopsWhenAskedTo) {

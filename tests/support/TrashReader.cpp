@@ -8,11 +8,13 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <set>
 #include <stdexcept>
 #include <system_error>
 
 #include "core/Date.h"
+#include "core/Paths.h"
 
 namespace broomtide::test {
 namespace {
@@ -33,69 +35,16 @@ std::set<std::string> namesIn(const fs::path& folder) {
   return names;
 }
 
-// Takes `expected` off the beginning of the text.
-bool take(std::string_view expected, std::string_view& text) {
-  if (!text.starts_with(expected)) return false;
-  text.remove_prefix(expected.size());
-  return true;
-}
-
-std::string_view takeLine(std::string_view& text) {
-  const std::string_view line = text.substr(0, text.find('\n'));
-  text.remove_prefix(line.size());
-  return line;
-}
-
-bool isPlain(char byte) {
-  constexpr std::string_view marks = "-._~/";
-  return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z') ||
-         (byte >= '0' && byte <= '9') || marks.find(byte) != std::string_view::npos;
-}
-
-// Everything that must be encoded is, nothing else, and with capital letters.
-bool isEncodedPath(std::string_view text) {
-  constexpr std::string_view digits = "0123456789ABCDEF";
-  for (std::size_t position = 0; position < text.size(); ++position) {
-    if (isPlain(text[position])) continue;
-    if (text[position] != '%' || text.size() - position < 3) return false;
-    const auto high = digits.find(text[++position]);
-    const auto low = digits.find(text[++position]);
-    if (high == std::string_view::npos || low == std::string_view::npos) return false;
-    const std::size_t value = high * 16 + low;
-    if (value == 0 || isPlain(static_cast<char>(value))) return false;
-  }
-  return !text.empty();
-}
-
-bool isDate(const std::string& text) { return dateFromIso8601(text + 'Z').has_value(); }
-
 }  // namespace
 
-std::optional<std::string> percentDecoded(std::string_view text) {
-  std::string decoded;
-  for (std::size_t position = 0; position < text.size(); ++position) {
-    if (text[position] != '%') {
-      decoded += text[position];
-      continue;
-    }
-    const std::string_view digits = text.substr(position + 1, 2);
-    if (digits.size() < 2 ||
-        digits.find_first_not_of("0123456789ABCDEFabcdef") != std::string_view::npos) {
-      return std::nullopt;
-    }
-    decoded += static_cast<char>(std::stoi(std::string(digits), nullptr, 16));
-    position += 2;
-  }
-  return decoded;
-}
-
-std::optional<TrashInfo> parseTrashInfo(std::string_view text) {
-  if (!take("[Trash Info]\nPath=", text)) return std::nullopt;
-  const std::string_view path = takeLine(text);
-  if (!isEncodedPath(path) || !take("\nDeletionDate=", text)) return std::nullopt;
-  const std::string date(takeLine(text));
-  if (!isDate(date) || text != "\n") return std::nullopt;
-  return TrashInfo{.path = percentDecoded(path).value(), .deletionDate = date};
+std::optional<TrashInfo> parseTrashInfo(const std::string& text) {
+  static const std::regex form("\\[Trash Info\\]\nPath=(.+)\nDeletionDate=(.+)\n");
+  std::smatch parts;
+  if (!std::regex_match(text, parts, form)) return std::nullopt;
+  const std::optional<std::string> path = paths::percentDecoded(parts[1].str());
+  const bool isRight = path && paths::percentEncoded(*path) == parts[1].str() &&
+                       dateFromIso8601(parts[2].str() + 'Z');
+  return isRight ? std::optional(TrashInfo{*path, parts[2].str()}) : std::nullopt;
 }
 
 std::vector<TrashedItem> trashedItems(const std::string& trash) {

@@ -2,14 +2,9 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace broomtide::test {
-
-/// The bytes of a percent-encoded text; nothing when a "%" is not followed by two hexadecimal
-/// digits.
-std::optional<std::string> percentDecoded(std::string_view text);
 
 /// What an information file of a Trash says.
 struct TrashInfo {
@@ -21,7 +16,7 @@ struct TrashInfo {
 
 /// The contents of an information file; nothing for a text that differs from what Broomtide writes
 /// by as little as a blank.
-std::optional<TrashInfo> parseTrashInfo(std::string_view text);
+std::optional<TrashInfo> parseTrashInfo(const std::string& text);
 
 /// One item in a Trash folder.
 struct TrashedItem {

@@ -263,14 +263,6 @@ TEST_F(TrashMove, FailingToRecordSizesIsNoFailure) {
               testing::Contains(testing::HasSubstr(" 1 2 kept\n4096 ")));
 }
 
-// A drive may bring any file along.
-TEST_F(TrashMove, AListOfSizesThatIsFarTooLongIsLeftAlone) {
-  tree.run("mkdir Trash; truncate -s 1T Trash/directorysizes");
-  EXPECT_FALSE(move());
-  EXPECT_EQ(fs::file_size(tree.path("Trash/directorysizes")), std::uintmax_t{1} << 40U);
-  EXPECT_EQ(std::distance(fs::directory_iterator(tree.path("Trash")), {}), 3);
-}
-
 TEST(TrashName, RecordsWhereAnItemWas) {
   EXPECT_EQ(recordedPath("/srv/app/build", ""), "/srv/app/build");
   EXPECT_EQ(recordedPath("/srv/app/build", "/srv"), "app/build");
