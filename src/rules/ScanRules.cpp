@@ -22,6 +22,27 @@ bool ContextPolicy::accepts(const ProjectContext* context) const {
 namespace ScanRules {
 namespace {
 
+bool recognises(const ScanRule& rule, std::string_view name, CandidateKind kind) {
+  using Form = ScanRule::Matcher::Form;
+  const ScanRule::Matcher& matcher = rule.matcher;
+  if (rule.kind != kind) return false;
+  switch (matcher.form) {
+    case Form::exactName:
+      return name == matcher.text;
+    case Form::fileExtension:
+      return paths::equalIgnoringCase(paths::pathExtension(name), matcher.text);
+    case Form::compoundExtension: {
+      const std::size_t length = matcher.text.size();
+      return name.size() > length && name[name.size() - length - 1] == '.' &&
+             paths::equalIgnoringCase(name.substr(name.size() - length), matcher.text);
+    }
+    case Form::prefixedFile:
+      return name.starts_with(matcher.prefix) &&
+             paths::equalIgnoringCase(paths::pathExtension(name), matcher.text);
+  }
+  return false;
+}
+
 // Finds the rules of a table that recognise a name. Nearly all of them name it whole and are looked
 // up; the few others are tried one by one.
 class RuleTable {
@@ -87,27 +108,6 @@ struct Judgement {
 };
 
 }  // namespace
-
-bool recognises(const ScanRule& rule, std::string_view name, CandidateKind kind) {
-  using Form = ScanRule::Matcher::Form;
-  const ScanRule::Matcher& matcher = rule.matcher;
-  if (rule.kind != kind) return false;
-  switch (matcher.form) {
-    case Form::exactName:
-      return name == matcher.text;
-    case Form::fileExtension:
-      return paths::equalIgnoringCase(paths::pathExtension(name), matcher.text);
-    case Form::compoundExtension: {
-      const std::size_t length = matcher.text.size();
-      return name.size() > length && name[name.size() - length - 1] == '.' &&
-             paths::equalIgnoringCase(name.substr(name.size() - length), matcher.text);
-    }
-    case Form::prefixedFile:
-      return name.starts_with(matcher.prefix) &&
-             paths::equalIgnoringCase(paths::pathExtension(name), matcher.text);
-  }
-  return false;
-}
 
 bool recognises(std::string_view name, CandidateKind kind, ScanMode mode) {
   return tableFor(mode).first(name, kind, [](const ScanRule&) { return true; }) != nullptr;

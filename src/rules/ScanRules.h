@@ -24,9 +24,6 @@ struct RuleEvaluation {
 /// and the constant tables, safe on any thread.
 namespace ScanRules {
 
-/// Whether the rule recognises the name of an entry of this kind.
-bool recognises(const ScanRule& rule, std::string_view name, CandidateKind kind);
-
 /// Whether some rule of the mode's table recognises the name of an entry of this kind, whatever its
 /// age.
 bool recognises(std::string_view name, CandidateKind kind, ScanMode mode);

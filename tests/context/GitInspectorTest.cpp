@@ -74,9 +74,10 @@ TEST_F(Git, IsUnavailableWhereItWouldAnswerForAnotherRepository) {
   }
 }
 
-TEST(GitListing, MustBeOneOfAnIndex) {
+TEST(GitAnswer, IsDoubted) {
   using namespace std::string_literals;
-  for (const auto& [listing, isIndex] : std::vector<std::pair<std::string, bool>>{
+  using Rows = std::vector<std::pair<std::string, bool>>;
+  for (const auto& [listing, isIndex] : Rows{
            {"", true},
            {".gitignore\0a\0a\0a/b\0a0\0\xc3\xa4\0"s, true},  // one path twice while merging
            {"...\0..a\0a/b\0"s, true},
@@ -89,13 +90,16 @@ TEST(GitListing, MustBeOneOfAnIndex) {
        }) {
     EXPECT_EQ(GitCommand::isListingOfIndex(listing), isIndex) << listing;
   }
-}
-
-TEST(GitListing, MustNotLeadOut) {
-  using namespace std::string_literals;
-  for (const auto& [listing, isBelow] : std::vector<std::pair<std::string, bool>>{
+  for (const auto& [listing, isBelow] : Rows{
            {"", true}, {"a/../b\0..a\0.../\0"s, true}, {"../\0"s, false}, {"a\0../b/\0"s, false}}) {
     EXPECT_EQ(GitCommand::isListingBelow(listing), isBelow) << listing;
+  }
+  for (const auto& [messages, hasFailed] :
+       Rows{{"", false},
+            {"warning: error: of a hook\nhint: fatal: x", false},
+            {"fatal: x", true},
+            {"warning: x\nerror: y\n", true}}) {
+    EXPECT_EQ(GitCommand::tellsOfFailure(messages), hasFailed) << messages;
   }
 }
 

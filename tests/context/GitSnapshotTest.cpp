@@ -3,7 +3,6 @@
 #include <random>
 #include <set>
 
-
 namespace broomtide {
 namespace {
 

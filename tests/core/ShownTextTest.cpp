@@ -43,6 +43,7 @@ TEST(ShownText, ShowsWhatCouldDeceive) {
       {"a\ufe0f1\ufe0f😀\ufe0f", "a\\ufe0f1\\ufe0f😀\\ufe0f"},
       {"photo\u202egpj.exe", "photo\\u202egpj.exe"},
       {"a\u2028b\u200bc\ufeff", "a\\u2028b\\u200bc\\ufeff"},
+      {"a\ufff9b\u0600", "a\\ufff9b\\u0600"},
       {"\xff", "\uFFFD"},
   };
   for (const auto& [name, shown] : cases) EXPECT_EQ(escaped(name), shown);

@@ -1,5 +1,7 @@
 #include "trash/Trash.h"
 
+#include <cstdlib>
+#include <ctime>
 #include <filesystem>
 
 #include "core/Paths.h"
@@ -261,6 +263,15 @@ TEST_F(TrashMove, FailingToRecordSizesIsNoFailure) {
   EXPECT_FALSE(move());
   EXPECT_THAT(snapshotOf(tree.path("Trash")),
               testing::Contains(testing::HasSubstr(" 1 2 kept\n4096 ")));
+}
+
+TEST(TrashInfo, TellsTheLocalTimeAndEveryByteOfThePath) {
+  ::setenv("TZ", "<+05>-5", 1);
+  ::tzset();
+  EXPECT_EQ(trashInfo("/a b\xff", dateFromIso8601("2025-03-01T22:30:00Z").value()),
+            "[Trash Info]\nPath=/a%20b%FF\nDeletionDate=2025-03-02T03:30:00\n");
+  ::unsetenv("TZ");
+  ::tzset();
 }
 
 TEST(TrashName, RecordsWhereAnItemWas) {
