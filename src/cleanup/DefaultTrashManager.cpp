@@ -15,13 +15,13 @@ namespace broomtide {
 namespace {
 
 // Checks a candidate and moves it. What is wrong, or nothing when it is in the Trash. `realRoot` is
-// the scanned folder, links resolved.
+// the scanned folder, symlinks resolved.
 Revalidation::Problem clean(const ScanCandidate& candidate, const std::string& realRoot,
                             const Revalidation& revalidation, Trash& trash) {
   if (const Revalidation::Problem problem = revalidation.problemOf(candidate)) return problem;
 
-  // The place is resolved once more and then opened without following any link, so that nothing
-  // outside the folder can be reached whatever is replaced by a link meanwhile.
+  // The place is resolved once more and then opened without following any symlink, so that nothing
+  // outside the folder can be reached whatever is replaced by a symlink meanwhile.
   const std::string place = paths::standardized(candidate.url);
   const TrashItem item{.folder = PathSafety::resolved(paths::enclosingFolder(place)),
                        .name = std::string(paths::lastComponent(place)),

@@ -54,7 +54,7 @@ Mark markOf(FileManager& fileManager, const std::string& folder) {
       error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
   if (isMissing) return Mark::none;
   return error || attributes.isFolder() || attributes.isRegularFile() ? Mark::usable
-                                                                     : Mark::unusable;
+                                                                      : Mark::unusable;
 }
 
 bool isInsideRepository(FileManager& fileManager, const std::string& folder) {

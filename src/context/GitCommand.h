@@ -32,7 +32,7 @@ const std::optional<std::string>& executable();
 enum class Mark {
   none,
   usable,    ///< a folder, a file that names one, or what cannot be examined: Git knows better
-  unusable,  ///< a link or a special file: somewhere a repository, of which nothing is believed
+  unusable,  ///< a symlink or a special file: somewhere a repository, of which nothing is believed
 };
 
 Mark markOf(FileManager& fileManager, const std::string& folder);

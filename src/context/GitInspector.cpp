@@ -85,7 +85,7 @@ void GitInspection::work(const std::stop_token& stop) {
 std::optional<PathSet> GitInspection::list(const Run& run, const std::stop_token& stop) const {
   if (!git_) return std::nullopt;
   try {
-    // To a repository a link in it is an entry, and leads nowhere.
+    // To a repository a symlink in it is an entry, and leads nowhere.
     const bool isRoot = run.asked == GitCommand::Asked::own;
     const std::string folder = isRoot ? run.key : PathSafety::resolved(run.key);
     std::optional<std::string> listing =

@@ -5,7 +5,7 @@
 #include <string_view>
 
 /// Locations are absolute paths, kept as the bytes that the file system uses, in standardised
-/// form: lexically normal, without a trailing slash, links not resolved. The functions here work
+/// form: lexically normal, without a trailing slash, symlinks not resolved. The functions here work
 /// on the text alone.
 namespace broomtide::paths {
 

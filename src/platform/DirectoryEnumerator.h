@@ -24,7 +24,7 @@ enum class EntryType : std::uint8_t {
   unreadable,  ///< the folder does not say, and the entry cannot be examined
 };
 
-/// Enumerates everything below an open folder, depth first, following no link.
+/// Enumerates everything below an open folder, depth first, following no symlink.
 ///
 /// Folders are opened by name from their parent's descriptor, so the enumeration cannot leave the
 /// folder it began in whatever is renamed under it, and paths of any length work. The number of
@@ -79,7 +79,7 @@ class DirectoryEnumerator {
   /// Keeps the enumeration from entering the current entry.
   void skipDescendants() { willEnter_ = false; }
 
-  /// Reads the current entry's attributes; those of the link itself for a link.
+  /// Reads the current entry's attributes; those of the symlink itself for a symlink.
   std::error_code readAttributes(FileAttributes& attributes);
 
   /// A subfolder taken out of an enumeration.

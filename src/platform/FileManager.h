@@ -70,20 +70,20 @@ struct FileAttributes {
   bool isLink() const;
 };
 
-/// What happens to links in a path.
+/// What happens to symlinks in a path.
 enum class LinkPolicy {
   follow,
-  doNotFollow,  ///< the last component is taken as it is, links before it are followed
-  refuse,       ///< no component may be a link; only for opening
+  doNotFollow,  ///< the last component is taken as it is, symlinks before it are followed
+  refuse,       ///< no component may be a symlink; only for opening
 };
 
-/// What becomes of an item that already has the name that another one is to get.
+/// What happens to an item that already has the name to which another one is renamed.
 enum class IfExists {
   fail,     ///< it stays, and the operation fails with file_exists
   replace,  ///< a file is replaced, with no moment without either
 };
 
-/// Whether opening a folder failed because it has turned into something else, such as a link.
+/// Whether opening a folder failed because it has turned into something else, such as a symlink.
 bool isNoFolderAnyMore(std::error_code error);
 
 /// Stands for the process's working directory, so that a name may be an absolute path.
@@ -110,10 +110,11 @@ class FileManager {
   virtual std::error_code readAttributes(int folder, const char* name, LinkPolicy links,
                                          FileAttributes& attributes) = 0;
 
-  /// Whether this process may read the item at an absolute path, links followed.
+  /// Whether this process may read the item at an absolute path, symlinks followed.
   virtual bool isReadable(const std::string& path) = 0;
 
-  /// Whether a regular file that this process may execute is at an absolute path, links followed.
+  /// Whether a regular file that this process may execute is at an absolute path, symlinks
+  /// followed.
   virtual bool isExecutableFile(const std::string& path) = 0;
 
   /// Opens what is not a folder for reading, without waiting for the writer of a pipe.
@@ -138,8 +139,7 @@ class FileManager {
   /// Creates an empty folder; fails with file_exists when the name is taken.
   virtual std::error_code createFolder(int folder, const char* name) = 0;
 
-  /// Gives an item another name, in the same or in another folder of the same mount, whole or not
-  /// at all.
+  /// Renames an item atomically, in the same or into another folder of the same mount.
   virtual std::error_code rename(int folder, const char* name, int newFolder, const char* newName,
                                  IfExists ifExists) = 0;
 
@@ -149,13 +149,13 @@ class FileManager {
 };
 
 /// Opens the folder at `path`, which leads there from an open folder and may be of any length. A
-/// link, or anything else that is no folder, on the way or at the end gives an error that
+/// symlink, or anything else that is no folder, on the way or at the end gives an error that
 /// isNoFolderAnyMore() recognises. `opened` is left alone on failure.
 std::error_code openFolderBelow(FileManager& fileManager, int folder, std::string_view path,
                                 FileDescriptor& opened);
 
-/// Reads the attributes of the item at such a path, whose last component may be a link: then those
-/// of the link itself.
+/// Reads the attributes of the item at such a path, whose last component may be a symlink: then
+/// those of the symlink itself.
 std::error_code readAttributesBelow(FileManager& fileManager, int folder, std::string_view path,
                                     FileAttributes& attributes);
 

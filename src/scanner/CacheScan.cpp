@@ -20,7 +20,7 @@
 namespace broomtide {
 namespace {
 
-// A location that is there. `resolved` is where it is without links, below the resolved root.
+// A location that is there. `resolved` is where it is without symlinks, below the resolved root.
 struct CacheLocation {
   const CacheTarget* target;
   std::string location;
@@ -75,16 +75,16 @@ class CacheScan {
         !attributes.isFolder()) {
       return;
     }
-    // Opened later, by its resolved path and without links, so that a link put in its way after it
-    // was found to lie inside leads nowhere.
+    // Opened later, by its resolved path and without symlinks, so that a symlink put in its way
+    // after it was found to lie inside leads nowhere.
     std::string resolved = PathSafety::resolved(location);
     if (!paths::isBelow(resolved, resolvedRoot_)) return;
     if (!found_.insert(FileIdentity::token(attributes)).second) return;
     locations_.push_back({&target, std::move(location), std::move(resolved)});
   }
 
-  // No row lies within another, but a link can put it there. The inner one says better what it is,
-  // and the outer one is then no cache of its tool alone.
+  // No row lies within another, but a symlink can put it there. The inner one says better what it
+  // is, and the outer one is then no cache of its tool alone.
   bool holdsAnother(const CacheLocation& outer) const {
     return std::ranges::any_of(locations_, [&outer](const CacheLocation& inner) {
       return paths::isBelow(inner.resolved, outer.resolved);
@@ -174,7 +174,7 @@ class CacheScan {
   ScanReports& reports_;
   std::vector<ScanIssue> issues_;
   std::vector<CacheItem> items_;
-  std::set<std::string> found_;  // identities: two rows can name one folder through a link
+  std::set<std::string> found_;  // identities: two rows can name one folder through a symlink
   std::vector<CacheLocation> locations_;
   const CacheTarget* reportedTarget_ = nullptr;
   std::int64_t entries_ = 0;  // examined below the target that is reported

@@ -18,8 +18,8 @@
 
 namespace broomtide {
 
-/// What one folder is and how large, while several threads find it out. Links are not followed and
-/// add nothing; hard-linked files count once for each name.
+/// What one folder is and how large, while several threads find it out. Symlinks are not followed
+/// and add nothing; hard-linked files count once for each name.
 class Measurement {
  public:
   /// The folder itself, before anything in it was read.
@@ -64,7 +64,7 @@ class Measurement {
   /// Makes the whole measurement fail with the exception, whatever other parts are under way.
   void fail(std::exception_ptr failure);
   /// Whether an interval of entries is told of, which ends with an entry that was just added. Not
-  /// with a link or an entry that cannot be read.
+  /// with a symlink or an entry that cannot be read.
   enum class IntervalEnd { told, silent };
 
   /// Adds what was counted: at most one interval of entries at a time.

@@ -33,9 +33,9 @@ class MeasurementPool {
   MeasurementPool(const MeasurementPool&) = delete;
   MeasurementPool& operator=(const MeasurementPool&) = delete;
 
-  /// Has a folder measured, from start() on; `path` leads there from the top, with no link on the
-  /// way. Folders come from one thread. Handing over several together costs that thread less than
-  /// each on its own.
+  /// Has a folder measured, from start() on; `path` leads there from the top, with no symlink on
+  /// the way. Folders come from one thread. Handing over several together costs that thread less
+  /// than each on its own.
   std::shared_ptr<Measurement> measure(std::string path);
 
   /// Starts what was given to measure(), from the same thread, to which the threads leave a

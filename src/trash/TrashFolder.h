@@ -14,7 +14,7 @@ namespace broomtide {
 
 /// An item that is to be moved to the Trash, as it was when it was last looked at.
 struct TrashItem {
-  std::string folder;     ///< the folder that holds it, an absolute path without any link
+  std::string folder;     ///< the folder that holds it, an absolute path without any symlink
   std::string name;       ///< its name there
   std::string identity;   ///< its token; anything else that has the name is left alone
   std::int64_t size = 0;  ///< in bytes; what file managers show for a folder in the Trash

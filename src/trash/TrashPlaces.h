@@ -10,16 +10,16 @@ namespace broomtide {
 /// were moved again. Safe to use from any thread.
 class TrashPlaces {
  public:
-  /// `home` is the user's own Trash, an absolute path that need not exist. Its links are resolved
-  /// once, now.
+  /// `home` is the user's own Trash, an absolute path that need not exist. Its symlinks are
+  /// resolved once, now.
   explicit TrashPlaces(const std::optional<std::string>& home);
 
   /// Whether the folder of this name is a Trash: the user's own, or, by the name alone, that of a
   /// mount. It lies in the folder at the relative path `parent`, which may be empty, below `root`,
-  /// an absolute path; neither goes through links. Nearly all names cost no allocation.
+  /// an absolute path; neither goes through symlinks. Nearly all names cost no allocation.
   bool isTrash(std::string_view root, std::string_view parent, std::string_view name) const;
 
-  /// Whether the item at this path, absolute and without links, lies in a Trash.
+  /// Whether the item at this path, absolute and without symlinks, lies in a Trash.
   bool hold(std::string_view path) const;
 
  private:
