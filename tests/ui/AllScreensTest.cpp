@@ -6,14 +6,13 @@
 #include <latch>
 
 #include "support/EngineTexts.h"
-#include "ui/Candidates.h"
 #include "ui/Person.h"
 #include "ui/Readable.h"
 #include "ui/SpokenLanguage.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Label.h"
-#include "ui/results/CandidateMenu.h"
-#include "ui/results/ResultsRoles.h"
+#include "ui/results/CandidateDetails.h"
+#include "ui/results/ResultsModel.h"
 
 namespace broomtide {
 namespace {

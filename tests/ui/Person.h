@@ -1,18 +1,28 @@
 #pragma once
 
+#include <gmock/gmock.h>
+
+#include <QDesktopServices>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QStackedWidget>
 #include <QTest>
+#include <QUrl>
 #include <algorithm>
+#include <functional>
 #include <latch>
+#include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "app/FakeServices.h"
 #include "core/ScannerError.h"
-#include "ui/TestWindow.h"
+#include "ui/shell/MainWindow.h"
+#include "ui/shell/QtMainThread.h"
 
 QT_BEGIN_NAMESPACE
 /// How failures show a text.
@@ -22,6 +32,76 @@ QT_END_NAMESPACE
 /// What a person sees and does at the window. Keys and clicks take the way that those of the
 /// desktop take, so that what cannot be reached that way fails the test.
 namespace broomtide::test {
+
+/// The window over a model with fake services. Everything happens in the event loop.
+class TestWindow {
+ public:
+  explicit TestWindow(std::optional<std::string> home = "/home/ada")
+      : model_(servicesOf(script), AppModel::Surroundings{.mainThread = main_,
+                                                          .folderPicker = picker,
+                                                          .access = access,
+                                                          .homeFolder = std::move(home)}),
+        window_(model_) {}
+
+  AppModel& model() { return model_; }
+  ui::MainWindow& window() { return window_; }
+
+  /// Handles events until `isDone`, however long that takes.
+  static void runUntil(const std::function<bool()>& isDone) {
+    while (!isDone()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+
+  /// Handles events until the model shows this screen.
+  void runUntil(Route route) {
+    runUntil([&] { return model_.route() == route; });
+  }
+
+  /// Scans to the end with this result.
+  void scan(ScanResult result, ScanMode mode = ScanMode::project,
+            const std::string& root = "/home/ada/src") {
+    script.scans.push_back([result = std::move(result)](const auto& onUpdate, const auto&) {
+      tell(onUpdate, {.entriesScanned = 15767, .reclaimableBytes = 0, .currentPath = "end"},
+           result.candidates, 0);
+      return result;
+    });
+    model_.beginScan(root, mode, true);
+    runUntil(Route::results);
+  }
+
+  Script script;
+  ScriptedPicker picker;
+  RecordedAccess access;
+
+ private:
+  ui::QtMainThread main_;
+  AppModel model_;
+  ui::MainWindow window_;
+};
+
+/// A folder that a scan of /home/ada/src could find; safe, certain and ignored by Git.
+inline ScanCandidate makeCandidate(const std::string& path, std::int64_t size = 1000,
+                                   SafetyLevel safety = SafetyLevel::safe) {
+  ScanCandidate candidate;
+  candidate.url = "/home/ada/src/" + path;
+  candidate.relativePath = path;
+  candidate.kind = CandidateKind::directory;
+  candidate.size = size;
+  candidate.category = "Build Output";
+  candidate.safety = safety;
+  candidate.explanation = "Comes back with the next build.";
+  candidate.confidence = DetectionConfidence::high;
+  candidate.gitStatus = GitItemStatus::ignored;
+  return candidate;
+}
+
+inline ScanResult resultOf(std::vector<ScanCandidate> candidates, std::size_t issueCount = 0) {
+  ScanResult result{std::move(candidates), {}, {}};
+  for (std::size_t number = 0; number < issueCount; ++number) {
+    result.issues.push_back(
+        ScanIssue::about("/home/ada/src/" + std::to_string(number), "Permission denied"));
+  }
+  return result;
+}
 
 /// Shows the window, and waits until keys go to it.
 inline void show(QWidget& window) {
@@ -99,12 +179,9 @@ inline QMessageBox* alert(const QWidget& window) {
   return open == all.end() ? nullptr : *open;
 }
 
-/// A selected item below the scanned folder.
-inline ScanCandidate selectedItem(const std::string& path, std::int64_t size) {
-  ScanCandidate result;
-  result.url = "/home/ada/src/" + path;
-  result.relativePath = path;
-  result.size = size;
+/// The same, selected.
+inline ScanCandidate selectedItem(const std::string& path, std::int64_t size = 1000) {
+  ScanCandidate result = makeCandidate(path, size);
   result.isSelected = true;
   return result;
 }
@@ -117,5 +194,42 @@ inline Script::Scan scanUntilStopped(std::latch& hasStopped) {
     throw CancellationError();
   };
 }
+
+/// Stands in for the program that opens addresses, as long as it lives.
+class UrlCatcher final : public QObject {
+  Q_OBJECT
+ public:
+  explicit UrlCatcher(const QString& scheme) : scheme_(scheme) {
+    QDesktopServices::setUrlHandler(scheme, this, "open");
+  }
+  ~UrlCatcher() override { QDesktopServices::unsetUrlHandler(scheme_); }
+
+  std::vector<std::string> opened;
+
+ public slots:
+  void open(const QUrl& address) { opened.push_back(address.toEncoded().toStdString()); }
+
+ private:
+  const QString scheme_;
+};
+
+/// A test at the window, which is shown.
+class AtTheWindow : public testing::Test {
+ protected:
+  explicit AtTheWindow(std::optional<std::string> home = "/home/ada") : test(std::move(home)) {
+    show(test.window());
+  }
+
+  QWidget& screen() { return test::screen(test.window()); }
+
+  template <typename Part = QWidget>
+  Part& find(const char* name) {
+    return test::find<Part>(screen(), name);
+  }
+
+  QString textOf(const char* label) { return find<QLabel>(label).text(); }
+
+  TestWindow test;
+};
 
 }  // namespace broomtide::test

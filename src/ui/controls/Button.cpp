@@ -1,30 +1,43 @@
 #include "ui/controls/Button.h"
 
 #include <QEvent>
+#include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QShortcut>
+#include <QPainter>
+#include <QStyleOptionButton>
 #include <utility>
 
+#include "ui/controls/Keys.h"
+#include "ui/look/Drawing.h"
 #include "ui/look/Symbols.h"
 #include "ui/look/Theme.h"
-#include "ui/look/Typography.h"
 
 namespace broomtide::ui {
 namespace {
 
-QShortcut* shortcut(QWidget& screen, Qt::Key key) {
-  auto* result = new QShortcut(QKeySequence(key), &screen);
-  result->setContext(Qt::WidgetWithChildrenShortcut);
-  result->setAutoRepeat(false);
-  return result;
-}
+class Segment final : public QPushButton {
+ public:
+  explicit Segment(const QString& text) : QPushButton(text) {
+    setCheckable(true);
+    setFont(fontFor(TextStyle::small));
+    setFlat(true);
+    setFocusPolicy(Qt::TabFocus);
+  }
 
-// The button that people would expect Return to press: the one that has the focus, if any.
-QAbstractButton& buttonInFocus(const QWidget& screen, QAbstractButton& otherwise) {
-  auto* focused = qobject_cast<QPushButton*>(screen.focusWidget());
-  const bool isButton = focused != nullptr && focused->hasFocus() && focused->isEnabled();
-  return isButton ? *focused : otherwise;
-}
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const Theme& theme = Theme::of(palette());
+    QPainter painter(this);
+    if (isChecked())
+      drawing::surface(painter, rect(), theme.card, theme.border, drawing::controlRadius - 1);
+    if (drawing::showsFocus(option))
+      drawing::focusRing(painter, rect(), theme.accent, drawing::controlRadius - 1);
+    painter.setPen(isChecked() || underMouse() ? theme.text : theme.secondary);
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
+  }
+};
 
 }  // namespace
 
@@ -43,14 +56,8 @@ void Button::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ParentChange) applyTheme();
 }
 
-// Return presses a button that has the focus, on screens without a default action too.
 void Button::keyPressEvent(QKeyEvent* event) {
-  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (isReturn && !event->isAutoRepeat()) {
-    click();
-  } else {
-    QPushButton::keyPressEvent(event);
-  }
+  if (!keys::clickOnReturn(*this, *event)) QPushButton::keyPressEvent(event);
 }
 
 void Button::applyTheme() {
@@ -64,16 +71,32 @@ void Button::applyTheme() {
   if (!symbol_.isEmpty()) setIcon(symbols::icon(symbol_, colour));
 }
 
-void setDefaultAction(QWidget& screen, QAbstractButton& button) {
-  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
-    QObject::connect(shortcut(screen, key), &QShortcut::activated, &button,
-                     [&screen, &button] { buttonInFocus(screen, button).click(); });
+SegmentedControl::SegmentedControl(const QString& label, const QStringList& segments,
+                                   std::function<void(int)> onChange, QWidget* parent)
+    : QWidget(parent) {
+  setAccessibleName(label);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  auto* row = new QHBoxLayout(this);
+  constexpr int inset = 2;
+  row->setContentsMargins(inset, inset, inset, inset);
+  row->setSpacing(0);
+  for (const QString& text : segments) {
+    auto* segment = new Segment(text);
+    segment->setObjectName(text);
+    group_.addButton(segment, row->count());
+    row->addWidget(segment);
   }
+  group_.button(0)->setChecked(true);
+  connect(&group_, &QButtonGroup::idToggled, this,
+          [onChange = std::move(onChange)](int position, bool isDown) {
+            if (isDown) onChange(position);
+          });
 }
 
-void setCancelAction(QWidget& screen, QAbstractButton& button) {
-  QObject::connect(shortcut(screen, Qt::Key_Escape), &QShortcut::activated, &button,
-                   [&button] { button.click(); });
+void SegmentedControl::paintEvent(QPaintEvent*) {
+  const Theme& theme = Theme::of(palette());
+  QPainter painter(this);
+  drawing::surface(painter, rect(), theme.border, {}, drawing::controlRadius);
 }
 
 }  // namespace broomtide::ui

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QButtonGroup>
 #include <QPushButton>
+#include <functional>
 
 namespace broomtide::ui {
 
@@ -27,11 +29,19 @@ class Button final : public QPushButton {
   QString symbol_;
 };
 
-/// Makes Return press `button` from anywhere in `screen`, except that another button of it that has
-/// the focus is pressed instead. A key that is held down counts once.
-void setDefaultAction(QWidget& screen, QAbstractButton& button);
+/// Buttons in a row of which exactly one is down.
+class SegmentedControl final : public QWidget {
+ public:
+  /// The first segment is down. `onChange` is told the position of another one that people choose.
+  /// REQUIRES: `segments` is not empty.
+  SegmentedControl(const QString& label, const QStringList& segments,
+                   std::function<void(int)> onChange, QWidget* parent = nullptr);
 
-/// Makes Escape press `button` from anywhere in `screen`.
-void setCancelAction(QWidget& screen, QAbstractButton& button);
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QButtonGroup group_;
+};
 
 }  // namespace broomtide::ui

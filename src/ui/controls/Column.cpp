@@ -2,14 +2,16 @@
 
 #include <QHBoxLayout>
 
+#include "ui/controls/Label.h"
+#include "ui/controls/Pictures.h"
 #include "ui/look/Drawing.h"
 
 namespace broomtide::ui {
 
-Column::Column(QWidget& place, int widest, Content content)
+Column::Column(QWidget& place, int maxWidth, Content content)
     : QWidget(&place), lines_(new QVBoxLayout(this)) {
   const int room = content == Content::scrolling ? drawing::scrollBarExtent : 0;
-  setMaximumWidth(widest + room);
+  setMaximumWidth(maxWidth + room);
   lines_->setContentsMargins({});
   auto* row = new QHBoxLayout(&place);
   constexpr int edge = 24;
@@ -25,6 +27,30 @@ void Column::addClearOfScrollBar(QWidget* line) {
   row->setContentsMargins(0, 0, drawing::scrollBarExtent, 0);
   row->addWidget(line);
   lines_->addLayout(row);
+}
+
+EmptyState::EmptyState(const QString& symbol, const QString& title, const QString& description,
+                       QWidget* parent)
+    : QWidget(parent) {
+  constexpr int symbolSide = 56;
+  constexpr int textWidth = 460;
+  auto* heading = new Label(title, TextStyle::secondTitle);
+  heading->setObjectName("emptyTitle");
+  auto* text = new Label(description, TextStyle::body, Tone::secondary);
+  text->setObjectName("emptyDescription");
+  text->setWordWrap(true);
+  text->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+  text->setFixedWidth(textWidth);
+  text->setMinimumHeight(text->heightForWidth(textWidth));  // a stretching layout gives it one line
+
+  auto* column = new QVBoxLayout(this);
+  column->setSpacing(8);
+  column->addStretch(2);
+  column->addWidget(new SymbolView(symbol, symbolSide, Tone::tertiary), 0, Qt::AlignHCenter);
+  column->addSpacing(8);
+  column->addWidget(heading, 0, Qt::AlignHCenter);
+  column->addWidget(text, 0, Qt::AlignHCenter);
+  column->addStretch(3);
 }
 
 }  // namespace broomtide::ui

@@ -14,7 +14,7 @@ class Column final : public QWidget {
   enum class Content { fixed, scrolling };
 
   /// Puts the column into `place`, which must have no layout yet.
-  Column(QWidget& place, int widest, Content content = Content::fixed);
+  Column(QWidget& place, int maxWidth, Content content = Content::fixed);
 
   /// Adds a line that ends where the content of a scrolling one ends.
   void addClearOfScrollBar(QWidget* line);
@@ -23,6 +23,13 @@ class Column final : public QWidget {
 
  private:
   QVBoxLayout* lines_;
+};
+
+/// What is shown in place of a list that has nothing in it.
+class EmptyState final : public QWidget {
+ public:
+  EmptyState(const QString& symbol, const QString& title, const QString& description,
+             QWidget* parent = nullptr);
 };
 
 }  // namespace broomtide::ui

@@ -2,18 +2,32 @@
 
 #include <QElapsedTimer>
 #include <QTimer>
+#include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace broomtide::ui {
 
-/// Brings a screen up to date with what it shows, however often that changes, once per frame.
+/// Throttles the refreshes of a screen to one per frame, however often the model changes.
 class FrameRefresh final {
  public:
   /// `refresh` is called from the event loop, while this object lives.
-  explicit FrameRefresh(std::function<void()> refresh);
+  explicit FrameRefresh(std::function<void()> refresh) {
+    timer_.setSingleShot(true);
+    timer_.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&timer_, &QTimer::timeout, [this, refresh = std::move(refresh)] {
+      sinceLast_.start();
+      refresh();
+    });
+  }
 
   /// Asks for a refresh. The first one after a pause comes at once.
-  void request();
+  void request() {
+    if (timer_.isActive()) return;
+    constexpr qint64 frame = 16;  // milliseconds
+    const qint64 passed = sinceLast_.isValid() ? sinceLast_.elapsed() : frame;
+    timer_.start(static_cast<int>(std::max<qint64>(0, frame - passed)));
+  }
 
  private:
   QTimer timer_;

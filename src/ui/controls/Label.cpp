@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QPainter>
+#include <QVBoxLayout>
 
 namespace broomtide::ui {
 
@@ -32,8 +33,8 @@ void Label::applyTone() {
 }
 
 QSize ElidedLabel::minimumSizeHint() const {
-  constexpr int least = 80;
-  return {least, Label::minimumSizeHint().height()};
+  constexpr int minWidth = 80;
+  return {minWidth, Label::minimumSizeHint().height()};
 }
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
@@ -43,5 +44,30 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
   const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, area.width());
   painter.drawText(area, static_cast<int>(alignment()) | Qt::TextSingleLine, shown);
 }
+
+Metric::Metric(const QString& label, Qt::Alignment alignment, QWidget* parent)
+    : QWidget(parent),
+      value_(new Label({}, TextStyle::headline)),
+      label_(new Label(label, TextStyle::small, Tone::secondary)) {
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins({});
+  column->setSpacing(2);
+  column->addWidget(value_, 0, alignment);
+  column->addWidget(label_, 0, alignment);
+}
+
+// Read as one, so that nobody hears a number without its meaning.
+void Metric::setValue(const QString& value) {
+  value_->setText(value);
+  setAccessibleName(QStringLiteral("%1 %2").arg(value, label_->text()));
+}
+
+void Metric::reserve(const QString& longest) {
+  value_->setMinimumWidth(value_->fontMetrics().horizontalAdvance(longest));
+}
+
+QString Metric::value() const { return value_->text(); }
+
+QString Metric::label() const { return label_->text(); }
 
 }  // namespace broomtide::ui

@@ -3,7 +3,6 @@
 #include <QLabel>
 
 #include "ui/look/Theme.h"
-#include "ui/look/Typography.h"
 
 namespace broomtide::ui {
 
@@ -34,6 +33,24 @@ class ElidedLabel final : public Label {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+};
+
+/// A value with what it means beneath it.
+class Metric final : public QWidget {
+ public:
+  explicit Metric(const QString& label, Qt::Alignment alignment, QWidget* parent = nullptr);
+
+  void setValue(const QString& value);
+
+  /// Keeps room for this value, so that what stands beside does not move when values change.
+  void reserve(const QString& longest);
+
+  QString value() const;
+  QString label() const;
+
+ private:
+  Label* value_;
+  Label* label_;
 };
 
 }  // namespace broomtide::ui

@@ -4,9 +4,17 @@
 #include <algorithm>
 
 #include "ui/look/Symbols.h"
-#include "ui/look/Theme.h"
 
 namespace broomtide::ui::drawing {
+
+RowLines::RowLines(QPoint topLeft, int width, const RowFonts& fonts, int subtitleCount)
+    : title(topLeft, QSize(width, lineHeight(fonts.title))),
+      subtitle(title.x(), title.bottom() + 2, width, subtitleCount * lineHeight(fonts.subtitle)),
+      note(title.x(), subtitle.bottom() + 2, width, lineHeight(fonts.note)) {}
+
+QRect centred(int x, const QRect& row, int side) {
+  return {x, row.y() + (row.height() - side) / 2, side, side};
+}
 
 void surface(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& outline,
              int radius) {

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStyleOption>
 
+#include "ui/look/Theme.h"
+
 QT_FORWARD_DECLARE_CLASS(QPainter)
 
 /// Shapes that several controls are made of.
@@ -16,6 +18,31 @@ inline constexpr int controlRadius = 7;
 
 /// How wide scroll bars are, in pixels.
 inline constexpr int scrollBarExtent = 12;
+
+/// Measures that the rows of all lists share, in pixels.
+inline constexpr int rowEdge = 16;     ///< left and right of what a row shows
+inline constexpr int rowGap = 12;      ///< between what stands beside each other
+inline constexpr int rowPadding = 10;  ///< above and below the lines
+inline constexpr int rowSymbolSide = 22;
+
+/// Fonts that the rows of all lists share.
+struct RowFonts {
+  QFont title = fontFor(TextStyle::medium);
+  QFont subtitle = fontFor(TextStyle::small);
+  QFont note = fontFor(TextStyle::smallest);
+  QFont amount = fontFor(TextStyle::monospaced);
+};
+
+/// The lines of a row, one below the other.
+struct RowLines {
+  QRect title, subtitle, note;
+
+  /// `subtitleCount` is how many lines of text the subtitle takes.
+  RowLines(QPoint topLeft, int width, const RowFonts& fonts, int subtitleCount = 1);
+};
+
+/// A square of this side in the middle of the height of a row.
+QRect centred(int x, const QRect& row, int side);
 
 /// A rounded surface with an outline of one pixel inside its edge. An invalid colour leaves that
 /// part out.

@@ -2,13 +2,18 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDesktopServices>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QUrl>
 #include <QVBoxLayout>
+#include <filesystem>
 
+#include "core/FileUrl.h"
+#include "core/Paths.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Label.h"
-#include "ui/controls/SymbolView.h"
+#include "ui/controls/Pictures.h"
 #include "ui/look/DisplayText.h"
 #include "ui/look/Drawing.h"
 #include "ui/look/EngineText.h"
@@ -48,6 +53,16 @@ Label* selectable(const QString& text, TextStyle style, Tone tone, const char* n
   return label;
 }
 
+void copyText(const QString& text) { QApplication::clipboard()->setText(text); }
+
+// The address keeps every byte of the name, whatever it is encoded in. What has taken the place of
+// a folder is not opened.
+void openFolder(const std::string& path) {
+  std::error_code error;
+  if (!std::filesystem::is_directory(path, error)) return;
+  QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray::fromStdString(fileUrl(path))));
+}
+
 }  // namespace
 
 CandidateDetails::CandidateDetails(const ScanCandidate& candidate, QWidget* parent)
@@ -81,9 +96,23 @@ void CandidateDetails::addCommand(const QString& command) {
   auto* copy = new Button(tr("Copy"), Button::Look::plain, "doc.on.doc");
   copy->setObjectName("copyCommand");
   copy->setAccessibleName(tr("Copy the command"));
-  connect(copy, &Button::clicked, this, [command] { QApplication::clipboard()->setText(command); });
+  connect(copy, &Button::clicked, this, [command] { copyText(command); });
   lines_->addWidget(new CommandBox(
       selectable(command, TextStyle::smallMonospaced, Tone::primary, "command"), copy));
+}
+
+CandidateMenu::CandidateMenu(AppModel& model, const ScanCandidate& candidate, QWidget* parent)
+    : QMenu(parent) {
+  setObjectName("candidateMenu");
+  addAction(candidate.isSelected ? tr("Deselect") : tr("Select"), this,
+            [&model, id = candidate.id()] { model.toggleCandidate(id); });
+  addSeparator();
+  const std::string folder(paths::enclosingFolder(candidate.url));
+  addAction(tr("Open Containing Folder"), this, [folder] { openFolder(folder); });
+  addAction(tr("Copy Path"), this, [path = candidate.url] { copyText(display::pasteable(path)); });
+  const QString commandText = enginetext::statement(candidate.regenerationCommand.value_or(""));
+  QAction* command = addAction(tr("Copy Command"), this, [commandText] { copyText(commandText); });
+  command->setEnabled(candidate.regenerationCommand.has_value());
 }
 
 }  // namespace broomtide::ui

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <QMenu>
 #include <QWidget>
 
-#include "core/ScanCandidate.h"
+#include "app/AppModel.h"
 
 QT_FORWARD_DECLARE_CLASS(QVBoxLayout)
 
@@ -20,6 +21,14 @@ class CandidateDetails final : public QWidget {
   void addCommand(const QString& command);
 
   QVBoxLayout* lines_;
+};
+
+/// What can be done with one candidate. It acts on the candidate that it was made for, wherever
+/// its row is by then.
+class CandidateMenu final : public QMenu {
+  Q_OBJECT
+ public:
+  CandidateMenu(AppModel& model, const ScanCandidate& candidate, QWidget* parent = nullptr);
 };
 
 }  // namespace broomtide::ui

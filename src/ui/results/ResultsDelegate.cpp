@@ -7,6 +7,7 @@
 #include "ui/look/Drawing.h"
 #include "ui/look/Symbols.h"
 #include "ui/look/Theme.h"
+#include "ui/results/ResultsModel.h"
 
 namespace broomtide::ui {
 namespace {
@@ -19,7 +20,7 @@ ResultsRowKind kindOf(const QModelIndex& index) {
 class RowPainter {
  public:
   RowPainter(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
-             const RowFonts& fonts)
+             const ResultsFonts& fonts)
       : painter_(painter),
         option_(option),
         index_(index),
@@ -40,13 +41,13 @@ class RowPainter {
         break;
       case ResultsRowKind::issuesHeading:
         symbols::paint(painter_, text(SymbolRole), tone_, layout_.symbol);
-        drawing::line(painter_, layout_.name, fonts_.name, tone_, text(Qt::DisplayRole),
+        drawing::line(painter_, layout_.name, fonts_.title, tone_, text(Qt::DisplayRole),
                       Qt::ElideRight);
         paintChevron();
         break;
       case ResultsRowKind::issue:
       case ResultsRowKind::moreIssues:
-        drawing::line(painter_, layout_.path, fonts_.path, theme_.text, text(Qt::DisplayRole),
+        drawing::line(painter_, layout_.path, fonts_.subtitle, theme_.text, text(Qt::DisplayRole),
                       Qt::ElideMiddle);
         drawing::line(painter_, layout_.note, fonts_.note, theme_.secondary, text(NoteRole),
                       Qt::ElideRight);
@@ -76,7 +77,7 @@ class RowPainter {
   void paintSection() {
     drawing::line(painter_, layout_.name, fonts_.section, tone_, text(Qt::DisplayRole),
                   Qt::ElideRight);
-    drawing::line(painter_, layout_.note, fonts_.path, theme_.secondary, text(NoteRole),
+    drawing::line(painter_, layout_.note, fonts_.subtitle, theme_.secondary, text(NoteRole),
                   Qt::ElideRight, Qt::AlignRight);
   }
 
@@ -86,15 +87,15 @@ class RowPainter {
     drawing::tickBox(painter_, layout_.tickBox, tick, option_.palette);
     symbols::paint(painter_, text(SymbolRole), tone_, layout_.symbol);
     drawing::markedLine(
-        painter_, layout_.name, fonts_.name, theme_.text, text(Qt::DisplayRole),
+        painter_, layout_.name, fonts_.title, theme_.text, text(Qt::DisplayRole),
         {.word = text(WarningRole), .font = fonts_.note, .colour = theme_.usuallySafe});
-    drawing::line(painter_, layout_.path, fonts_.path, theme_.secondary, text(PathRole),
+    drawing::line(painter_, layout_.path, fonts_.subtitle, theme_.secondary, text(PathRole),
                   Qt::ElideMiddle);
     drawing::line(painter_, layout_.note, fonts_.note, theme_.tertiary, text(NoteRole),
                   Qt::ElideRight);
     paintBadge();
-    drawing::line(painter_, layout_.size, fonts_.size, theme_.text, text(SizeRole), Qt::ElideRight,
-                  Qt::AlignRight);
+    drawing::line(painter_, layout_.size, fonts_.amount, theme_.text, text(SizeRole),
+                  Qt::ElideRight, Qt::AlignRight);
     paintChevron();
   }
 
@@ -115,7 +116,7 @@ class RowPainter {
   QPainter& painter_;
   const QStyleOptionViewItem& option_;
   const QModelIndex& index_;
-  const RowFonts& fonts_;
+  const ResultsFonts& fonts_;
   const Theme& theme_;
   const QColor tone_;
   const RowLayout layout_;

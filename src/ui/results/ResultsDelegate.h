@@ -13,7 +13,7 @@ class ResultsDelegate final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
-  const RowFonts& fonts() const { return fonts_; }
+  const ResultsFonts& fonts() const { return fonts_; }
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -24,7 +24,7 @@ class ResultsDelegate final : public QStyledItemDelegate {
                    const QModelIndex& index) override;
 
  private:
-  const RowFonts fonts_;
+  const ResultsFonts fonts_;
 };
 
 }  // namespace broomtide::ui

@@ -9,7 +9,6 @@
 
 #include "ui/look/DisplayText.h"
 #include "ui/results/CandidateDetails.h"
-#include "ui/results/CandidateMenu.h"
 #include "ui/results/ResultsDelegate.h"
 
 namespace broomtide::ui {

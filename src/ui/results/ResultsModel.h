@@ -8,6 +8,22 @@
 
 namespace broomtide::ui {
 
+/// What the rows of the results list say, besides Qt's own roles. `Qt::CheckStateRole` is the
+/// selection of a candidate.
+enum ResultsRole {
+  KindRole = Qt::UserRole,  ///< a `ResultsRowKind`
+  PathRole,                 ///< the second line
+  NoteRole,                 ///< the third line; what an issue or a section comes to
+  SymbolRole,               ///< the name of an icon
+  ToneRole,                 ///< a `Tone`, for the icon and the badge
+  BadgeRole,                ///< the safety level
+  WarningRole,              ///< a word about the name of a candidate, mostly empty
+  SizeRole,                 ///< the size of a candidate, as people read it
+  OpenRole,                 ///< whether the details are shown; can be set
+  FirstRole,                ///< whether a card begins with this row
+  LastRole,                 ///< whether a card ends with this row
+};
+
 /// The results list as rows of one column. It keeps no copy of what was found, and what is done in
 /// it is done by the app model.
 class ResultsModel final : public QAbstractTableModel {
@@ -36,6 +52,9 @@ class ResultsModel final : public QAbstractTableModel {
 
   /// The number of this row, -1 when it is not shown.
   int numberOf(const ResultsRow& row) const;
+
+  /// Whether the filter leaves any candidates to be shown.
+  bool showsCandidates() const { return rowCount() > 0 && row(0).kind == ResultsRowKind::section; }
 
   /// The candidate of a row, null for a row without one.
   const ScanCandidate* candidate(const QModelIndex& index) const;

@@ -21,12 +21,10 @@ class ResultsView final : public QWidget {
  public:
   explicit ResultsView(AppModel& model, QWidget* parent = nullptr);
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
+  void arrange();
   QWidget* nothingFound() const;
-  void addLists();
+  static QWidget* nothingMatches();
   void showProjects(bool areShown);
   void filter(const QString& text);
   void refresh();
@@ -34,12 +32,10 @@ class ResultsView final : public QWidget {
   AppModel& model_;
   ResultsHeader* header_;
   QStackedWidget* body_;
+  ResultsModel* rows_;
+  ResultsList* list_;
+  QWidget* empty_;  // in place of candidates
   ResultsFooter* footer_;
-  ResultsModel* rows_ = nullptr;  // null when nothing was found
-  ResultsList* list_ = nullptr;
-  QWidget* noMatch_ = nullptr;
-  QWidget* projects_ = nullptr;  // made when it is first shown
-  bool areProjectsShown_ = false;
   FrameRefresh frame_;
   std::shared_ptr<void> observation_;
 };

@@ -1,17 +1,15 @@
 #pragma once
 
-#include <QFont>
-#include <QRect>
-
-#include "ui/results/ResultsRoles.h"
+#include "ui/look/Drawing.h"
+#include "ui/results/ResultsRows.h"
 
 namespace broomtide::ui {
 
 /// The fonts of the results list, and what is as wide as they make it.
-struct RowFonts {
-  RowFonts();
+struct ResultsFonts : drawing::RowFonts {
+  ResultsFonts();
 
-  QFont section, name, path, note, badge, size;
+  QFont section, badge;
   int trailingWidth;  ///< of badges and sizes
 };
 
@@ -29,10 +27,10 @@ struct RowLayout {
   QRect size;
   QRect chevron;
 
-  RowLayout(ResultsRowKind kind, const QRect& row, const RowFonts& fonts);
+  RowLayout(ResultsRowKind kind, const QRect& row, const ResultsFonts& fonts);
 
   /// The height of a row in pixels; that of details depends on what they say and is not known here.
-  static int height(ResultsRowKind kind, const RowFonts& fonts);
+  static int height(ResultsRowKind kind, const ResultsFonts& fonts);
 
   /// Where texts begin, from the left edge of a row.
   static int textStart();

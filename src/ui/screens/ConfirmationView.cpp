@@ -6,15 +6,16 @@
 #include "core/VisibleText.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Column.h"
+#include "ui/controls/Keys.h"
 #include "ui/controls/Label.h"
-#include "ui/controls/SymbolView.h"
+#include "ui/controls/Pictures.h"
 #include "ui/look/DisplayText.h"
 
 namespace broomtide::ui {
 namespace {
 
-constexpr int widestConfirmation = 640;
-constexpr int widestNote = 500;
+constexpr int maxConfirmationWidth = 640;
+constexpr int maxNoteWidth = 500;
 constexpr int trashSymbolSide = 62;
 
 }  // namespace
@@ -34,13 +35,13 @@ ConfirmationView::ConfirmationView(AppModel& model, QWidget* parent)
   note->setObjectName("note");
   note->setWordWrap(true);
   note->setAlignment(Qt::AlignHCenter);
-  note->setFixedWidth(widestNote);
+  note->setFixedWidth(maxNoteWidth);
 
   auto* question = new Label(tr("Move selected items to Trash?"), TextStyle::largeTitle);
   question->setWordWrap(true);
   question->setAlignment(Qt::AlignHCenter);
 
-  QVBoxLayout& lines = (new Column(*this, widestConfirmation))->lines();
+  QVBoxLayout& lines = (new Column(*this, maxConfirmationWidth))->lines();
   lines.setSpacing(8);
   lines.addStretch(2);
   lines.addWidget(new SymbolView("trash.circle.fill", trashSymbolSide, Tone::accent), 0,
@@ -66,7 +67,7 @@ QLayout* ConfirmationView::buttons() {
   auto* cancel = new Button(tr("Cancel"));
   cancel->setObjectName("cancel");
   connect(cancel, &Button::clicked, this, [&model] { model.setRoute(Route::results); });
-  setCancelAction(*this, *cancel);
+  keys::setCancelAction(*this, *cancel);
 
   auto* home = new Button(tr("Home"));
   home->setObjectName("home");
@@ -74,7 +75,7 @@ QLayout* ConfirmationView::buttons() {
 
   move_->setObjectName("moveToTrash");
   connect(move_, &Button::clicked, this, [&model] { model.cleanSelectedItems(); });
-  setDefaultAction(*this, *move_);
+  keys::setDefaultAction(*this, *move_);
   setFocusProxy(move_);
 
   auto* row = new QHBoxLayout;

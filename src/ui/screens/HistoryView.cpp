@@ -5,16 +5,16 @@
 
 #include "ui/controls/Button.h"
 #include "ui/controls/Column.h"
-#include "ui/controls/Divider.h"
-#include "ui/controls/EmptyState.h"
+#include "ui/controls/Keys.h"
 #include "ui/controls/Label.h"
+#include "ui/controls/Pictures.h"
 #include "ui/controls/RecordList.h"
 #include "ui/look/DisplayText.h"
 
 namespace broomtide::ui {
 namespace {
 
-constexpr int widestHistory = 960;
+constexpr int maxHistoryWidth = 960;
 
 RecordList* entryList(const std::vector<CleanupHistoryEntry>& history) {
   std::vector<Record> records;
@@ -37,7 +37,7 @@ RecordList* entryList(const std::vector<CleanupHistoryEntry>& history) {
 
 HistoryView::HistoryView(AppModel& model, QWidget* parent) : QWidget(parent) {
   setObjectName("history");
-  auto* column = new Column(*this, widestHistory, Column::Content::scrolling);
+  auto* column = new Column(*this, maxHistoryWidth, Column::Content::scrolling);
   QVBoxLayout& lines = column->lines();
   lines.setSpacing(12);
   lines.addSpacing(12);
@@ -60,7 +60,7 @@ QLayout* HistoryView::header(AppModel& model) {
   auto* back = new Button(tr("Back"), Button::Look::bordered, "chevron.left");
   back->setObjectName("back");
   connect(back, &Button::clicked, this, [&model] { model.backFromHistory(); });
-  setCancelAction(*this, *back);
+  keys::setCancelAction(*this, *back);
   setFocusProxy(back);
 
   auto* row = new QHBoxLayout;

@@ -5,10 +5,10 @@
 #include <QStyleOption>
 #include <utility>
 
+#include "ui/controls/Keys.h"
 #include "ui/look/Drawing.h"
 #include "ui/look/Symbols.h"
 #include "ui/look/Theme.h"
-#include "ui/look/Typography.h"
 
 namespace broomtide::ui {
 namespace {
@@ -16,8 +16,8 @@ namespace {
 constexpr int edge = 20;
 constexpr int iconSide = 34;
 constexpr int smallIconSide = 16;
-constexpr int leastWidth = 230;
-constexpr int leastDetailLines = 3;
+constexpr int minCardWidth = 230;
+constexpr int minDetailLines = 3;
 
 QColor between(const QColor& from, const QColor& to, double progress) {
   const auto mix = [progress](int a, int b) { return a + qRound((b - a) * progress); };
@@ -40,7 +40,7 @@ struct Layout {
     title = QRect(left, icon.bottom() + 13, width,
                   std::max(lineHeight(titleFont), drawing::heightOf(titleText, titleFont, width)));
     detail = QRect(left, title.bottom() + 5, width,
-                   std::max(leastDetailLines * lineHeight(detailFont),
+                   std::max(minDetailLines * lineHeight(detailFont),
                             drawing::heightOf(detailText, detailFont, width)));
     height = detail.bottom() + 17 + smallIconSide + edge - card.y();
     const int bottom = card.y() + std::max(card.height(), height) - edge;
@@ -71,7 +71,7 @@ ScanModeCard::ScanModeCard(QString icon, const QString& title, QString detail, Q
 }
 
 QSize ScanModeCard::sizeHint() const {
-  return {leastWidth, Layout(QRect(0, 0, leastWidth, 0)).height};
+  return {minCardWidth, Layout(QRect(0, 0, minCardWidth, 0)).height};
 }
 
 int ScanModeCard::heightForWidth(int width) const {
@@ -89,12 +89,7 @@ void ScanModeCard::setHovered(bool isHovered) {
 }
 
 void ScanModeCard::keyPressEvent(QKeyEvent* event) {
-  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (isReturn && !event->isAutoRepeat()) {
-    click();
-  } else {
-    QAbstractButton::keyPressEvent(event);
-  }
+  if (!keys::clickOnReturn(*this, *event)) QAbstractButton::keyPressEvent(event);
 }
 
 void ScanModeCard::paintEvent(QPaintEvent*) {

@@ -3,19 +3,19 @@
 #include <QHBoxLayout>
 
 #include "core/Paths.h"
-#include "ui/controls/BusyIndicator.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Column.h"
+#include "ui/controls/Keys.h"
 #include "ui/controls/Label.h"
-#include "ui/controls/Metric.h"
+#include "ui/controls/Pictures.h"
 #include "ui/look/DisplayText.h"
 #include "ui/look/EngineText.h"
 
 namespace broomtide::ui {
 namespace {
 
-constexpr int widestScan = 640;
-constexpr int widestPath = 520;
+constexpr int maxScanWidth = 640;
+constexpr int maxPathWidth = 520;
 
 QString folderName(const AppModel& model) {
   return model.rootURL() ? display::name(paths::standardized(*model.rootURL()))
@@ -44,14 +44,14 @@ ScanningView::ScanningView(AppModel& model, QWidget* parent)
   heading->setAlignment(Qt::AlignCenter);
   currentPath_->setObjectName("currentPath");
   currentPath_->setAlignment(Qt::AlignCenter);
-  currentPath_->setFixedWidth(widestPath);
+  currentPath_->setFixedWidth(maxPathWidth);
   auto* back = new Button(tr("Back to Home"), Button::Look::bordered, "chevron.left");
   back->setObjectName("backToHome");
   connect(back, &Button::clicked, this, [&model] { model.returnHome(); });
-  setCancelAction(*this, *back);
-  setFocusProxy(back);
+  keys::setCancelAction(*this, *back);
+  setAccessibleName(heading->text());  // it has the focus itself, so that no key presses the button
 
-  QVBoxLayout& lines = (new Column(*this, widestScan))->lines();
+  QVBoxLayout& lines = (new Column(*this, maxScanWidth))->lines();
   lines.setSpacing(8);
   lines.addStretch(2);
   lines.addWidget(new BusyIndicator, 0, Qt::AlignHCenter);

@@ -6,10 +6,10 @@
 
 #include "ui/controls/Button.h"
 #include "ui/controls/Column.h"
+#include "ui/controls/Keys.h"
 #include "ui/controls/Label.h"
-#include "ui/controls/Metric.h"
+#include "ui/controls/Pictures.h"
 #include "ui/controls/RecordList.h"
-#include "ui/controls/SymbolView.h"
 #include "ui/look/DisplayText.h"
 #include "ui/look/Drawing.h"
 #include "ui/look/EngineText.h"
@@ -17,7 +17,7 @@
 namespace broomtide::ui {
 namespace {
 
-constexpr int widestSummary = 620;
+constexpr int maxSummaryWidth = 620;
 constexpr int outcomeSymbolSide = 62;
 constexpr int failuresHeight = 220;
 
@@ -39,9 +39,8 @@ QLayout* metrics(const CleanupResult& result) {
 
 // At least two, and as many more as the longest message needs.
 int messageLines(const std::vector<Record>& records, int width) {
-  constexpr int least = 2;
   const QFont font = fontFor(TextStyle::small);
-  int tallest = least * lineHeight(font);
+  int tallest = 2 * lineHeight(font);
   for (const Record& record : records)
     tallest = std::max(tallest, drawing::heightOf(record.subtitle, font, width));
   return (tallest + lineHeight(font) - 1) / lineHeight(font);
@@ -55,8 +54,8 @@ RecordList* failureList(const std::vector<CleanupFailure>& failures) {
                        .warning = display::warning(failure.path),
                        .subtitle = enginetext::statement(failure.message)});
   }
-  constexpr int edges = 2 * 16;
-  const int lines = messageLines(records, widestSummary - edges - drawing::scrollBarExtent);
+  const int lines =
+      messageLines(records, maxSummaryWidth - 2 * drawing::rowEdge - drawing::scrollBarExtent);
   auto* list = new RecordList(SummaryView::tr("Items that were left alone"), std::move(records),
                               {.subtitle = lines});
   list->setObjectName("failures");
@@ -75,7 +74,7 @@ SummaryView::SummaryView(AppModel& model, QWidget* parent) : QWidget(parent) {
                      outcomeSymbolSide, hasFailures ? Tone::usuallySafe : Tone::safe);
   outcome->setObjectName("outcome");
 
-  QVBoxLayout& lines = (new Column(*this, widestSummary))->lines();
+  QVBoxLayout& lines = (new Column(*this, maxSummaryWidth))->lines();
   lines.setSpacing(8);
   lines.addStretch(2);
   lines.addWidget(outcome, 0, Qt::AlignHCenter);
@@ -105,7 +104,7 @@ QLayout* SummaryView::buttons(AppModel& model) {
   auto* done = new Button(tr("Done"), Button::Look::prominent);
   done->setObjectName("done");
   connect(done, &Button::clicked, this, [&model] { model.returnHome(); });
-  setDefaultAction(*this, *done);
+  keys::setDefaultAction(*this, *done);
   setFocusProxy(done);
 
   auto* row = new QHBoxLayout;

@@ -10,11 +10,10 @@
 #include <optional>
 #include <string>
 
-#include "ui/controls/BrandMark.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Column.h"
 #include "ui/controls/Label.h"
-#include "ui/controls/SymbolView.h"
+#include "ui/controls/Pictures.h"
 #include "ui/look/Drawing.h"
 #include "ui/look/Symbols.h"
 #include "ui/screens/ScanModeCard.h"
@@ -22,7 +21,7 @@
 namespace broomtide::ui {
 namespace {
 
-constexpr int widestWelcome = 960;
+constexpr int maxWelcomeWidth = 960;
 
 QWidget* trustNote(const QString& icon, const QString& text) {
   auto* note = new QWidget;
@@ -65,7 +64,7 @@ WelcomeView::WelcomeView(AppModel& model, QWidget* parent) : QWidget(parent), mo
   history->setObjectName("viewHistory");
   connect(history, &Button::clicked, this, [&model] { model.showHistory(); });
 
-  QVBoxLayout& lines = (new Column(*this, widestWelcome))->lines();
+  QVBoxLayout& lines = (new Column(*this, maxWelcomeWidth))->lines();
   lines.addStretch(2);
   constexpr int markSide = 92;
   lines.addWidget(new BrandMark(markSide), 0, Qt::AlignHCenter);

@@ -3,9 +3,9 @@
 #include <QApplication>
 
 #include "app/Services.h"
+#include "ui/controls/Keys.h"
 #include "ui/look/Style.h"
 #include "ui/look/Symbols.h"
-#include "ui/shell/HeldKeys.h"
 #include "ui/shell/Languages.h"
 
 namespace broomtide::ui {
@@ -25,7 +25,7 @@ void BroomtideApp::introduce(QApplication& application) {
   QApplication::setStyle(new Style);
   application.setWindowIcon(symbols::brandMark());
   if (QApplication::platformName() == QStringLiteral("xcb"))
-    application.installEventFilter(new HeldKeys(&application));
+    application.installEventFilter(new keys::HeldKeys(&application));
 }
 
 }  // namespace broomtide::ui

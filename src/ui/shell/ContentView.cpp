@@ -11,7 +11,7 @@
 namespace broomtide::ui {
 namespace {
 
-constexpr QSize smallest(820, 600);
+constexpr QSize minSize(820, 600);
 
 // A screen names where the keyboard begins by its focus proxy. If that stayed, Tab would be caught
 // by the screen and never reach the controls before the proxy.
@@ -25,7 +25,7 @@ void giveFocus(QWidget& screen) {
 }  // namespace
 
 ContentView::ContentView(AppModel& model, QWidget* parent) : QStackedWidget(parent), model_(model) {
-  setMinimumSize(smallest);
+  setMinimumSize(minSize);
   observation_ = model.observe([this](AppModel::Field field) { follow(field); });
   showScreen();
 }

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QLayout>
 #include <QListView>
+#include <QSettings>
 #include <QStandardPaths>
 #include <QStyledItemDelegate>
 #include <QTreeView>
@@ -46,6 +47,12 @@ void arrangeForFolders(QFileDialog& dialog) {
   for (const int column : {1, 2}) folders->hideColumn(column);  // size and kind
 }
 
+// All programs that show Qt's dialog share one file with the folders that were opened and the
+// bookmarks in any of them. Below /dev/null there can be no file, so nothing is read or written.
+void keepNothing() {
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+}
+
 // The desktop's own dialog has no place for a message and none for the name of a button on some
 // desktops; Qt's has both.
 void present(QFileDialog& dialog, const FolderRequest& request) {
@@ -73,6 +80,7 @@ void present(QFileDialog& dialog, const FolderRequest& request) {
 }  // namespace
 
 std::optional<std::string> FolderDialog::pickFolder(const FolderRequest& request) {
+  keepNothing();
   QFileDialog dialog(window_);
   present(dialog, request);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;

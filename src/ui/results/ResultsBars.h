@@ -10,6 +10,8 @@ QT_FORWARD_DECLARE_CLASS(QLineEdit)
 
 namespace broomtide::ui {
 
+class Button;
+class Label;
 class Metric;
 
 /// The upper part of the results: the way home, what was scanned, what it comes to, and how it is
@@ -50,6 +52,23 @@ class ResultsHeader final : public QWidget {
   Metric* projects_;
   Metric* matches_;
   QBoxLayout* secondLine_;
+};
+
+/// The lower part of the results: what is selected, and what can be done with it.
+class ResultsFooter final : public QWidget {
+  Q_OBJECT
+ public:
+  explicit ResultsFooter(AppModel& model, QWidget* parent = nullptr);
+
+  /// Shows what is selected; the filter leaves out this many of the items.
+  void refresh(const Selection::Totals& totals, std::size_t hiddenCount);
+
+  /// The default action of the screen.
+  Button& move() { return *move_; }
+
+ private:
+  Label* selection_;
+  Button* move_;
 };
 
 }  // namespace broomtide::ui

@@ -1,20 +1,17 @@
-#include "ui/results/ResultsHeader.h"
+#include "ui/results/ResultsBars.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "ui/controls/Button.h"
+#include "ui/controls/Keys.h"
 #include "ui/controls/Label.h"
-#include "ui/controls/Metric.h"
-#include "ui/controls/SegmentedControl.h"
 #include "ui/look/DisplayText.h"
 #include "ui/look/Symbols.h"
 #include "ui/look/Theme.h"
@@ -23,26 +20,9 @@ namespace broomtide::ui {
 namespace {
 
 constexpr int filterWidth = 190;
-constexpr int narrowestFilter = 120;
-constexpr int widestTitle = 350;  // that there is room for in the smallest window
-constexpr int narrow = 860;       // below it, the second line becomes two
-
-// While the list of a combo box is open, Return chooses from it, and does not go on to the
-// confirmation as it does on the screen around.
-class ReturnChooses final : public QObject {
- public:
-  explicit ReturnChooses(QAbstractItemView& list) : QObject(&list) {
-    list.installEventFilter(this);
-  }
-
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::ShortcutOverride) {
-      const int key = static_cast<QKeyEvent*>(event)->key();
-      if (key == Qt::Key_Return || key == Qt::Key_Enter) event->accept();
-    }
-    return QObject::eventFilter(watched, event);  // the combo box sees it too, and chooses
-  }
-};
+constexpr int minFilterWidth = 120;
+constexpr int maxTitleWidth = 350;  // which there is room for in the smallest window
+constexpr int narrow = 860;         // below it, the second line becomes two
 
 // A line that gives room to what stands beside it.
 class FilterField final : public QLineEdit {
@@ -50,7 +30,7 @@ class FilterField final : public QLineEdit {
   FilterField() { setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed); }
 
   QSize sizeHint() const override { return {filterWidth, QLineEdit::sizeHint().height()}; }
-  QSize minimumSizeHint() const override { return {narrowestFilter, sizeHint().height()}; }
+  QSize minimumSizeHint() const override { return {minFilterWidth, sizeHint().height()}; }
 };
 
 std::int64_t sizeOf(const auto& list) { return static_cast<std::int64_t>(list.size()); }
@@ -107,7 +87,7 @@ QLayout* ResultsHeader::titleLine() {
   sort->addItem(tr("Oldest"), static_cast<int>(SortOrder::date));
   connect(sort, &QComboBox::currentIndexChanged, this,
           [this, sort] { emit sortChosen(static_cast<SortOrder>(sort->currentData().toInt())); });
-  new ReturnChooses(*sort->view());
+  keys::chooseOnReturn(*sort->view());
   auto* label = new Label(tr("Sort"), TextStyle::body, Tone::secondary);
   label->setBuddy(sort);
   sort->setAccessibleName(tr("Sort"));
@@ -129,7 +109,7 @@ QLayout* ResultsHeader::titleLine() {
 QLayout* ResultsHeader::titles() {
   auto* title = new ElidedLabel(tr("Review cleanup items"), TextStyle::largeTitle);
   title->setObjectName("title");
-  title->setMinimumWidth(std::min(title->sizeHint().width(), widestTitle));
+  title->setMinimumWidth(std::min(title->sizeHint().width(), maxTitleWidth));
   auto* path = new ElidedLabel(model_.rootURL() ? display::text(*model_.rootURL()) : QString(),
                                TextStyle::body, Tone::secondary);
   path->setObjectName("root");
@@ -191,6 +171,38 @@ void ResultsHeader::refresh(const Selection::Totals& totals) {
   scanned_->setValue(display::count(model_.progress().entriesScanned));
   projects_->setValue(display::count(sizeOf(model_.projectContexts())));
   matches_->setValue(display::count(sizeOf(model_.candidates())));
+}
+
+ResultsFooter::ResultsFooter(AppModel& model, QWidget* parent)
+    : QWidget(parent),
+      selection_(new Label({}, TextStyle::body, Tone::secondary)),
+      move_(new Button(tr("Move Selected to Trash"), Button::Look::prominent)) {
+  auto* rescan = new Button(tr("Rescan"));
+  rescan->setObjectName("rescan");
+  connect(rescan, &Button::clicked, this, [&model] {
+    if (model.rootURL()) model.beginScan(*model.rootURL(), model.scanMode(), false);
+  });
+  selection_->setObjectName("selection");
+  selection_->setWordWrap(true);
+  move_->setObjectName("moveSelected");
+  connect(move_, &Button::clicked, this, [&model] { model.showConfirmation(); });
+
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins({});
+  row->setSpacing(16);
+  row->addWidget(rescan);
+  row->addWidget(selection_, 1);
+  row->addWidget(move_);
+}
+
+void ResultsFooter::refresh(const Selection::Totals& totals, std::size_t hiddenCount) {
+  const QString hidden = hiddenCount > 0 ? tr("%n of them hidden by the filter", nullptr,
+                                              static_cast<int>(hiddenCount))
+                                         : QString();
+  selection_->setText(
+      display::joined({tr("%n selected", nullptr, static_cast<int>(totals.selectedCount)),
+                       display::size(totals.selectedBytes), hidden}));
+  move_->setEnabled(totals.selectedCount > 0);
 }
 
 }  // namespace broomtide::ui

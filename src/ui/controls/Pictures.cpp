@@ -1,19 +1,41 @@
-#include "ui/controls/BusyIndicator.h"
+#include "ui/controls/Pictures.h"
 
 #include <QPainter>
+#include <utility>
 
-#include "ui/look/Theme.h"
+#include "ui/look/Symbols.h"
 
 namespace broomtide::ui {
-namespace {
 
-constexpr int side = 44;
-constexpr int frameMilliseconds = 33;
-constexpr int turnMilliseconds = 1100;
+BrandMark::BrandMark(int side, QWidget* parent) : QWidget(parent) {
+  setObjectName("BrandMark");
+  setFixedSize(side, side);
+}
 
-}  // namespace
+void BrandMark::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  symbols::brandMark().paint(&painter, rect());
+}
+
+SymbolView::SymbolView(QString name, int side, Tone tone, QWidget* parent)
+    : QWidget(parent), name_(std::move(name)), side_(side), tone_(tone) {
+  setFixedSize(side, side);
+}
+
+void SymbolView::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  symbols::paint(painter, name_, Theme::of(palette()).colour(tone_), rect());
+}
+
+Divider::Divider(QWidget* parent) : QWidget(parent) { setFixedHeight(1); }
+
+void Divider::paintEvent(QPaintEvent*) {
+  QPainter(this).fillRect(rect(), Theme::of(palette()).border);
+}
 
 BusyIndicator::BusyIndicator(QWidget* parent) : QWidget(parent) {
+  constexpr int side = 44;
+  constexpr int frameMilliseconds = 33;
   setFixedSize(side, side);
   setAccessibleName(tr("Scanning"));
   frames_.setInterval(frameMilliseconds);
@@ -28,6 +50,7 @@ void BusyIndicator::showEvent(QShowEvent*) {
 void BusyIndicator::hideEvent(QHideEvent*) { frames_.stop(); }
 
 void BusyIndicator::paintEvent(QPaintEvent*) {
+  constexpr int turnMilliseconds = 1100;
   constexpr int width = 4;
   constexpr int unitsInDegree = 16;
   constexpr int arcDegrees = 100;

@@ -1,0 +1,305 @@
+// Texts and colours: which language the window speaks, how names and values are shown, and what can
+// be read.
+
+#include <unicode/ubidi.h>
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPainter>
+#include <QTableView>
+#include <cmath>
+
+#include "app/FolderChoice.h"
+#include "app/Services.h"
+#include "core/VisibleText.h"
+#include "support/TemporaryTree.h"
+#include "ui/Person.h"
+#include "ui/SpokenLanguage.h"
+#include "ui/look/DisplayText.h"
+#include "ui/look/EngineText.h"
+#include "ui/look/Theme.h"
+#include "ui/shell/Languages.h"
+
+namespace broomtide {
+namespace {
+
+namespace display = ui::display;
+using ui::Theme;
+using ui::Tone;
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+TEST(EngineText, AnythingThatAScanSaysIsTranslated) {
+  const test::TemporaryTree tree;
+  tree.file("1/package.json", "{}");
+  tree.file("1/node_modules/2/3", "4");
+  tree.file(".npm/_cacache/1", "2");
+  tree.file("9.csv", "1");
+  const test::SpokenLanguage pseudo({"pseudo"});
+  test::ScriptedPicker picker;
+  test::RecordedAccess access;
+  ui::QtMainThread main;
+  const std::unique_ptr<AppModel> model = services::makeModel(main, picker, access);
+  for (const ScanMode mode : {ScanMode::project, ScanMode::downloads, ScanMode::caches}) {
+    std::set<std::string> places;
+    const auto observation = model->observe([&](AppModel::Field field) {
+      if (field == AppModel::Field::progress) places.insert(model->progress().currentPath);
+    });
+    model->beginScan(tree.root(), mode, true);
+    test::TestWindow::runUntil([&] { return model->route() == Route::results; });
+    ASSERT_THAT(model->candidates(), SizeIs(1)) << static_cast<int>(mode);
+    const ScanCandidate& found = model->candidates().front();
+    for (const std::string& place : places) {
+      const bool isPath = place == found.relativePath || tree.root().ends_with(place);
+      EXPECT_EQ(ui::enginetext::place(place).startsWith(u'⟦'), !isPath) << place;
+    }
+    for (const std::string& line : found.evidence.lines())
+      EXPECT_TRUE(ui::enginetext::statement(line).startsWith(u'⟦')) << line;
+  }
+}
+
+TEST(EngineText, KeepsWhatStandsInASentence) {
+  const test::SpokenLanguage german({"de"});
+  const std::vector<std::pair<std::string, QString>> statements{
+      {"Detected JavaScript / TypeScript, Python project from a.csproj, package.json.",
+       "Projekt (JavaScript / TypeScript, Python) anhand von a.csproj, package.json erkannt."},
+      {"Well-known developer cache location (~/.npm/%2).",
+       "Bekannter Ort für Entwickler-Caches (~/.npm/%2)."},
+      {FolderChoice::refusal("/tmp/a\u202eb ”. c", "/home/%1"),
+       "In „a\\u202eb ”. c“ wurden keine bekannten Entwickler-Caches gefunden. Wählen Sie zum "
+       "Scannen von Entwickler-Caches Ihren persönlichen Ordner (/home/%1) aus."},
+      {FolderChoice::refusal("/tmp/Logs", std::nullopt),
+       "In „Logs“ wurden keine bekannten Entwickler-Caches gefunden. Wählen Sie zum Scannen von "
+       "Entwickler-Caches Ihren persönlichen Ordner (Ihr persönlicher Ordner) aus."},
+      {"npm ci", "npm ci"},
+      {"", ""},
+  };
+  for (const auto& [english, shown] : statements)
+    EXPECT_EQ(ui::enginetext::statement(english), shown);
+  const std::vector<std::pair<std::string, QString>> places{
+      {"Calculating a/Cache…", "Größe von a/Cache wird ermittelt …"},
+      {"Detected 1 project context(s)…", "1 Projekt erkannt …"},
+      {"Detected 12 project context(s)…", "12 Projekte erkannt …"},
+      {"Detected foo project context(s)…", "Detected foo project context(s)…"},  // a folder
+      {"Detected 99999999999 project context(s)…", "Detected 99999999999 project context(s)…"},
+      {"Cache", "Cache"},
+      {"Logs", "Logs"},  // a folder, not the category
+      {"a\nb", "a\\nb"},
+  };
+  for (const auto& [english, shown] : places) EXPECT_EQ(ui::enginetext::place(english), shown);
+}
+
+TEST(Languages, TheFirstThatTheWindowSpeaksDecidesAboutTextsAndValues) {
+  const Date date = std::chrono::sys_days{2026y / 3 / 1} + 9h + 30min;
+  struct Row {
+    QStringList wanted;
+    const char* cancel;
+    const char* size;
+    const char* dateAndTime;
+  };
+  for (const auto& [wanted, cancel, size, dateAndTime] : std::vector<Row>{
+           {{}, "Cancel", "-1.25 TB", "Mar 1, 2026 at 9:30 AM"},
+           {{"fr", "tlh"}, "Cancel", "-1.25 TB", "Mar 1, 2026 at 9:30 AM"},
+           {{"en_DE", "de"}, "Cancel", "-1.25 TB", "1 Mar 2026 at 09:30"},
+           {{"de"}, "Abbrechen", "-1,25 TB", "01.03.2026 um 09:30"},
+           {{"fr_FR", "de_AT", "en"}, "Abbrechen", "-1,25 TB", "01.03.2026 um 09:30"},
+           {{"zh-Hans-CN"}, "取消", "-1.25 TB", "2026年3月1日 09:30"},
+           {{"zh_SG"}, "取消", "-1.25 TB", "2026年3月1日 上午9:30"},
+           {{"zh_TW"}, "Cancel", "-1.25 TB", "Mar 1, 2026 at 9:30 AM"},
+       }) {
+    SCOPED_TRACE(wanted.join(' ').toStdString());
+    const test::SpokenLanguage language(wanted);
+    EXPECT_EQ(QCoreApplication::translate("broomtide::ui::ConfirmationView", "Cancel"), cancel);
+    EXPECT_EQ(ui::display::size(-1'250'000'000'000), size);
+    EXPECT_EQ(ui::display::dateAndTime(date), dateAndTime);
+  }
+}
+
+// LANGUAGE counts beside a locale other than C, as in other programs.
+TEST(Languages, AreWantedWhereALocaleIsSet) {
+  const QByteArray former = qgetenv("LC_ALL");
+  struct Row {
+    const char *all, *messages, *lang;
+    bool areWanted;
+  };
+  for (const auto& [all, messages, lang, areWanted] :
+       {Row{"", "", "", false}, Row{"", "", "de_DE.UTF-8", true},
+        Row{"", "C", "de_DE.UTF-8", false}, Row{"", "de_DE.UTF-8", "C", true},
+        Row{"POSIX", "de_DE.UTF-8", "", false}, Row{"de_DE.UTF-8", "C.UTF-8", "", true}}) {
+    qputenv("LC_ALL", all);
+    qputenv("LC_MESSAGES", messages);
+    qputenv("LANG", lang);
+    EXPECT_EQ(!ui::languages::wanted().isEmpty(), areWanted) << all << messages << lang;
+  }
+  qputenv("LC_ALL", former);
+  qunsetenv("LC_MESSAGES");
+  qunsetenv("LANG");
+}
+
+TEST(Languages, NamesAreInTheirOrderAndCategoriesAreFoundAsTheyAreShown) {
+  const test::SpokenLanguage chinese({"zh_CN"});
+  test::TestWindow test;
+  test::show(test.window());
+  test.scan(test::resultOf(
+      {test::makeCandidate("重"), test::makeCandidate("啊"), test::makeCandidate("大")}));
+  auto& list = test::find<QTableView>(test.window(), "candidates");
+  const auto shown = [&] {
+    std::vector<std::string> names;
+    for (int row = 1; row < list.model()->rowCount(); ++row)
+      names.push_back(list.model()->index(row, 0).data().toString().toStdString());
+    return names;
+  };
+  test::find<QComboBox>(test.window(), "sort").setCurrentIndex(1);
+  EXPECT_THAT(shown(), ElementsAre("啊", "大", "重"));
+  auto& filter = test::find<QLineEdit>(test.window(), "filter");
+  filter.setText("构建 大");
+  EXPECT_THAT(shown(), ElementsAre("大"));
+  filter.setText("Build");
+  EXPECT_THAT(shown(), IsEmpty());
+}
+
+// Where each of these parts of a text begins to be seen, from the left; its direction is that of
+// its first letter, as wherever the window draws.
+std::vector<int> places(const QString& text, const QStringList& parts) {
+  const std::unique_ptr<UBiDi, decltype(&ubidi_close)> order(ubidi_open(), ubidi_close);
+  UErrorCode status = U_ZERO_ERROR;
+  ubidi_setPara(order.get(), reinterpret_cast<const UChar*>(text.utf16()),
+                static_cast<int>(text.size()), UBIDI_DEFAULT_LTR, nullptr, &status);
+  std::vector<int> found;
+  qsizetype from = 0;
+  for (const QString& part : parts) {
+    from = text.indexOf(part, from);
+    int first = static_cast<int>(text.size());
+    for (qsizetype at = from; at < from + part.size(); ++at) {
+      first = std::min(first, ubidi_getVisualIndex(order.get(), static_cast<int>(at), &status));
+    }
+    found.push_back(first);
+  }
+  EXPECT_EQ(status, U_ZERO_ERROR);
+  return found;
+}
+
+TEST(DisplayText, KeepsTheComponentsOfAPathInTheirOrder) {
+  for (const QStringList& components : {QStringList{"אבג", "דהו"},
+                                        {"אבג", "node_modules"},
+                                        {"", "אבג", "123", "דהו"},
+                                        {"123", "אבג", "4.5"},
+                                        {"", "دهل", "١٢٣", "abc", "!"},
+                                        {"𞤀𞤁", "1"},
+                                        {"(אבג)", "[1]", "..."}}) {
+    const QString path = components.join('/');
+    const QString shown = display::text(path.toStdString());
+    // What stands beside it must stay there as well.
+    const QString line = shown + ", 12 KB";
+    QStringList parts = components + QStringList{"12", "KB"};
+    parts.removeAll(QString());
+    EXPECT_TRUE(std::ranges::is_sorted(places(line, parts))) << shown.toStdString();
+    EXPECT_FALSE(std::ranges::is_sorted(places(path + ", 12 KB", parts))) << shown.toStdString();
+    EXPECT_EQ(display::unmarked(shown), path);
+  }
+}
+
+TEST(DisplayText, LeavesOtherTextsAsTheyAre) {
+  for (const char* text : {"", "/home/ada", "é/日本/😀", "a\u200eb", "\u202eabc/d", "\xff/x"}) {
+    EXPECT_EQ(display::text(text).toStdString(), visible(text));
+    EXPECT_EQ(display::unmarked(display::text(text)), display::text(text));
+  }
+}
+
+TEST(DisplayText, CopiesPathsThatCanBePasted) {
+  for (const auto& [path, copied] : std::vector<std::pair<std::string, QString>>{
+           {"/a b'c", "/a b'c"},
+           {"/back\\slash", "/back\\slash"},
+           {"/x\nrm 'y'", "$'/x\\nrm \\'y\\''"},
+           {"/\x1b[2J\\", "$'/\\x1b[2J\\\\'"},
+           {"/\u009b2Jé", "$'/\\xc2\\x9b2Jé'"},
+           {"/photo\u202egpj", "$'/photo\\xe2\\x80\\xaegpj'"},
+           {"/un\u200bseen'", "$'/un\\xe2\\x80\\x8bseen\\''"},
+           {"/caf\xe9/\xe2\x80", "$'/caf\\xe9/\\xe2\\x80'"},
+           {"/אבג/דהו", "/אבג/דהו"},
+       })
+    EXPECT_EQ(display::pasteable(path), copied);
+}
+
+TEST(DisplayText, WarnsOfNamesThatAreNotWhatTheySeem) {
+  for (const char* name : {"a\nb", "photo\u202egpj", "a\u200bb", "\xff", "ü/\u009b"})
+    EXPECT_EQ(display::warning(name), "Unusual characters") << name;
+  for (const char* name : {"", "a b", "back\\slash", "é/日本/😀", "אבג/דהו", "☁\ufe0f"})
+    EXPECT_EQ(display::warning(name), "") << name;
+}
+
+QPalette palette(const QColor& behind, const QColor& inFront) {
+  QPalette result;
+  result.setColor(QPalette::Window, behind);
+  result.setColor(QPalette::WindowText, inFront);
+  return result;
+}
+
+const Theme& light() { return Theme::of(palette(Qt::white, Qt::black)); }
+const Theme& dark() { return Theme::of(palette(Qt::black, Qt::white)); }
+
+// The relative luminance that the guidelines for accessible web content define.
+double luminance(const QColor& colour) {
+  const auto linear = [](double part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+         0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b) {
+  const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
+  return (lighter + 0.05) / (darker + 0.05);
+}
+
+// What is seen of a translucent colour over another one.
+QColor over(const QColor& behind, const QColor& translucent) {
+  QImage image(1, 1, QImage::Format_ARGB32);
+  image.fill(behind);
+  QPainter(&image).fillRect(image.rect(), translucent);
+  return image.pixelColor(0, 0);
+}
+
+TEST(Colours, AreReadable) {
+  constexpr double least = 4.5;
+  for (const Theme* theme : {&light(), &dark()}) {
+    for (const Tone tone : {Tone::primary, Tone::secondary, Tone::tertiary, Tone::accent,
+                            Tone::safe, Tone::usuallySafe, Tone::reviewFirst}) {
+      const QColor colour = theme->colour(tone);
+      for (const QColor& behind : {theme->window, theme->card, theme->cardHovered})
+        EXPECT_GE(contrast(colour, behind), least)
+            << colour.name().toStdString() << " on " << behind.name().toStdString();
+    }
+    EXPECT_GE(contrast(theme->onAccent, theme->accent), least);
+    for (const SafetyLevel level :
+         {SafetyLevel::safe, SafetyLevel::usuallySafe, SafetyLevel::reviewFirst}) {
+      const QColor colour = theme->colour(ui::toneOf(level));
+      const QColor badge = Theme::faint(colour);
+      for (const QColor& behind : {theme->card, theme->cardHovered})
+        EXPECT_GE(contrast(colour, over(behind, badge)), least) << colour.name().toStdString();
+    }
+  }
+}
+
+TEST(Colours, FollowThePalette) {
+  EXPECT_NE(&light(), &dark());
+  for (const auto& [behind, inFront, isDark] : std::vector<std::tuple<QColor, QColor, bool>>{
+           {"#2a2e32", "#fcfcfc", true},
+           {"#242424", "#ffffff", true},
+           {"#303030", "#202020", true},  // words that were set for the light theme
+           {"#777777", "#eeeeee", true},
+           {"#eff0f1", "#232629", false},
+           {"#ffffff", "#000000", false},
+           {"#aaaaaa", "#000000", false},
+       }) {
+    EXPECT_EQ(&Theme::of(palette(behind, inFront)), isDark ? &dark() : &light())
+        << behind.name().toStdString();
+  }
+  EXPECT_EQ(&Theme::of(light().palette()), &light());
+  EXPECT_EQ(&Theme::of(dark().palette()), &dark());
+}
+
+}  // namespace
+}  // namespace broomtide
