@@ -63,7 +63,7 @@ std::string issueLines(const std::vector<ScanIssue>& issues, const TerminalStyle
 std::string nothingFound(const ScanReport& report, const TerminalStyle& style) {
   const Message why{.pattern = report.mode == ScanMode::caches ? messages::cachesClean
                                                                : messages::nothingSupported,
-                    .values = {nameValue(std::to_string(report.entriesScanned))}};
+                    .values = {countValue(static_cast<std::size_t>(report.entriesScanned))}};
   return style(Role::heading, messages::nothingFound) + '\n' + why.text() + "\n\n";
 }
 

@@ -147,7 +147,7 @@ inline constexpr std::string_view nothingFound = "Nothing to clean here";
 inline constexpr std::string_view cachesClean =
     "The known developer cache locations under this folder are already clean.";
 inline constexpr std::string_view nothingSupported =
-    "Broomtide scanned %1 items but did not find a supported disposable artifact in this folder.";
+    "Broomtide scanned %n items but did not find a supported disposable artifact in this folder.";
 inline constexpr std::string_view moveToTrash = "Move selected items to Trash?";
 inline constexpr std::string_view cleanupComplete = "Cleanup complete";
 inline constexpr std::string_view noHistory = "No cleanup history";

@@ -65,23 +65,4 @@ std::set<std::string> engineTexts() {
   return texts.take();
 }
 
-std::set<std::string> evidenceLines() {
-  ProjectContext project;
-  project.kinds = {allProjectKinds.begin(), allProjectKinds.end()};
-  project.manifests = {"1.2", "3.4"};
-  std::set<std::string> lines;
-  for (const ScanRule& rule : ScanRules::project) {
-    for (const ProjectContext* context : {&project, static_cast<ProjectContext*>(nullptr)}) {
-      for (const GitItemStatus status : allGitStatuses) {
-        for (const bool hasRepository : {false, true}) {
-          const auto judgement = ScanRules::evaluate(rule, context, status, hasRepository);
-          if (!judgement) continue;
-          for (const Message& line : judgement->evidence.lines()) lines.insert(line.text());
-        }
-      }
-    }
-  }
-  return lines;
-}
-
 }  // namespace broomtide::test

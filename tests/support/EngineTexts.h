@@ -10,7 +10,4 @@ namespace broomtide::test {
 /// about files.
 std::set<std::string> engineTexts();
 
-/// Every line of evidence that the rules of a project scan give, with and without a project.
-std::set<std::string> evidenceLines();
-
 }  // namespace broomtide::test

@@ -5,7 +5,6 @@
 #include <QTableView>
 #include <latch>
 
-#include "support/EngineTexts.h"
 #include "ui/Person.h"
 #include "ui/Readable.h"
 #include "ui/SpokenLanguage.h"
@@ -32,8 +31,19 @@ ScanCandidate item(int number, SafetyLevel safety, GitItemStatus status) {
       "the next connection, which takes a while.";
   result.projectRoot = "/1/2/1";
   result.projectKinds = {ProjectKind::javascript, ProjectKind::swift};
-  const std::set<std::string> lines = test::evidenceLines();
-  result.evidence = Evidence({lines.begin(), lines.end()});
+  using namespace messages;
+  const auto project = {termsValue({std::string(title(ProjectKind::dotnet)), "Python"}),
+                        namesValue({"1.2", "3.4"})};
+  result.evidence = {{projectDetected, project},
+                     {noProject},
+                     {ignoredByGit},
+                     {untrackedByGit},
+                     {gitUnverified},
+                     {noRepository},
+                     {genericName},
+                     {nameAgrees},
+                     {downloadsRule},
+                     {cacheLocation, {nameValue("1/2")}}};
   result.regenerationCommand =
       "Recreate the environment and install dependencies from the project "
       "lock or requirements file.";

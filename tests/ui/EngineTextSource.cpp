@@ -21,7 +21,9 @@ std::string quoted(const std::string& text) {
 int main() {
   std::puts("const char* const texts[] = {");
   for (const std::string& text : broomtide::test::engineTexts())
-    std::printf("    QT_TRANSLATE_NOOP(\"Engine\", %s),\n", quoted(text).c_str());
+    std::printf("    %s(\"Engine\", %s),\n",
+                text.find("%n") == std::string::npos ? "QT_TRANSLATE_NOOP" : "QT_TRANSLATE_N_NOOP",
+                quoted(text).c_str());
   std::puts("};");
   return std::fflush(stdout) == 0 ? 0 : 1;
 }

@@ -20,7 +20,7 @@
 #include <vector>
 
 #include "app/FakeServices.h"
-#include "core/ScannerError.h"
+#include "core/ServiceInterfaces.h"
 #include "ui/shell/MainWindow.h"
 #include "ui/shell/QtMainThread.h"
 

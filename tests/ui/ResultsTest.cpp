@@ -251,7 +251,7 @@ TEST_F(Results, ScrollToWhatIsOpenedAtTheLowerEdge) {
 TEST_F(Results, OpenDetailsAndCopyTheirCommand) {
   ScanCandidate full = makeCandidate("web/אבג", 9);
   full.projectRoot = "/home/ada/אבג";
-  full.evidence = {"Detected by אבג/דהו"};
+  full.evidence = {bareName("Detected by אבג/דהו")};
   full.regenerationCommand = "npm ci";
   show(resultOf({full, makeCandidate("bare", 1)}));
   press(Qt::Key_Right);

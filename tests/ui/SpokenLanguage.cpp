@@ -4,7 +4,7 @@
 #include <QLocale>
 #include <QTranslator>
 
-#include "core/Language.h"
+#include "core/DateText.h"
 #include "ui/shell/Languages.h"
 
 namespace broomtide::test {

@@ -11,7 +11,7 @@
 
 #include "app/FolderChoice.h"
 #include "app/Services.h"
-#include "core/VisibleText.h"
+#include "core/EscapedText.h"
 #include "support/TemporaryTree.h"
 #include "ui/Person.h"
 #include "ui/SpokenLanguage.h"
@@ -43,52 +43,46 @@ TEST(EngineText, AnythingThatAScanSaysIsTranslated) {
   ui::QtMainThread main;
   const std::unique_ptr<AppModel> model = services::makeModel(main, picker, access);
   for (const ScanMode mode : {ScanMode::project, ScanMode::downloads, ScanMode::caches}) {
-    std::set<std::string> places;
+    std::vector<Message> said;
     const auto observation = model->observe([&](AppModel::Field field) {
-      if (field == AppModel::Field::progress) places.insert(model->progress().currentPath);
+      if (field == AppModel::Field::progress) said.push_back(model->progress().currentPath);
     });
     model->beginScan(tree.root(), mode, true);
     test::TestWindow::runUntil([&] { return model->route() == Route::results; });
     ASSERT_THAT(model->candidates(), SizeIs(1)) << static_cast<int>(mode);
-    const ScanCandidate& found = model->candidates().front();
-    for (const std::string& place : places) {
-      const bool isPath = place == found.relativePath || tree.root().ends_with(place);
-      EXPECT_EQ(ui::enginetext::place(place).startsWith(u'⟦'), !isPath) << place;
+    for (const Message& line : model->candidates().front().evidence.lines()) said.push_back(line);
+    for (const Message& message : said) {
+      const bool isPath = message.pattern == messages::bare;
+      EXPECT_EQ(ui::enginetext::sentence(message).startsWith(u'⟦'), !isPath) << message.text();
     }
-    for (const std::string& line : found.evidence.lines())
-      EXPECT_TRUE(ui::enginetext::statement(line).startsWith(u'⟦')) << line;
   }
 }
 
 TEST(EngineText, KeepsWhatStandsInASentence) {
   const test::SpokenLanguage german({"de"});
-  const std::vector<std::pair<std::string, QString>> statements{
-      {"Detected JavaScript / TypeScript, Python project from a.csproj, package.json.",
-       "Projekt (JavaScript / TypeScript, Python) anhand von a.csproj, package.json erkannt."},
-      {"Well-known developer cache location (~/.npm/%2).",
-       "Bekannter Ort für Entwickler-Caches (~/.npm/%2)."},
+  using namespace messages;
+  const std::vector<std::pair<Message, QString>> sentences{
+      {{projectDetected,
+        {termsValue({"JavaScript / TypeScript", "Cache"}), namesValue({"a.csproj", "Cache"})}},
+       "Projekt (JavaScript / TypeScript, Cache) anhand von a.csproj, Cache erkannt."},
+      {{cacheLocation, {nameValue(".npm/%2")}}, "Bekannter Ort für Entwickler-Caches (~/.npm/%2)."},
       {FolderChoice::refusal("/tmp/a\u202eb ”. c", "/home/%1"),
        "In „a\\u202eb ”. c“ wurden keine bekannten Entwickler-Caches gefunden. Wählen Sie zum "
        "Scannen von Entwickler-Caches Ihren persönlichen Ordner (/home/%1) aus."},
       {FolderChoice::refusal("/tmp/Logs", std::nullopt),
        "In „Logs“ wurden keine bekannten Entwickler-Caches gefunden. Wählen Sie zum Scannen von "
        "Entwickler-Caches Ihren persönlichen Ordner (Ihr persönlicher Ordner) aus."},
-      {"npm ci", "npm ci"},
-      {"", ""},
+      {{calculating, {nameValue("a/Cache")}}, "Größe von a/Cache wird ermittelt …"},
+      {{projectsDetected, {countValue(1)}}, "1 Projekt erkannt …"},
+      {{projectsDetected, {countValue(12)}}, "12 Projekte erkannt …"},
+      {bareName("Logs"), "Logs"},  // a folder, not the category
+      {bareName("a\nb%1"), "a\\nb%1"},
+      {bareSentence("npm ci"), "npm ci"},
   };
-  for (const auto& [english, shown] : statements)
-    EXPECT_EQ(ui::enginetext::statement(english), shown);
-  const std::vector<std::pair<std::string, QString>> places{
-      {"Calculating a/Cache…", "Größe von a/Cache wird ermittelt …"},
-      {"Detected 1 project context(s)…", "1 Projekt erkannt …"},
-      {"Detected 12 project context(s)…", "12 Projekte erkannt …"},
-      {"Detected foo project context(s)…", "Detected foo project context(s)…"},  // a folder
-      {"Detected 99999999999 project context(s)…", "Detected 99999999999 project context(s)…"},
-      {"Cache", "Cache"},
-      {"Logs", "Logs"},  // a folder, not the category
-      {"a\nb", "a\\nb"},
-  };
-  for (const auto& [english, shown] : places) EXPECT_EQ(ui::enginetext::place(english), shown);
+  for (const auto& [message, shown] : sentences)
+    EXPECT_EQ(ui::enginetext::sentence(message), shown);
+  EXPECT_EQ(ui::enginetext::statement("Logs"), "Protokolle");
+  EXPECT_EQ(ui::enginetext::statement("a\nb"), "a\\nb");
 }
 
 TEST(Languages, TheFirstThatTheWindowSpeaksDecidesAboutTextsAndValues) {
@@ -203,7 +197,7 @@ TEST(DisplayText, KeepsTheComponentsOfAPathInTheirOrder) {
 
 TEST(DisplayText, LeavesOtherTextsAsTheyAre) {
   for (const char* text : {"", "/home/ada", "é/日本/😀", "a\u200eb", "\u202eabc/d", "\xff/x"}) {
-    EXPECT_EQ(display::text(text).toStdString(), visible(text));
+    EXPECT_EQ(display::text(text).toStdString(), escaped(text));
     EXPECT_EQ(display::unmarked(display::text(text)), display::text(text));
   }
 }

@@ -9,9 +9,9 @@
 
 #include "core/ByteCount.h"
 #include "core/DateText.h"
+#include "core/EscapedText.h"
 #include "core/Paths.h"
 #include "core/Utf8.h"
-#include "core/VisibleText.h"
 
 namespace broomtide::ui::display {
 namespace {
@@ -68,7 +68,7 @@ bool runsFromRightToLeft(const QString& text) {
 QString quoted(std::string_view bytes, const utf8::Sequence& character) {
   if (bytes == "'") return QStringLiteral("\\'");
   const bool hasOtherForm = hasUnusualCharacters(bytes) && (bytes.size() > 1 || !character.isValid);
-  if (!hasOtherForm) return QString::fromStdString(visible(bytes));
+  if (!hasOtherForm) return QString::fromStdString(escaped(bytes));
   QString result;
   constexpr int hexadecimal = 16;
   for (const char byte : bytes) {
@@ -80,7 +80,7 @@ QString quoted(std::string_view bytes, const utf8::Sequence& character) {
 }  // namespace
 
 QString text(std::string_view bytes) {
-  QString shown = QString::fromStdString(visible(bytes));
+  QString shown = QString::fromStdString(escaped(bytes));
   if (!runsFromRightToLeft(shown)) return shown;
   shown.replace(u'/', QString(u'/') + leftToRight);
   return leftToRight + shown + leftToRight;

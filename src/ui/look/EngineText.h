@@ -3,6 +3,8 @@
 #include <QString>
 #include <string_view>
 
+#include "core/Messages.h"
+
 /// What the engine says, which is English, in the language of the window. Texts that nobody has
 /// translated stay as they are.
 namespace broomtide::ui::enginetext {
@@ -10,11 +12,11 @@ namespace broomtide::ui::enginetext {
 /// A constant of the engine: a title, a category, what a folder dialog says.
 QString title(std::string_view constant);
 
-/// A constant or a sentence that may hold names, which are shown as `display::text` shows them.
+/// A sentence without places, or a text of the system; what is no such constant is shown as
+/// `display::text` shows it.
 QString statement(std::string_view text);
 
-/// Where a scan is: one of its phases, or a path, which is shown as `display::text` shows it even
-/// if it reads like a title.
-QString place(std::string_view progress);
+/// A sentence with its values, names among them as `display::text` shows them.
+QString sentence(const Message& message);
 
 }  // namespace broomtide::ui::enginetext

@@ -9,7 +9,6 @@
 #include <QVBoxLayout>
 #include <filesystem>
 
-#include "core/FileUrl.h"
 #include "core/Paths.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Label.h"
@@ -60,7 +59,7 @@ void copyText(const QString& text) { QApplication::clipboard()->setText(text); }
 void openFolder(const std::string& path) {
   std::error_code error;
   if (!std::filesystem::is_directory(path, error)) return;
-  QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray::fromStdString(fileUrl(path))));
+  QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray::fromStdString(paths::fileUrl(path))));
 }
 
 }  // namespace
@@ -75,8 +74,8 @@ CandidateDetails::CandidateDetails(const ScanCandidate& candidate, QWidget* pare
   if (candidate.projectRoot)
     addWithSymbol("shippingbox", tr("Project: %1").arg(display::name(*candidate.projectRoot)),
                   "project");
-  for (const std::string& reason : candidate.evidence.lines())
-    addWithSymbol("checkmark.circle", enginetext::statement(reason), "evidence");
+  for (const Message& reason : candidate.evidence.lines())
+    addWithSymbol("checkmark.circle", enginetext::sentence(reason), "evidence");
   if (candidate.regenerationCommand)
     addCommand(enginetext::statement(*candidate.regenerationCommand));
   lines_->addStretch();

@@ -58,8 +58,7 @@ QString details(const ScanCandidate& candidate) {
   QStringList lines{enginetext::statement(candidate.explanation)};
   if (candidate.projectRoot)
     lines << CandidateText::tr("Project: %1").arg(display::name(*candidate.projectRoot));
-  for (const std::string& reason : candidate.evidence.lines())
-    lines << enginetext::statement(reason);
+  for (const Message& reason : candidate.evidence.lines()) lines << enginetext::sentence(reason);
   if (candidate.regenerationCommand)
     lines << CandidateText::tr("How to regenerate: %1")
                  .arg(enginetext::statement(*candidate.regenerationCommand));

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "core/ScanCandidate.h"
+#include "core/Records.h"
 
 /// What a row says about its candidate.
 namespace broomtide::ui::candidatetext {

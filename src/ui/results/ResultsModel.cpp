@@ -148,8 +148,8 @@ QVariant ResultsModel::issueData(const ResultsRow& row, int role) const {
   if (row.kind == ResultsRowKind::issuesHeading) {
     if (role == SymbolRole) return QStringLiteral("exclamationmark.triangle");
     if (!isText) return {};
-    const auto count = static_cast<int>(model_.scanIssues().size());
-    return tr("%n item(s) could not be read and were skipped.", nullptr, count);
+    return enginetext::sentence(
+        {.pattern = messages::itemsSkipped, .values = {countValue(model_.scanIssues().size())}});
   }
   if (row.kind == ResultsRowKind::moreIssues)
     return isText ? tr("And %n more…", nullptr, static_cast<int>(row.position)) : QVariant();

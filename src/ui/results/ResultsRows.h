@@ -12,7 +12,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "core/ScanCandidate.h"
+#include "core/Records.h"
 #include "core/SortOrder.h"
 
 namespace broomtide::ui {

@@ -130,14 +130,12 @@ void ResultsView::arrange() {
 }
 
 QWidget* ResultsView::nothingFound() const {
-  const QString description =
-      model_.scanMode() == ScanMode::caches
-          ? tr("The known developer cache locations under this folder are already clean.")
-          : tr("Broomtide scanned %1 items but did not find a supported disposable artifact in "
-               "this folder.",
-               nullptr, display::quantity(model_.progress().entriesScanned))
-                .arg(display::count(model_.progress().entriesScanned));
-  auto* empty = new EmptyState("checkmark.circle", tr("Nothing to clean here"), description);
+  const bool isOfCaches = model_.scanMode() == ScanMode::caches;
+  const auto entries = static_cast<std::size_t>(model_.progress().entriesScanned);
+  const Message why{.pattern = isOfCaches ? messages::cachesClean : messages::nothingSupported,
+                    .values = {countValue(entries)}};
+  auto* empty = new EmptyState("checkmark.circle", enginetext::title(messages::nothingFound),
+                               enginetext::sentence(why));
   empty->setObjectName("empty");
   return empty;
 }

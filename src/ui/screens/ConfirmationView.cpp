@@ -3,13 +3,14 @@
 #include <QHBoxLayout>
 #include <algorithm>
 
-#include "core/VisibleText.h"
+#include "core/EscapedText.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Column.h"
 #include "ui/controls/Keys.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Pictures.h"
 #include "ui/look/DisplayText.h"
+#include "ui/look/EngineText.h"
 
 namespace broomtide::ui {
 namespace {
@@ -37,7 +38,7 @@ ConfirmationView::ConfirmationView(AppModel& model, QWidget* parent)
   note->setAlignment(Qt::AlignHCenter);
   note->setFixedWidth(maxNoteWidth);
 
-  auto* question = new Label(tr("Move selected items to Trash?"), TextStyle::largeTitle);
+  auto* question = new Label(enginetext::title(messages::moveToTrash), TextStyle::largeTitle);
   question->setWordWrap(true);
   question->setAlignment(Qt::AlignHCenter);
 

@@ -10,6 +10,7 @@
 #include "ui/controls/Pictures.h"
 #include "ui/controls/RecordList.h"
 #include "ui/look/DisplayText.h"
+#include "ui/look/EngineText.h"
 
 namespace broomtide::ui {
 namespace {
@@ -44,8 +45,8 @@ HistoryView::HistoryView(AppModel& model, QWidget* parent) : QWidget(parent) {
   lines.addLayout(header(model));
   column->addClearOfScrollBar(new Divider);
   if (model.history().empty()) {
-    auto* empty = new EmptyState("clock", tr("No cleanup history"),
-                                 tr("Completed cleanups will appear here."));
+    auto* empty = new EmptyState("clock", enginetext::title(messages::noHistory),
+                                 enginetext::title(messages::historyAppears));
     empty->setObjectName("empty");
     lines.addWidget(empty, 1);
   } else {

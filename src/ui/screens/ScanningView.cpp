@@ -77,7 +77,7 @@ QLayout* ScanningView::metrics() {
 
 void ScanningView::refresh() {
   const ScanProgress& progress = model_.progress();
-  currentPath_->setText(enginetext::place(progress.currentPath));
+  currentPath_->setText(enginetext::sentence(progress.currentPath));
   itemsScanned_->setValue(display::count(progress.entriesScanned));
   reclaimable_->setValue(display::size(progress.reclaimableBytes));
   matches_->setValue(display::count(static_cast<std::int64_t>(model_.candidates().size())));

@@ -79,7 +79,7 @@ SummaryView::SummaryView(AppModel& model, QWidget* parent) : QWidget(parent) {
   lines.addStretch(2);
   lines.addWidget(outcome, 0, Qt::AlignHCenter);
   lines.addSpacing(16);
-  auto* title = new Label(tr("Cleanup complete"), TextStyle::largeTitle);
+  auto* title = new Label(enginetext::title(messages::cleanupComplete), TextStyle::largeTitle);
   title->setObjectName("title");
   lines.addWidget(title, 0, Qt::AlignHCenter);
   lines.addSpacing(16);

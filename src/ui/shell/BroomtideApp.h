@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "app/AccessGranting.h"
 #include "app/AppModel.h"
+#include "app/Surroundings.h"
 #include "ui/shell/DesktopColours.h"
 #include "ui/shell/FolderDialog.h"
 #include "ui/shell/MainWindow.h"

@@ -78,7 +78,7 @@ void ContentView::showAlert() {
       model_.clearErrorMessage();
     });
   }
-  alert_->setText(enginetext::statement(*model_.errorMessage()));
+  alert_->setText(enginetext::sentence(*model_.errorMessage()));
   alert_->open();
 }
 

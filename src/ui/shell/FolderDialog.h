@@ -3,7 +3,7 @@
 #include <QPointer>
 #include <QWidget>
 
-#include "app/FolderPicking.h"
+#include "app/Surroundings.h"
 
 namespace broomtide::ui {
 

@@ -6,7 +6,7 @@
 #include <QLocale>
 #include <QTranslator>
 
-#include "core/Language.h"
+#include "core/DateText.h"
 
 namespace broomtide::ui::languages {
 namespace {

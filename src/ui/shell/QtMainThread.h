@@ -6,7 +6,7 @@
 #include <functional>
 #include <mutex>
 
-#include "app/MainThread.h"
+#include "app/Surroundings.h"
 
 namespace broomtide::ui {
 

@@ -115,6 +115,44 @@ Mehr dazu zeigt broomtide --help.
 <context>
     <name>Engine</name>
     <message>
+        <source>Nothing to clean here</source>
+        <translation>Hier gibt es nichts zu bereinigen</translation>
+    </message>
+    <message>
+        <source>Cleanup complete</source>
+        <translation>Bereinigung abgeschlossen</translation>
+    </message>
+    <message>
+        <source>Move selected items to Trash?</source>
+        <translation>Ausgewählte Objekte in den Papierkorb verschieben?</translation>
+    </message>
+    <message>
+        <source>No cleanup history</source>
+        <translation>Kein Bereinigungsverlauf</translation>
+    </message>
+    <message>
+        <source>Completed cleanups will appear here.</source>
+        <translation>Abgeschlossene Bereinigungen erscheinen hier.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) could not be read and were skipped.</source>
+        <translation>
+            <numerusform>%n Objekt konnte nicht gelesen werden und wurde übersprungen.</numerusform>
+            <numerusform>%n Objekte konnten nicht gelesen werden und wurden übersprungen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The known developer cache locations under this folder are already clean.</source>
+        <translation>Die bekannten Entwickler-Caches in diesem Ordner sind bereits leer.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Broomtide scanned %n items but did not find a supported disposable artifact in this folder.</source>
+        <translation>
+            <numerusform>Broomtide hat %n Objekt gescannt, aber in diesem Ordner kein unterstütztes entbehrliches Artefakt gefunden.</numerusform>
+            <numerusform>Broomtide hat %n Objekte gescannt, aber in diesem Ordner kein unterstütztes entbehrliches Artefakt gefunden.</numerusform>
+        </translation>
+    </message>
+    <message>
         <source>Preparing scan…</source>
         <translation>Scan wird vorbereitet …</translation>
     </message>
@@ -184,10 +222,6 @@ Mehr dazu zeigt broomtide --help.
     <message>
         <source>Matched the Downloads cleanup rule.</source>
         <translation>Entspricht der Bereinigungsregel für Downloads.</translation>
-    </message>
-    <message>
-        <source>Skipped an item outside the selected folder.</source>
-        <translation>Ein Objekt außerhalb des gewählten Ordners wurde übersprungen.</translation>
     </message>
     <message>
         <source>The item disappeared while it was being scanned.</source>
@@ -1313,6 +1347,10 @@ Mehr dazu zeigt broomtide --help.
         <source>uv re-downloads packages on demand.</source>
         <translation>uv lädt Pakete bei Bedarf erneut herunter.</translation>
     </message>
+    <message>
+        <source>This is the whole file system. Choose a folder below it.</source>
+        <translation>Das ist das gesamte Dateisystem. Wählen Sie einen Ordner darin.</translation>
+    </message>
 </context>
 <context>
     <name>broomtide::ui::BusyIndicator</name>
@@ -1370,10 +1408,6 @@ Mehr dazu zeigt broomtide --help.
         <translation>Die Objekte werden in den Papierkorb verschoben und nicht endgültig gelöscht. Broomtide prüft jedes Objekt vor dem Verschieben noch einmal.</translation>
     </message>
     <message>
-        <source>Move selected items to Trash?</source>
-        <translation>Ausgewählte Objekte in den Papierkorb verschieben?</translation>
-    </message>
-    <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
@@ -1423,14 +1457,6 @@ Mehr dazu zeigt broomtide --help.
     <message>
         <source>Cleanup History</source>
         <translation>Bereinigungsverlauf</translation>
-    </message>
-    <message>
-        <source>No cleanup history</source>
-        <translation>Kein Bereinigungsverlauf</translation>
-    </message>
-    <message>
-        <source>Completed cleanups will appear here.</source>
-        <translation>Abgeschlossene Bereinigungen erscheinen hier.</translation>
     </message>
     <message>
         <source>Back</source>
@@ -1626,13 +1652,6 @@ Freie Software unter der MIT-Lizenz.</translation>
         <translation>%1 auswählen</translation>
     </message>
     <message numerus="yes">
-        <source>%n item(s) could not be read and were skipped.</source>
-        <translation>
-            <numerusform>%n Objekt konnte nicht gelesen werden und wurde übersprungen.</numerusform>
-            <numerusform>%n Objekte konnten nicht gelesen werden und wurden übersprungen.</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
         <source>And %n more…</source>
         <translation>
             <numerusform>Und %n weiteres …</numerusform>
@@ -1642,21 +1661,6 @@ Freie Software unter der MIT-Lizenz.</translation>
 </context>
 <context>
     <name>broomtide::ui::ResultsView</name>
-    <message>
-        <source>The known developer cache locations under this folder are already clean.</source>
-        <translation>Die bekannten Entwickler-Caches in diesem Ordner sind bereits leer.</translation>
-    </message>
-    <message numerus="yes">
-        <source>Broomtide scanned %1 items but did not find a supported disposable artifact in this folder.</source>
-        <translation>
-            <numerusform>Broomtide hat %1 Objekt gescannt, aber in diesem Ordner kein unterstütztes entbehrliches Artefakt gefunden.</numerusform>
-            <numerusform>Broomtide hat %1 Objekte gescannt, aber in diesem Ordner kein unterstütztes entbehrliches Artefakt gefunden.</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Nothing to clean here</source>
-        <translation>Hier gibt es nichts zu bereinigen</translation>
-    </message>
     <message>
         <source>No matching items</source>
         <translation>Keine passenden Objekte</translation>
@@ -1740,10 +1744,6 @@ Freie Software unter der MIT-Lizenz.</translation>
     <message>
         <source>Items that were left alone</source>
         <translation>Nicht angetastete Objekte</translation>
-    </message>
-    <message>
-        <source>Cleanup complete</source>
-        <translation>Bereinigung abgeschlossen</translation>
     </message>
     <message>
         <source>View History</source>

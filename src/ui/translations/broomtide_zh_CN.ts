@@ -114,6 +114,42 @@ Run broomtide --help for more information.
 <context>
     <name>Engine</name>
     <message>
+        <source>Nothing to clean here</source>
+        <translation>这里没有可清理的内容</translation>
+    </message>
+    <message>
+        <source>Cleanup complete</source>
+        <translation>清理完成</translation>
+    </message>
+    <message>
+        <source>Move selected items to Trash?</source>
+        <translation>将所选条目移到回收站？</translation>
+    </message>
+    <message>
+        <source>No cleanup history</source>
+        <translation>没有清理历史</translation>
+    </message>
+    <message>
+        <source>Completed cleanups will appear here.</source>
+        <translation>已完成的清理会显示在这里。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) could not be read and were skipped.</source>
+        <translation>
+            <numerusform>有 %n 个条目无法读取，已跳过。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The known developer cache locations under this folder are already clean.</source>
+        <translation>此文件夹下的已知开发缓存位置已经是干净的。</translation>
+    </message>
+    <message numerus="yes">
+        <source>Broomtide scanned %n items but did not find a supported disposable artifact in this folder.</source>
+        <translation>
+            <numerusform>Broomtide 扫描了 %n 个条目，但在此文件夹中未找到受支持的可清理产物。</numerusform>
+        </translation>
+    </message>
+    <message>
         <source>Preparing scan…</source>
         <translation>正在准备扫描…</translation>
     </message>
@@ -182,10 +218,6 @@ Run broomtide --help for more information.
     <message>
         <source>Matched the Downloads cleanup rule.</source>
         <translation>符合“下载”清理规则。</translation>
-    </message>
-    <message>
-        <source>Skipped an item outside the selected folder.</source>
-        <translation>已跳过所选文件夹之外的条目。</translation>
     </message>
     <message>
         <source>The item disappeared while it was being scanned.</source>
@@ -1311,6 +1343,10 @@ Run broomtide --help for more information.
         <source>uv re-downloads packages on demand.</source>
         <translation>uv 会按需重新下载软件包。</translation>
     </message>
+    <message>
+        <source>This is the whole file system. Choose a folder below it.</source>
+        <translation>这是整个文件系统。请选择其中的一个文件夹。</translation>
+    </message>
 </context>
 <context>
     <name>broomtide::ui::BusyIndicator</name>
@@ -1368,10 +1404,6 @@ Run broomtide --help for more information.
         <translation>条目只会移到回收站，不会被永久删除。移动之前，Broomtide 会再次核查每个条目。</translation>
     </message>
     <message>
-        <source>Move selected items to Trash?</source>
-        <translation>将所选条目移到回收站？</translation>
-    </message>
-    <message>
         <source>Cancel</source>
         <translation>取消</translation>
     </message>
@@ -1418,14 +1450,6 @@ Run broomtide --help for more information.
     <message>
         <source>Cleanup History</source>
         <translation>清理历史</translation>
-    </message>
-    <message>
-        <source>No cleanup history</source>
-        <translation>没有清理历史</translation>
-    </message>
-    <message>
-        <source>Completed cleanups will appear here.</source>
-        <translation>已完成的清理会显示在这里。</translation>
     </message>
     <message>
         <source>Back</source>
@@ -1618,12 +1642,6 @@ Free software under the MIT licence.</source>
         <translation>选择 %1</translation>
     </message>
     <message numerus="yes">
-        <source>%n item(s) could not be read and were skipped.</source>
-        <translation>
-            <numerusform>有 %n 个条目无法读取，已跳过。</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
         <source>And %n more…</source>
         <translation>
             <numerusform>还有 %n 个…</numerusform>
@@ -1632,20 +1650,6 @@ Free software under the MIT licence.</source>
 </context>
 <context>
     <name>broomtide::ui::ResultsView</name>
-    <message>
-        <source>The known developer cache locations under this folder are already clean.</source>
-        <translation>此文件夹下的已知开发缓存位置已经是干净的。</translation>
-    </message>
-    <message numerus="yes">
-        <source>Broomtide scanned %1 items but did not find a supported disposable artifact in this folder.</source>
-        <translation>
-            <numerusform>Broomtide 扫描了 %1 个条目，但在此文件夹中未找到受支持的可清理产物。</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Nothing to clean here</source>
-        <translation>这里没有可清理的内容</translation>
-    </message>
     <message>
         <source>No matching items</source>
         <translation>没有匹配的条目</translation>
@@ -1729,10 +1733,6 @@ Free software under the MIT licence.</source>
     <message>
         <source>Items that were left alone</source>
         <translation>未改动的条目</translation>
-    </message>
-    <message>
-        <source>Cleanup complete</source>
-        <translation>清理完成</translation>
     </message>
     <message>
         <source>View History</source>
