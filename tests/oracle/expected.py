@@ -3,6 +3,7 @@
 Paths are bytes. The random identifiers of issues are left out; everything else is there.
 """
 
+import contextlib
 import datetime
 import os
 import stat
@@ -44,29 +45,24 @@ def kind_of(found):
     return "directory" if is_folder else "file" if is_file else "other"
 
 
-def walk_below(folder, path, issues, visit):
+def walk(open_folder, path, issues, visit):
     """Depth first, siblings by name. visit(entry) says whether to enter a folder; one that cannot be is an issue."""
-    with os.scandir(folder) as listing:
-        found = sorted((os.fsencode(item.name), kind_of(item)) for item in listing)
-    for entry in [Entry(folder, path + b"/" + name, name, kind) for name, kind in found]:
-        if visit(entry) and entry.is_folder:
-            try:
-                inner = entry.open()
-            except OSError as error:
-                issues.append(issue(entry.path, error))
-                continue
-            try:
-                walk_below(inner, entry.path, issues, visit)
-            finally:
-                os.close(inner)
-
-
-def walk(root, issues, visit):
-    folder = os.open(root, os.O_RDONLY | os.O_DIRECTORY)
+    folder = open_folder()
     try:
-        walk_below(folder, root, issues, visit)
+        with os.scandir(folder) as listing:
+            found = sorted((os.fsencode(item.name), kind_of(item)) for item in listing)
+        for entry in [Entry(folder, path + b"/" + name, name, kind) for name, kind in found]:
+            if visit(entry) and entry.is_folder:
+                try:
+                    walk(entry.open, entry.path, issues, visit)
+                except OSError as error:
+                    issues.append(issue(entry.path, error))
     finally:
         os.close(folder)
+
+
+def opened(path):
+    return lambda: os.open(path, os.O_RDONLY | os.O_DIRECTORY)
 
 
 def measure(open_folder, path):
@@ -82,14 +78,8 @@ def measure(open_folder, path):
                 issues.append(issue(entry.path, error))
         return True
 
-    try:
-        folder = open_folder()
-    except OSError:
-        return 0, 0, []
-    try:
-        walk_below(folder, path, issues, add)
-    finally:
-        os.close(folder)
+    with contextlib.suppress(OSError):
+        walk(open_folder, path, issues, add)
     return sum(sizes), len(sizes), issues
 
 
@@ -158,13 +148,10 @@ class Snapshot:
 
     def __init__(self, root, is_part=False):
         self.root = root
-        self.ignored = []
-        self.tracked = None
-        if is_part or not is_passed_by(root):
-            self.tracked = run_git(root, b"ls-files -z --cached")
-        if not is_part:
-            self.ignored = run_git(
-                root, b"ls-files -z --others --ignored --exclude-standard --directory --no-empty-directory")
+        is_asked = is_part or not is_passed_by(root)
+        self.tracked = run_git(root, b"ls-files -z --cached") if is_asked else None
+        self.ignored = [] if is_part else run_git(
+            root, b"ls-files -z --others --ignored --exclude-standard --directory --no-empty-directory")
 
     def status(self, entry):
         if self.tracked is None or self.ignored is None:
@@ -247,7 +234,7 @@ class Scan:
                 project.manifests.append(entry.name)
             return not kind
 
-        walk(self.root, self.issues, visit)
+        walk(opened(self.root), self.root, self.issues, visit)
         for project in self.projects.values():
             project.git_root = nearest(project.root, self.git_roots)
 
@@ -308,7 +295,7 @@ class Scan:
             self.add(entry.path, entry.kind, size, attributes, rule, judgement, project, git_root, status)
             return False
 
-        walk(self.root, self.issues, visit)
+        walk(opened(self.root), self.root, self.issues, visit)
 
     def cache_locations(self):
         """Every rule whose location is there: no folder twice, none that holds another."""
@@ -333,14 +320,10 @@ class Scan:
                 except OSError:
                     continue
             for path in parts:
-                try:
-                    attributes = os.lstat(path)
-                except OSError:
-                    continue
-                size, _, issues = measure(lambda: os.open(path, os.O_RDONLY | os.O_NOFOLLOW), path)
+                size, _, issues = measure(opened(path), path)
                 self.issues += issues
                 if size > 0:
-                    self.add(path, "directory", size, attributes, rule, {
+                    self.add(path, "directory", size, os.lstat(path), rule, {
                         "safety": rule.safety, "confidence": "high", "isSelected": rule.safety == "safe",
                         "regenerationCommand": rule.command,
                         "evidence": [f"Well-known developer cache location (~/{rule.pattern.decode()})."]})
@@ -357,7 +340,7 @@ class Scan:
             "candidates": sorted(self.candidates, key=lambda item: (by_safety(item["safety"]), -item["size"])),
             "issues": self.issues,
             "projects": [{"root": url(project.root), "kinds": project.told_kinds(), "gitRoot": url(project.git_root),
-                          "manifests": [text(name) for name in sorted(project.manifests)]} for project in projects],
+                          "manifests": [text(name) for name in project.manifests]} for project in projects],
         }
 
 

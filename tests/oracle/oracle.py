@@ -52,7 +52,7 @@ def portrait(base):
         found[expected.url(entry.path)] = status.st_ino, status.st_mode, status.st_size, status.st_mtime_ns, target
         return True
 
-    expected.walk(base, [], visit)
+    expected.walk(expected.opened(base), base, [], visit)
     return found
 
 
@@ -115,24 +115,18 @@ class Round:
 
     def clean(self, document):
         """Moves some of what was found or what is selected by itself, and puts it back. Counts what was moved."""
-        by_item = self.random.random() < 0.7
-        share = self.random.choice([0.1, 0.5, 1])
-        chosen = [each for each in document["candidates"] if len(each["url"]) < LONG_PATH and
-                  (self.random.random() < share if by_item else each["isSelected"])]
-        paths = {each["url"]: urllib.parse.unquote_to_bytes(each["url"].removeprefix("file://")) for each in chosen}
+        by_item, share = self.random.random() < 0.7, self.random.choice([0.1, 0.5, 1])
         root = os.path.normpath(os.path.join(self.tree.working_directory, self.tree.argument))
-        options = [b"--item=" + paths[each["url"]][len(root) + 1:] for each in chosen] if by_item else []
-        if not chosen:
+        paths, options = {}, []  # of what is to be moved, by how it is told
+        for each in document["candidates"]:
+            path = urllib.parse.unquote_to_bytes(each["url"].removeprefix("file://"))
+            if self.random.random() < share and len(path) < LONG_PATH if by_item else each["isSelected"]:
+                paths[each["url"]] = path
+                options += [b"--item=" + path[len(root) + 1:]] * by_item
+        chosen = [each for each in document["candidates"] if each["url"] in paths]
+        moved = [each for each in chosen if self.can_be_moved(each, paths[each["url"]])]
+        if not moved:
             return 0
-
-        def can_be_moved(candidate):
-            if candidate["gitRoot"] and candidate["gitStatus"] == "unavailable":
-                return False
-            path = paths[candidate["url"]]  # moving a folder writes its ".."
-            folders = [os.path.dirname(path)] + [path] * (candidate["kind"] == "directory")
-            return all(os.access(folder, os.W_OK) for folder in folders)
-
-        moved = [each for each in chosen if can_be_moved(each)]
         places = {os.path.dirname(paths[each["url"]]) for each in moved}
         dates = {place: os.stat(place).st_mtime_ns for place in places}
         status, result = self.run_cli("clean", "--yes", *options)
@@ -147,29 +141,24 @@ class Round:
             os.utime(place, ns=(date, date))
         return len(moved)
 
+    @staticmethod
+    def can_be_moved(candidate, path):
+        folders = [os.path.dirname(path)] + [path] * (candidate["kind"] == "directory")  # moving one writes its ".."
+        is_doubtful = candidate["gitRoot"] and candidate["gitStatus"] == "unavailable"
+        return not is_doubtful and all(os.access(folder, os.W_OK) for folder in folders)
+
     def put_back(self, wanted):
         """Has everything in the Trash go where its information says."""
-        origins = set()
-        for name in os.listdir(self.trash + b"/info") if wanted else []:
-            with open(self.trash + b"/info/" + name, "rb") as file:
+        origins = []
+        for name in os.listdir(self.trash + b"/files"):
+            with open(self.trash + b"/info/" + name + b".trashinfo", "rb") as file:
                 header, path, _ = file.read().splitlines()
             require_same(header, b"[Trash Info]", "the header of an information file")
-            origin = urllib.parse.unquote_to_bytes(path.removeprefix(b"Path="))
-            origins.add(origin)
-            require_same(os.path.lexists(origin), False, "what stands in the place of what was moved")
-            os.rename(self.trash + b"/files/" + name.removesuffix(b".trashinfo"), origin)
+            origins.append(urllib.parse.unquote_to_bytes(path.removeprefix(b"Path=")))
+            require_same(os.path.lexists(origins[-1]), False, "what stands in the place of what was moved")
+            os.rename(self.trash + b"/files/" + name, origins[-1])
         require_same(sorted(origins), sorted(wanted), "what is in the Trash")
-        require_same(os.listdir(self.trash + b"/files") if wanted else [], [], "without information in the Trash")
-        shutil.rmtree(self.tree.data, ignore_errors=True)
-
-
-def become_nobody(folder):
-    """Root may read everything, so its rounds are those of nobody."""
-    user = pwd.getpwnam("nobody")
-    os.chown(folder, user.pw_uid, user.pw_gid)
-    os.setgroups([])
-    os.setgid(user.pw_gid)
-    os.setuid(user.pw_uid)
+        shutil.rmtree(self.tree.data)
 
 
 def main():
@@ -178,25 +167,29 @@ def main():
     parser.add_argument("--seconds", type=int, default=sys.maxsize)
     parser.add_argument("--seed", type=int, default=time.time_ns() // 10**9)
     options = parser.parse_args()
+    end = time.monotonic() + options.seconds
     folder = tempfile.mkdtemp(prefix="broomtide-oracle-")
     cli = shutil.copy(os.environ["BROOMTIDE_CLI"], folder)  # a build may be closed to everybody else
-    if os.geteuid() == 0:
-        become_nobody(folder)
-    rounds = found = moved = 0
-    end = time.monotonic() + options.seconds
-    while rounds < options.rounds and time.monotonic() < end:
-        base = os.fsencode(os.path.realpath(folder)) + b"/%d" % (options.seed + rounds)
+    if os.geteuid() == 0:  # who may read everything
+        nobody = pwd.getpwnam("nobody")
+        os.chown(folder, nobody.pw_uid, nobody.pw_gid)
+        os.setgroups([])
+        os.setgid(nobody.pw_gid)
+        os.setuid(nobody.pw_uid)
+    counts = [0, 0]
+    for seed in range(options.seed, options.seed + options.rounds):
+        base = os.fsencode(os.path.realpath(folder)) + b"/%d" % seed
         try:
-            counts = Round(cli, options.seed + rounds, base).run()
-        except Exception as failure:
-            reason = failure if isinstance(failure, Mismatch) else traceback.format_exc()
-            sys.exit(f"FAILED: --seed {options.seed + rounds} --rounds 1, in {os.fsdecode(base)}: {reason}")
+            counts = list(map(sum, zip(counts, Round(cli, seed, base).run())))
+        except Exception:
+            traceback.print_exc()
+            sys.exit(f"FAILED: --seed {seed} --rounds 1; kept: {os.fsdecode(base)}")
         shutil.rmtree(base)
-        rounds, found, moved = rounds + 1, found + counts[0], moved + counts[1]
+        if time.monotonic() > end:
+            break
     shutil.rmtree(folder)
-    print(f"{rounds} rounds from seed {options.seed}: {found} items found, {moved} moved and put back")
-    if rounds > 3 and not moved:
-        sys.exit("nothing was moved in all these rounds")
+    print(f"seeds {options.seed} to {seed}: {counts[0]} items found, {counts[1]} moved and put back")
+    sys.exit(options.rounds > 10 and not counts[1])
 
 
 if __name__ == "__main__":

@@ -37,7 +37,7 @@ class Tree:
             self.git(base, "init", "-q", "--template=")
             self.plant(base, b"package.json")
             self.ignore(base)
-            for path in self.some(sorted(self.below(self.root)), 20):
+            for path in self.some(sorted(self.below(self.root)), 6):
                 self.git(base, "add", "-f", "--", path)
         os.symlink(name, base + b"/link to root")
         self.argument, self.working_directory = self.random.choice([
@@ -238,7 +238,8 @@ class Tree:
         """Projects whose paths are ordered otherwise as names, as bytes and as characters, with equal items in them."""
         names = ["a", "a-b", "a b", "a!", "a.b", "A", "a\u0301", "ééé", "abcd", "abc", "日本", "\U0001f9f9", "ab"]
         for name in [*map(str.encode, names), b"a\xff", b"\xe2\x82", b"\xed\xa0\x80"]:
-            self.plant(self.root + b"/ordered " + name, b"package.json", b".next/same", b"coverage/same")
+            self.plant(self.root + b"/ordered " + name, b"package.json", b".next/same", b"coverage/same",
+                       b"A.xcodeproj/go.mod", b"A.xcworkspace/go.mod", b"B.xcodeproj/go.mod")
 
     def nested_repositories(self):
         """A project with a repository, and below it repositories without a manifest: the project's one judges, but
