@@ -99,11 +99,14 @@ class Journey(unittest.TestCase):
             file.write(text)
         return path
 
-    def cli(self, *arguments, git=None, **options):
+    def surroundings(self, git=None):
+        """With a Trash and a history in the folder, and this folder of developer tools."""
+        return environment(XDG_DATA_HOME=self.data, **({"DEVELOPER_DIR": git} if git else {}))
+
+    def cli(self, *arguments, **options):
         """How the program ended, with what it said."""
-        changes = {"DEVELOPER_DIR": git} if git else {}
         return subprocess.run([CLI, *arguments], stdin=subprocess.DEVNULL, capture_output=True, timeout=PATIENCE,
-                              env=environment(XDG_DATA_HOME=self.data, **changes), **options)
+                              env=self.surroundings(), **options)
 
     def document(self, *arguments, status=0):
         result = self.cli(*arguments, "--json")
@@ -111,9 +114,7 @@ class Journey(unittest.TestCase):
         return json.loads(result.stdout)
 
     def start(self, *arguments, git=None, stdout=subprocess.PIPE):
-        changes = {"DEVELOPER_DIR": git} if git else {}
-        return subprocess.Popen([CLI, *arguments], stdout=stdout, stderr=subprocess.PIPE,
-                                env=environment(XDG_DATA_HOME=self.data, **changes))
+        return subprocess.Popen([CLI, *arguments], stdout=stdout, stderr=subprocess.PIPE, env=self.surroundings(git))
 
     def stubbed_git(self, script):
         """The folder of developer tools in which this script is Git."""
