@@ -17,8 +17,6 @@ import rules
 before_git = None  # called in the child before it becomes Git, for limits that the compared program runs under
 
 
-# --- Reading folders
-
 
 @dataclass
 class Entry:
@@ -83,8 +81,6 @@ def measure(open_folder, path):
     return sum(sizes), len(sizes), issues
 
 
-# --- Text
-
 
 def text(path):
     return path.decode("utf-8", "replace")
@@ -112,8 +108,6 @@ def nearest(path, roots):
     """The deepest of the roots that is the path or encloses it."""
     return max((root for root in roots if is_or_lies_below(path, root)), key=len, default=None)
 
-
-# --- Git
 
 
 def run_git(root, arguments):
@@ -184,8 +178,6 @@ def snapshots_around(root, git_roots):
             snapshots[root] = part
     return snapshots
 
-
-# --- Scans
 
 
 @dataclass

@@ -49,12 +49,6 @@ def list_after(sentence):
     return frozenset(quoted(DOCUMENT.partition(sentence)[2].split("\n\n")[1]))
 
 
-def kind_names():
-    """What documents call each kind of project, by its title."""
-    names = "javascript python php ruby rust go java dotnet swift flutter elixir terraform cmake haskell".split()
-    return dict(zip([title for title, _ in rows("What makes a project")], names, strict=True))
-
-
 def rule(name, explanation, category, safety, **more):
     pattern, *mark = quoted(name)
     command = more.pop("command", "nothing to do")
@@ -69,7 +63,9 @@ def project_rule(name, explanation, category, places, safety, command):
                 kinds=frozenset(KINDS[place] for place in places - {"any project", "or outside"}))
 
 
-KINDS = kind_names()  # in the order in which they are told
+# What documents call each kind of project, by its title and in the order in which they are told.
+KINDS = dict(zip([title for title, _ in rows("What makes a project")],
+                 "javascript python php ruby rust go java dotnet swift flutter elixir terraform cmake haskell".split()))
 TITLES = {kind: title for title, kind in KINDS.items()}
 PROJECT_RULES = [project_rule(*row) for row in rows("In a folder of projects")]
 DOWNLOADS_RULES = [rule(*row[:4], days=int(re.match(r"\d*", row[4])[0] or 0)) for row in rows("In Downloads")]
