@@ -3,22 +3,25 @@
 BROOMTIDE_CLI   the program to test
 """
 
+import fcntl
 import json
 import os
 import pty
 import select
+import struct
 import subprocess
 import tempfile
+import termios
 import time
 import unittest
 
 CLI = os.environ.get("BROOMTIDE_CLI")
-PATIENCE = 30  # seconds until something that must happen counts as missing
+PATIENCE = 120  # seconds until something that must happen counts as missing
 
 
-def poll(condition, seconds=PATIENCE):
+def poll(condition):
     """What the condition gives as soon as that is true, or what it gave last."""
-    deadline = time.monotonic() + seconds
+    deadline = time.monotonic() + PATIENCE
     while not (found := condition()) and time.monotonic() < deadline:
         time.sleep(0.01)
     return found
@@ -30,8 +33,9 @@ def environment(**changes):
 
 
 def on_terminal(*command, answer=b"", **changes):
-    """What a program shows on a terminal, where its question gets this answer, and its exit status."""
+    """What a program shows on a wide terminal, where its question gets this answer, and its exit status."""
     master, slave = pty.openpty()
+    fcntl.ioctl(slave, termios.TIOCSWINSZ, struct.pack("4H", 50, 1000, 0, 0))
     program = subprocess.Popen(command, stdin=slave, stdout=slave, stderr=slave, env=environment(**changes))
     os.close(slave)
     shown = b""
@@ -44,7 +48,7 @@ def on_terminal(*command, answer=b"", **changes):
     except OSError:  # the terminal has no writer left
         pass
     os.close(master)
-    return shown, program.wait(timeout=60)
+    return shown, program.wait(timeout=PATIENCE)
 
 
 class EndlessGit:
@@ -78,37 +82,42 @@ class EndlessGit:
 
 
 class Journey(unittest.TestCase):
-    """A folder of its own, removed afterwards, and the program."""
+    """A folder of its own, removed afterwards, and the program with a Trash and a history in it."""
 
     def setUp(self):
         self.root = tempfile.mkdtemp(prefix="broomtide-journey-")
         self.addCleanup(subprocess.run, ["rm", "-rf", self.root], check=True)
+        self.data, self.work = self.path("data"), self.path("work")
 
     def path(self, *parts):
         return os.path.join(self.root, *parts)
 
-    def write(self, path, text=""):
+    def write(self, path, text="{}"):
         path = self.path(path)
         os.makedirs(os.path.dirname(path), exist_ok=True)
         with open(path, "w") as file:
             file.write(text)
         return path
 
-    def scan(self, *arguments, **options):
-        return subprocess.run(
-            [CLI, "scan", *arguments], capture_output=True, timeout=120, env=environment(), **options
-        )
+    def surroundings(self, git=None):
+        """With a Trash and a history in the folder, and this folder of developer tools."""
+        return environment(XDG_DATA_HOME=self.data, **({"DEVELOPER_DIR": git} if git else {}))
 
-    def document(self, *arguments, **options):
-        result = self.scan("--json", *arguments, **options)
-        self.assertEqual((result.returncode, result.stderr), (0, b""))
+    def cli(self, *arguments, **options):
+        """How the program ended, with what it said."""
+        return subprocess.run([CLI, *arguments], stdin=subprocess.DEVNULL, capture_output=True, timeout=PATIENCE,
+                              env=self.surroundings(), **options)
+
+    def document(self, *arguments, status=0):
+        result = self.cli(*arguments, "--json")
+        self.assertEqual(result.returncode, status, result.stderr)
         return json.loads(result.stdout)
 
-    def paths(self, *arguments, **options):
-        return [candidate["relativePath"] for candidate in self.document(*arguments, **options)["candidates"]]
+    def start(self, *arguments, git=None, stdout=subprocess.PIPE):
+        return subprocess.Popen([CLI, *arguments], stdout=stdout, stderr=subprocess.PIPE, env=self.surroundings(git))
 
     def stubbed_git(self, script):
-        """The environment in which this script is the Git tool."""
+        """The folder of developer tools in which this script is Git."""
         stub = self.write("stub/usr/bin/git", "#!/bin/sh\n" + script)
         os.chmod(stub, 0o755)
-        return environment(DEVELOPER_DIR=self.path("stub"))
+        return self.path("stub")

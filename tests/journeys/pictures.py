@@ -11,8 +11,7 @@ import subprocess
 import time
 import unittest
 
-import window_test
-from desktop import Application, Desktop
+from window_test import WindowJourney
 
 HOME = "/home/ada"
 MEGABYTE = 10**6
@@ -44,39 +43,32 @@ def take_up(path, megabytes, age):
         os.utime(os.path.join(path, name), (NOW - age * DAY, NOW - age * DAY))
 
 
-class Pictures(window_test.WindowJourney):
-    @classmethod
-    def setUpClass(cls):
-        window_test.desktop = Desktop(f"{1400 * SHARPNESS}x{1000 * SHARPNESS}x24")
-        cls.addClassCleanup(window_test.desktop.close)
+class Pictures(WindowJourney):
+    SCREEN = f"{1400 * SHARPNESS}x{1000 * SHARPNESS}x24"
 
     def setUp(self):
         super().setUp()
-        self.root = HOME
+        self.root, self.data = HOME, HOME + "/.local/share"
         for name, manifests, ignored, artefacts in PROJECTS:
             for manifest, text in manifests.items():
                 self.write(f"src/{name}/{manifest}", text)
             if ignored:
                 self.write(f"src/{name}/.gitignore", ignored)
-                self.commit(f"src/{name}")
+                subprocess.run("git init -q && git add . && git -c user.name=Ada -c user.email=ada@example.org commit -qm A",
+                               shell=True, cwd=self.path("src", name), check=True)
             for path, megabytes, age in artefacts:
                 take_up(self.path("src", name, path), megabytes, age)
 
-    def commit(self, folder):
-        subprocess.run("git init -q && git add . && git -c user.name=Ada -c user.email=ada@example.org commit -qm Begin",
-                       shell=True, cwd=self.path(folder), check=True)
-
     def take(self, name):
         """A picture of the window once nothing in it changes any more."""
-        size = [str(1080 * SHARPNESS), str(720 * SHARPNESS)]
-        window = self.xdotool("search", "--onlyvisible", "--name", "^Broomtide$").split()[-1]
-        self.xdotool("windowsize", "--sync", window, *size)
-        self.xdotool("mousemove", "0", "0")
+        window = self.desktop.xdotool("search", "--onlyvisible", "--name", "^Broomtide$").split()[-1]
+        self.desktop.xdotool("windowsize", "--sync", window, str(1080 * SHARPNESS), str(720 * SHARPNESS))
+        self.desktop.xdotool("mousemove", "0", "0")
         path = os.path.join(os.environ["PICTURES"], name + ".png")
         before = None
         for _ in range(100):
             subprocess.run(["import", "-window", window, "-strip", path], check=True, timeout=60,
-                           env=window_test.desktop.environment)
+                           env=self.desktop.environment)
             with open(path, "rb") as file:
                 now = file.read()
             if now == before:
@@ -84,17 +76,10 @@ class Pictures(window_test.WindowJourney):
             before = now
         self.fail(f"{name} never comes to rest")
 
-    def xdotool(self, *arguments):
-        return subprocess.run(["xdotool", *arguments], check=True, timeout=60, text=True, stdout=subprocess.PIPE,
-                              env=window_test.desktop.environment).stdout
-
     def test_every_screen(self):
-        self.app = Application(window_test.desktop, HOME=HOME, XDG_DATA_HOME=HOME + "/.local/share",
-                               QT_SCALE_FACTOR=str(SHARPNESS), LC_ALL="en_US.UTF-8", LANGUAGE="en")
-        self.addCleanup(self.app.close)
-        self.at_home()
+        self.start(HOME=HOME, QT_SCALE_FACTOR=str(SHARPNESS), LC_ALL="en_US.UTF-8", LANGUAGE="en")
         self.take("welcome")
-        self.choose("Scan Project Folder", self.path("src"))
+        self.choose(self.path("src"))
         self.await_text("Review cleanup items", "5 Projects")
         self.tab_to(".next, ")
         self.app.press("Right")

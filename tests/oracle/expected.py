@@ -1,129 +1,69 @@
 """What `broomtide-cli scan --json` must print for a folder: slow, sequential and meant to be read.
 
-    python3 expected.py [--mode project|caches|downloads] FOLDER
-
 Paths are bytes. The random identifiers of issues are left out; everything else is there.
 """
 
-import argparse
+import contextlib
 import datetime
-import errno
-import json
 import os
 import stat
 import subprocess
-import sys
 import time
 import urllib.parse
 from dataclasses import dataclass, field
 
 import rules
 
-GIT = b"/usr/bin/git"
 before_git = None  # called in the child before it becomes Git, for limits that the compared program runs under
-SAFETY_ORDER = ["safe", "usuallySafe", "reviewFirst"]
 
-
-# --- Reading folders
 
 
 @dataclass
 class Entry:
-    """One entry of a folder. The type comes from the folder; attributes are read on demand, by descriptor,
-    so that a path longer than the system allows is no obstacle."""
+    """One entry of a folder. Attributes are read on demand, and by descriptor, so that no path is too long."""
 
-    parent_fd: int
+    parent: int
     path: bytes
     name: bytes
-    kind: str  # "directory", "file", "link" or "other"
+    kind: str  # "directory", "file" or "other"
+
+    @property
+    def is_folder(self):
+        return self.kind == "directory"
 
     def attributes(self):
-        return os.stat(self.name, dir_fd=self.parent_fd, follow_symlinks=False)
+        return os.stat(self.name, dir_fd=self.parent, follow_symlinks=False)
 
-    def open_folder(self):
-        return os.open(self.name, os.O_RDONLY | os.O_DIRECTORY | os.O_NOFOLLOW, dir_fd=self.parent_fd)
-
-
-def kind_of(dir_entry):
-    if dir_entry.is_symlink():
-        return "link"
-    if dir_entry.is_dir(follow_symlinks=False):
-        return "directory"
-    if dir_entry.is_file(follow_symlinks=False):
-        return "file"
-    return "other"
+    def open(self):
+        return os.open(self.name, os.O_RDONLY | os.O_DIRECTORY | os.O_NOFOLLOW, dir_fd=self.parent)
 
 
-def entries_of(folder_fd, path):
-    with os.scandir(folder_fd) as listing:
-        found = sorted((os.fsencode(item.name), kind_of(item)) for item in listing)
-    return [Entry(folder_fd, path + b"/" + name, name, kind) for name, kind in found]
+def kind_of(found):
+    is_folder, is_file = found.is_dir(follow_symlinks=False), found.is_file(follow_symlinks=False)
+    return "directory" if is_folder else "file" if is_file else "other"
 
 
-def issue(path, error):
-    return {"path": text(path), "message": os.strerror(error.errno)}
-
-
-def walk_below(folder_fd, path, issues, visit):
+def walk(open_folder, path, issues, visit):
     """Depth first, siblings by name. visit(entry) says whether to enter a folder; one that cannot be is an issue."""
-    for entry in entries_of(folder_fd, path):
-        if visit(entry) and entry.kind == "directory":
-            try:
-                inner_fd = entry.open_folder()
-            except OSError as error:
-                issues.append(issue(entry.path, error))
-                continue
-            try:
-                walk_below(inner_fd, entry.path, issues, visit)
-            finally:
-                os.close(inner_fd)
-
-
-def walk(root, issues, visit):
-    folder_fd = os.open(root, os.O_RDONLY | os.O_DIRECTORY)
+    folder = open_folder()
     try:
-        walk_below(folder_fd, root, issues, visit)
+        with os.scandir(folder) as listing:
+            found = sorted((os.fsencode(item.name), kind_of(item)) for item in listing)
+        for entry in [Entry(folder, path + b"/" + name, name, kind) for name, kind in found]:
+            if visit(entry) and entry.is_folder:
+                try:
+                    walk(entry.open, entry.path, issues, visit)
+                except OSError as error:
+                    issues.append(issue(entry.path, error))
     finally:
-        os.close(folder_fd)
+        os.close(folder)
 
 
-# --- Text
+def opened(path):
+    return lambda: os.open(path, os.O_RDONLY | os.O_DIRECTORY)
 
 
-def text(path):
-    return path.decode("utf-8", "replace")
-
-
-def url(path):
-    return "file://" + urllib.parse.quote_from_bytes(path, safe="/")
-
-
-def date(nanoseconds):
-    seconds, fraction = divmod(nanoseconds, 10**9)
-    moment = datetime.datetime(1970, 1, 1) + datetime.timedelta(seconds=seconds)
-    return moment.isoformat() + (f".{fraction:09d}Z" if fraction else "Z")
-
-
-def character_count(path):
-    return len(path.decode("utf-8", "surrogateescape"))
-
-
-def identity(attributes):
-    return f"{attributes.st_dev}:{attributes.st_ino}:{stat.S_IFMT(attributes.st_mode)}"
-
-
-def is_or_lies_below(path, folder):
-    return path == folder or path.startswith(folder + b"/")
-
-
-# --- Measuring
-
-
-def allocated_bytes(attributes):
-    return attributes.st_blocks * 512
-
-
-def measure_folder(open_folder, path):
+def measure(open_folder, path):
     """How large a folder is, how many entries lie below it, and what could not be read."""
     sizes, issues = [], []
 
@@ -131,35 +71,52 @@ def measure_folder(open_folder, path):
         sizes.append(0)
         if entry.kind == "file":
             try:
-                sizes[-1] = allocated_bytes(entry.attributes())
+                sizes[-1] = entry.attributes().st_blocks * 512
             except OSError as error:
                 issues.append(issue(entry.path, error))
         return True
 
-    try:
-        folder_fd = open_folder()
-    except OSError:
-        return 0, 0, []
-    try:
-        walk_below(folder_fd, path, issues, add)
-    finally:
-        os.close(folder_fd)
+    with contextlib.suppress(OSError):
+        walk(open_folder, path, issues, add)
     return sum(sizes), len(sizes), issues
 
 
-# --- Git
+
+def text(path):
+    return path.decode("utf-8", "replace")
+
+
+def url(path):
+    return path and "file://" + urllib.parse.quote_from_bytes(path, safe="/")
+
+
+def issue(path, error):
+    return {"path": text(path), "message": os.strerror(error.errno)}
+
+
+def date(nanoseconds):
+    seconds, fraction = divmod(min(nanoseconds, 2**63 - 1), 10**9)
+    moment = datetime.datetime(1970, 1, 1) + datetime.timedelta(seconds=seconds)
+    return moment.isoformat() + (f".{fraction:09d}Z" if fraction else "Z")
+
+
+def is_or_lies_below(path, folder):
+    return path == folder or path.startswith(folder + b"/")
+
+
+def nearest(path, roots):
+    """The deepest of the roots that is the path or encloses it."""
+    return max((root for root in roots if is_or_lies_below(path, root)), key=len, default=None)
+
 
 
 def run_git(root, arguments):
-    """The NUL-separated pieces that Git printed, or None when it failed."""
-    try:
-        done = subprocess.run(
-            [GIT, b"-C", root, b"-c", b"core.quotepath=false", b"-c", b"core.fsmonitor=false", *arguments.split()],
-            env={b"LC_ALL": b"C", b"PATH": b"/usr/bin:/bin", b"GIT_ALLOW_PROTOCOL": b""},
-            stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, preexec_fn=before_git,
-        )
-    except OSError:
-        return None
+    """What Git printed, between zero bytes, or None when it failed."""
+    done = subprocess.run(
+        [b"/usr/bin/git", b"-C", root, b"-c", b"core.quotepath=false", b"-c", b"core.fsmonitor=false",
+         *arguments.split()],
+        env={b"LC_ALL": b"C", b"PATH": b"/usr/bin:/bin", b"GIT_ALLOW_PROTOCOL": b""},
+        stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, preexec_fn=before_git)
     return [piece for piece in done.stdout.split(b"\0") if piece] if done.returncode == 0 else None
 
 
@@ -168,8 +125,7 @@ def is_passed_by(root):
     if os.path.isfile(root + b"/.git"):
         return False  # leads to the repository, or Git fails
     place = os.path.realpath(root)
-    found = run_git(root, b"rev-parse --absolute-git-dir")
-    return found not in ([place + b"/.git\n"], [place + b"\n"])
+    return run_git(root, b"rev-parse --absolute-git-dir") not in ([place + b"/.git\n"], [place + b"\n"])
 
 
 def lies_in_repository(root):
@@ -186,51 +142,24 @@ class Snapshot:
 
     def __init__(self, root, is_part=False):
         self.root = root
-        if not is_part and is_passed_by(root):
-            self.tracked = None
-            return
-        self.tracked = run_git(root, b"ls-files -z --cached")
+        is_asked = is_part or not is_passed_by(root)
+        self.tracked = run_git(root, b"ls-files -z --cached") if is_asked else None
         self.ignored = [] if is_part else run_git(
             root, b"ls-files -z --others --ignored --exclude-standard --directory --no-empty-directory")
 
-    def status(self, path, is_directory):
-        if self.tracked is None or self.ignored is None or not is_or_lies_below(path, self.root):
+    def status(self, entry):
+        if self.tracked is None or self.ignored is None:
             return "unavailable"
-        relative = path[len(self.root):].strip(b"/")
-        if relative in self.tracked or is_directory and any(
-                tracked.startswith(relative + b"/") for tracked in self.tracked):
+        path = entry.path[len(self.root) + 1:]
+        if any(tracked == path or entry.is_folder and tracked.startswith(path + b"/") for tracked in self.tracked):
             return "tracked"
-        is_ignored = any(is_or_lies_below(relative, ignored.strip(b"/")) for ignored in self.ignored)
+        is_ignored = any(is_or_lies_below(path, ignored.strip(b"/")) for ignored in self.ignored)
         return "ignored" if is_ignored else "untracked"
 
 
-# --- Projects
-
-
-@dataclass
-class Project:
-    root: bytes
-    kinds: set = field(default_factory=set)
-    manifests: list = field(default_factory=list)
-    git_root: bytes | None = None
-
-
-@dataclass
-class Discovery:
-    projects: list = field(default_factory=list)
-    git_roots: list = field(default_factory=list)
-    entries: int = 0
-    issues: list = field(default_factory=list)
-
-
-def nearest(path, roots):
-    """The deepest of the roots that is the path or encloses it."""
-    return max((root for root in roots if is_or_lies_below(path, root)), key=len, default=None)
-
-
-def status_among(path, is_directory, git_root, snapshots):
+def status_among(entry, git_root, snapshots):
     """As the repository says by which it is judged, unless another tracks it, or one between says nothing."""
-    said = {root: snapshots[root].status(path, is_directory) for root in snapshots if is_or_lies_below(path, root)}
+    said = {root: each.status(entry) for root, each in snapshots.items() if is_or_lies_below(entry.path, root)}
     own = said.get(git_root, "unavailable")
     if own != "tracked" and len(said) > 9:
         return "unavailable"
@@ -250,72 +179,59 @@ def snapshots_around(root, git_roots):
     return snapshots
 
 
-def is_trash(entry, root, home_trash):
-    """Whether a folder is a Trash. What lies in one has been moved already."""
-    if rules.is_trash_of_mount(entry.name):
-        return True
-    place = os.path.realpath(root) + entry.path[len(root):]
-    return home_trash is not None and place == os.path.realpath(home_trash)
 
+@dataclass
+class Project:
+    root: bytes
+    kinds: set = field(default_factory=set)
+    manifests: list = field(default_factory=list)
+    git_root: bytes | None = None
 
-def discover(root, home_trash):
-    discovery = Discovery()
-    projects = {}
-    git_roots = set()
-
-    def add_manifest(entry, kind):
-        folder = os.path.dirname(entry.path)
-        project = projects.setdefault(folder, Project(folder))
-        project.kinds.add(kind)
-        project.manifests.append(entry.name)
-
-    def visit(entry):
-        discovery.entries += 1
-        if entry.kind in ("directory", "file") and entry.name == b".git":
-            git_roots.add(os.path.dirname(entry.path))
-            return False
-        if entry.kind == "directory":
-            known = entry.name in rules.SENSITIVE_DIRECTORIES or entry.name in rules.ARTEFACT_DIRECTORIES
-            if known or is_trash(entry, root, home_trash):
-                return False
-            if entry.name.endswith((b".xcodeproj", b".xcworkspace")):
-                add_manifest(entry, "swift")
-                return False
-            return True
-        if entry.kind == "file":
-            kind = rules.manifest_kind(entry.name)
-            if kind is not None:
-                add_manifest(entry, kind)
-        return False
-
-    walk(root, discovery.issues, visit)
-    discovery.git_roots = list(git_roots)
-    for project in projects.values():
-        project.manifests.sort()
-        project.git_root = nearest(project.root, git_roots)
-    discovery.projects = sorted(projects.values(), key=lambda item: (-character_count(item.root), item.root))
-    return discovery
-
-
-# --- Scans
+    def told_kinds(self):
+        return [kind for kind in rules.TITLES if kind in self.kinds]
 
 
 @dataclass
 class Scan:
     root: bytes
     mode: str
-    now_ns: int
-    home_trash: bytes | None = None
+    home_trash: bytes
     entries: int = 0
     candidates: list = field(default_factory=list)
     issues: list = field(default_factory=list)
-    projects: list = field(default_factory=list)
+    projects: dict = field(default_factory=dict)
+    git_roots: set = field(default_factory=set)
 
-    def relative(self, path):
-        return path[len(self.root) + 1:]
+    def is_trash(self, entry):
+        """What lies in a Trash has been moved already."""
+        start, _, number = entry.name.partition(b"-")
+        place = os.path.realpath(self.root) + entry.path[len(self.root):]
+        return (start == b".Trash" and (number.isdigit() or entry.name == start)
+                or place == os.path.realpath(self.home_trash))
 
-    def add(self, path, kind, size, attributes, rule, judgement, project, git_root, git_status):
-        relative = text(self.relative(path))
+    def discover(self):
+        """Finds projects and repositories."""
+        def visit(entry):
+            self.entries += 1
+            folder = os.path.dirname(entry.path)
+            if entry.kind != "other" and entry.name == b".git":
+                self.git_roots.add(folder)
+                return False
+            if entry.is_folder and (entry.name in rules.SENSITIVE | rules.ARTEFACT_FOLDERS or self.is_trash(entry)):
+                return False
+            kind = entry.kind != "other" and rules.manifest_kind(entry.name, entry.is_folder)
+            if kind:
+                project = self.projects.setdefault(folder, Project(folder))
+                project.kinds.add(kind)
+                project.manifests.append(entry.name)
+            return not kind
+
+        walk(opened(self.root), self.root, self.issues, visit)
+        for project in self.projects.values():
+            project.git_root = nearest(project.root, self.git_roots)
+
+    def add(self, path, kind, size, attributes, rule, judgement, project=None, git_root=None, status="unavailable"):
+        relative = text(path[len(self.root) + 1:])
         self.candidates.append({
             "id": relative,
             "url": url(path),
@@ -324,183 +240,104 @@ class Scan:
             "size": size,
             "modificationDate": date(attributes.st_mtime_ns),
             "category": rule.category,
-            "safety": judgement.safety,
             "explanation": rule.explanation,
-            "fileIdentity": identity(attributes),
-            "projectRoot": None if project is None else url(project.root),
-            "gitRoot": None if git_root is None else url(git_root),
-            "projectKinds": [] if project is None else rules.in_declaration_order(project.kinds),
-            "evidence": judgement.evidence,
-            "regenerationCommand": judgement.regeneration_command,
-            "confidence": judgement.confidence,
-            "gitStatus": git_status,
-            "isSelected": judgement.is_selected,
+            "fileIdentity": f"{attributes.st_dev}:{attributes.st_ino}:{stat.S_IFMT(attributes.st_mode)}",
+            "projectRoot": project and url(project.root),
+            "gitRoot": url(git_root),
+            "projectKinds": project.told_kinds() if project else [],
+            "gitStatus": status,
+            **judgement,
         })
 
+    def scan_tree(self):
+        """Project and downloads mode: one walk over the whole folder."""
+        in_projects = self.mode == "project"
+        if in_projects:
+            self.discover()
+        snapshots = snapshots_around(self.root, self.git_roots) if in_projects else {}
+        now = time.time_ns()
+
+        def visit(entry):
+            self.entries += 1
+            avoided = rules.SENSITIVE if in_projects else [b".git"]
+            if (entry.kind == "other" or entry.is_folder and (entry.name in avoided or self.is_trash(entry))
+                    or in_projects and not entry.is_folder and rules.is_protected(entry.name)):
+                return False
+            try:
+                rule = rules.match(entry.name, entry.is_folder, self.mode, lambda: now - entry.attributes().st_mtime_ns)
+                if rule is None:
+                    return True
+                attributes = entry.attributes()
+            except OSError as error:
+                self.issues.append(issue(entry.path, error))
+                return False
+            project = self.projects.get(nearest(entry.path, self.projects))
+            git_root = project and project.git_root or nearest(entry.path, self.git_roots)
+            status = status_among(entry, git_root, snapshots)
+            judgement = rules.judge(rule, project, status, git_root is not None) if in_projects else {
+                "safety": rule.safety, "confidence": "high", "isSelected": False, "regenerationCommand": None,
+                "evidence": ["Matched the Downloads cleanup rule."]}
+            if judgement is None:
+                return False
+            size = attributes.st_blocks * 512
+            if entry.is_folder:
+                size, entries, issues = measure(entry.open, entry.path)
+                self.entries += entries
+                self.issues += issues
+            self.add(entry.path, entry.kind, size, attributes, rule, judgement, project, git_root, status)
+            return False
+
+        walk(opened(self.root), self.root, self.issues, visit)
+
+    def cache_locations(self):
+        """Every rule whose location is there: no folder twice, none that holds another."""
+        found = {}
+        for rule in rules.CACHES:
+            location = self.root + b"/" + rule.pattern
+            real = os.path.realpath(location)
+            if (os.path.isdir(location) and not os.path.islink(location)
+                    and real.startswith(os.path.realpath(self.root) + b"/")):
+                found.setdefault(os.stat(location)[1:3], (rule, location, real))
+        return [(rule, location) for rule, location, real in found.values()
+                if not any(other.startswith(real + b"/") for _, _, other in found.values())]
+
+    def scan_caches(self):
+        for rule, location in self.cache_locations():
+            parts = [location]
+            if rule.is_in_parts:
+                try:
+                    with os.scandir(location) as listing:
+                        parts = sorted(part.path for part in listing
+                                       if kind_of(part) == "directory" and not part.name.startswith(b"."))
+                except OSError:
+                    continue
+            for path in parts:
+                size, _, issues = measure(opened(path), path)
+                self.issues += issues
+                if size > 0:
+                    self.add(path, "directory", size, os.lstat(path), rule, {
+                        "safety": rule.safety, "confidence": "high", "isSelected": rule.safety == "safe",
+                        "regenerationCommand": rule.command,
+                        "evidence": [f"Well-known developer cache location (~/{rule.pattern.decode()})."]})
+
     def document(self):
+        by_safety = list(rules.SAFETIES.values()).index
+        projects = sorted(self.projects.values(),
+                          key=lambda project: (-len(project.root.decode(errors="surrogateescape")), project.root))
         return {
             "mode": self.mode,
             "root": url(self.root),
             "entriesScanned": self.entries,
             "reclaimableBytes": sum(candidate["size"] for candidate in self.candidates),
-            "candidates": sorted(
-                self.candidates, key=lambda item: (SAFETY_ORDER.index(item["safety"]), -item["size"])
-            ),
+            "candidates": sorted(self.candidates, key=lambda item: (by_safety(item["safety"]), -item["size"])),
             "issues": self.issues,
-            "projects": [
-                {
-                    "root": url(project.root),
-                    "kinds": rules.in_declaration_order(project.kinds),
-                    "manifests": [text(name) for name in project.manifests],
-                    "gitRoot": None if project.git_root is None else url(project.git_root),
-                }
-                for project in self.projects
-            ],
+            "projects": [{"root": url(project.root), "kinds": project.told_kinds(), "gitRoot": url(project.git_root),
+                          "manifests": [text(name) for name in project.manifests]} for project in projects],
         }
 
 
-def scan_tree(scan):
-    """Project and downloads mode: one walk over the whole folder."""
-    in_project_mode = scan.mode == "project"
-    discovery = discover(scan.root, scan.home_trash) if in_project_mode else Discovery()
-    snapshots = snapshots_around(scan.root, discovery.git_roots) if in_project_mode else {}
-    projects = {project.root: project for project in discovery.projects}
-    scan.projects = discovery.projects
-    scan.entries = discovery.entries
-    scan.issues.extend(discovery.issues)
-
-    def visit(entry):
-        scan.entries += 1
-        if entry.kind not in ("directory", "file"):
-            return False
-        is_directory = entry.kind == "directory"
-        avoided = rules.SENSITIVE_DIRECTORIES if in_project_mode else [b".git"]
-        if is_directory and (entry.name in avoided or is_trash(entry, scan.root, scan.home_trash)):
-            return False
-        if in_project_mode and not is_directory and rules.is_protected_file(entry.name):
-            return False
-
-        def age_seconds():
-            return (scan.now_ns - entry.attributes().st_mtime_ns) / 1e9
-
-        try:
-            rule = rules.match(entry.name, entry.kind, scan.mode, age_seconds)
-            if rule is None:
-                return True
-            attributes = entry.attributes()
-        except OSError as error:
-            scan.issues.append(issue(entry.path, error))
-            return False
-
-        project = projects.get(nearest(entry.path, projects))
-        git_root = project and project.git_root or nearest(entry.path, discovery.git_roots)
-        git_status = status_among(entry.path, is_directory, git_root, snapshots)
-        if in_project_mode:
-            judgement = rules.evaluate(rule, project, git_status, git_root is not None)
-            if judgement is None:
-                return False
-        else:
-            judgement = rules.Evaluation(
-                safety=rule.safety,
-                confidence="high",
-                is_selected=rule.selection == "selected",
-                evidence=["Matched the Downloads cleanup rule."],
-                regeneration_command=None,
-            )
-
-        size = allocated_bytes(attributes)
-        if is_directory:
-            size, entries, issues = measure_folder(entry.open_folder, entry.path)
-            scan.entries += entries
-            scan.issues += issues
-        scan.add(entry.path, entry.kind, size, attributes, rule, judgement, project, git_root, git_status)
-        return False
-
-    walk(scan.root, scan.issues, visit)
-
-
-def cache_items(location, expands_children):
-    """(path, attributes, function that opens the folder) of every folder to measure at one location."""
-
-    def item(path):
-        try:
-            attributes = os.lstat(path)
-        except OSError:
-            return []
-        return [(path, attributes, lambda: os.open(path, os.O_RDONLY | os.O_DIRECTORY | os.O_NOFOLLOW))]
-
-    if not expands_children:
-        return item(location)
-    try:
-        with os.scandir(location) as listing:
-            children = sorted((child.name, kind_of(child)) for child in listing)
-    except OSError:
-        return []
-    return [
-        found
-        for name, kind in children
-        if kind == "directory" and not name.startswith(b".")
-        for found in item(location + b"/" + name)
-    ]
-
-
-def cache_locations(root):
-    """(target, location) of everything that is there: no folder twice, none that holds another."""
-    below = os.path.realpath(root) + b"/"
-    found = {}
-    for target in rules.CACHE_TARGETS:
-        location = root + b"/" + target.relative_path.encode()
-        real = os.path.realpath(location)
-        if not os.path.isdir(location) or os.path.islink(location) or not real.startswith(below):
-            continue
-        attributes = os.lstat(location)
-        found.setdefault((attributes.st_dev, attributes.st_ino), (target, location, real))
-    real_locations = [real for _, _, real in found.values()]
-    for target, location, real in found.values():
-        if not any(other.startswith(real + b"/") for other in real_locations):
-            yield target, location
-
-
-def scan_caches(scan):
-    for target, location in cache_locations(scan.root):
-        for path, attributes, open_folder in cache_items(location, target.expands_children):
-            size, _, issues = measure_folder(open_folder, path)
-            scan.issues += issues
-            if size < 1:
-                continue
-            judgement = rules.Evaluation(
-                safety=target.safety,
-                confidence="high",
-                is_selected=target.safety == "safe",
-                evidence=[f"Well-known developer cache location (~/{target.relative_path})."],
-                regeneration_command=target.regeneration_command,
-            )
-            scan.add(path, "directory", size, attributes, target, judgement, None, None, "unavailable")
-
-
-def expected_document(folder, mode, working_directory=None, now_ns=None, home_trash=None):
-    """The document for a folder argument (bytes) as given on the command line in a working directory."""
-    root = os.path.normpath(os.path.join(working_directory or os.getcwdb(), folder))
-    scan = Scan(root, mode, time.time_ns() if now_ns is None else now_ns, home_trash)
-    if not os.path.isdir(root):
-        raise NotADirectoryError(errno.ENOTDIR, os.strerror(errno.ENOTDIR), root)
-    if mode == "caches":
-        scan_caches(scan)
-    else:
-        scan_tree(scan)
+def expected_document(folder, mode, home_trash, working_directory=b"/"):
+    """The document for a folder as it is named on a command line in a working directory."""
+    scan = Scan(os.path.normpath(os.path.join(working_directory, folder)), mode, home_trash)
+    scan.scan_caches() if mode == "caches" else scan.scan_tree()
     return scan.document()
-
-
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--mode", choices=["project", "caches", "downloads"], default="project")
-    parser.add_argument("folder", type=os.fsencode)
-    arguments = parser.parse_args()
-    data = os.environb.get(b"XDG_DATA_HOME") or os.path.expanduser(b"~/.local/share")
-    document = expected_document(arguments.folder, arguments.mode, home_trash=data + b"/Trash")
-    json.dump(document, sys.stdout, indent=2, ensure_ascii=False)
-    print()
-
-
-if __name__ == "__main__":
-    main()

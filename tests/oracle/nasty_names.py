@@ -1,4 +1,4 @@
-"""Names that have broken programs before, and names that only just match a rule or only just do not."""
+"""Names that have broken programs before."""
 
 ODD_NAMES = [
     b"a", b"a-b", b"a b", b"a.b", b"a0", b"A", b"aa", b"a\x01", b"a!", b"a~",
@@ -17,46 +17,16 @@ DECEIVING_NAMES = [
     "\u3164\u2800\U000e0041".encode(), b"quote\",\"safety\":\"safe", b"\\u0022,\\n", b"%s%n", b"$(x)`x`",
     "אבג".encode(), "دهل 123".encode(), b"\xe2\x80", b"\xed\xa0\x80",
 ]
-PLAIN_NAMES = [b"src", b"lib", b"app", b"web", b"core", b"packages", b"docs", b"one", b"two", b"three", b"x"]
-MANIFEST_FILES = [
-    b"package.json", b"deno.json", b"deno.jsonc", b"pnpm-workspace.yaml", b"pyproject.toml", b"requirements.txt",
-    b"Pipfile", b"setup.py", b"poetry.lock", b"composer.json", b"Gemfile", b"Cargo.toml", b"go.mod", b"go.work",
-    b"pom.xml", b"build.gradle", b"build.gradle.kts", b"settings.gradle", b"settings.gradle.kts", b"Package.swift",
-    b"pubspec.yaml", b"mix.exs", b"CMakeLists.txt", b"stack.yaml", b"App.csproj", b"App.fsproj", b"App.vbproj",
-    b"App.sln", b"app.cabal", b"main.tf", b".tf", b".csproj", b".cabal", b"\xff.tf", b"a b\n.sln", "ü.cabal".encode(),
-]
-NOT_MANIFESTS = [
-    b"package.json5", b"package.json~", b"package-lock.json", b"Cargo.lock", b"gemfile.lock", b"xpom.xml", b"go.sum",
-    b"Package.swift.orig", b"tf", b"main.tf.json", b".terraform.lock.hcl", b"sln", b"requirements-dev.txt",
-    b"pac\xe2\x84\xaaage.json", b"Package.re\xc5\xbfolved", b"mix.lock", b"cabal.project",
-]
-BUNDLES = [b"App.xcodeproj", b"App.xcworkspace", b".xcodeproj", b"App.XcodeProj", b"Appxcodeproj", b"\xe9.xcworkspace"]
-PROTECTED = [
-    b".env", b".ENV", b".env.local", b".env.log", b"x.env", b"env", b"server.pem", b"id.KEY", b"data.SQLite",
-    b"yarn.lock", b"Composer.Lock", b"model.gguf", b".pem", b"..db", b"key", b"x.log.key", b"net.h5",
-]
-LOGS = [
-    b"debug.log", b"Debug.LOG", b".log", b"..log", b"a.b.LoG", b"log", b"x.log.1", b"x.log ", b"x.logs", b"-.log",
-    b"\xff.log", b"new\nline.log", "ü.log".encode(), b"L" * 251 + b".log", b"a.lo\xc2\xadg", b".env.local.log",
-]
+# What may stand where a rule has a star.
+STEMS = [b"x", b"", b".", b"1", b"a.b", b"keep", b"-", b".env", b"100%", b"\xff", b"new\nline", "ü".encode(), b"L" * 230]
 IGNORE_LINES = [
-    b"build/", b"*.log", b"!keep.log", b"!Debug.LOG", b"/dist", b"/out/", b"*", b"!.gitignore", b"!*/", b"node_modules",
-    b"**/target", b"tmp/*", b"!tmp/keep", b"*.LOG", b"# comment", b"", b"obj/", b".next/", b".cache", b"logs/**", b"*/",
-    b"a b/", b"\\#hash", b"caf\xe9/", b"src/", b"/src/build", b"[Bb]in", b"vendor/*/", b".DS_Store", b"trail\\ ",
-    b"only-empty/", b"*/.venv", b"nested*/", b"__pycache__/\r",
+    b"build/", b"*.log", b"!keep.log", b"!*.LOG", b"/dist", b"/out/", b"*", b"!.gitignore", b"!*/", b"node_modules",
+    b"**/target", b"tmp/*", b"!tmp/keep", b"# comment", b"", b"obj/", b".next/", b".cache", b"logs/**", b"*/", b"a b/",
+    b"\\#hash", b"caf\xe9/", b"src/", b"/src/build", b"[Bb]in", b"vendor/*/", b"trail\\ ", b"*/.venv", b"*/\r",
 ]
-DOWNLOADS = [
-    b"Setup.dmg", b"Setup.DMG", b".dmg", b"..dmg", b"x.dmg.part", b"a.b.dmg", b"tool.pkg", b"tool.PkG",
-    b"tool.p\xe2\x84\xaag", b"a.zip", b"a.ZIP", b"a.zip.pdf", b"a.pdf.zip", b"a.zip ", b"x.tar.gz", b"x.TAR.GZ",
-    b".tar.gz", b"tar.gz", b"xtar.gz", b"x.tgz", b"x.tar.gz.zip", b"a.rar", b"a.RAR", b"rar", b"Screenshot 1.png",
-    b"Screenshot 1.PNG", b"Screenshot .png", b"Screenshot.png", b"Screenshots.png", b"screenshot 1.png",
-    b"Screenshot 1.pdf", b"Screenshot  2.png", b" Screenshot 3.png", b"Screenshot\xc2\xa04.png", b"Screenshot \xff.png",
-    b"Screenshot 1.mov", b"Screen Recording 1.mov", b"Screen Recording 1.MOV", b"Screen Recording .mov",
-    b"Screen recording 1.mov", b"Screen Recording1.mov", b"Screen Recording 1.png", b"a.csv", b"A.CSV", b".csv",
-    b"..csv", b"a.csv.", b"a.csv ", b"a.xlsx", b"A.XlsX", b"a.xls", b"a.pdf", b"a.PDF", b"new\nline.pdf",
-    b"\xff.pdf", "ü.zip".encode(), b"100%.csv", b"P" * 251 + b".pdf", b"a.pdf\xcc\x81",
-]
-ROOT_NAMES = [
-    b"work", b"Projects", b"build", b"node_modules", b"repository", b"caches", b"-dash", b"100% done",
-    b"line\nbreak", b"caf\xe9", "Проекты".encode(), b" ", b"a;b&c", b"x.xcodeproj",
-]
+
+
+def near(name):
+    """What only looks like the name, at least in capitals."""
+    return [name.upper(), name.swapcase(), name.capitalize(), name + b" ", name + b"~", name + b".x", b"x" + name,
+            b"." + name, name.replace(b".", b""), name.replace(b".", b"\xc2\xad."), name.replace(b"k", b"\xe2\x84\xaa")]

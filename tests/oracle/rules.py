@@ -1,166 +1,136 @@
-"""The rule tables, read from tables/*.tsv, and the judgements that need no file system."""
+"""The rules as docs/rules.md tells them to people, and the judgements that need no file system."""
 
-import csv
-import os
 import re
 from dataclasses import dataclass
-from types import SimpleNamespace
+from pathlib import Path
 
-TABLES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "tables")
-
-
-VALUES = {"true": True, "false": False, "": None}
-
-
-def read_table(name, **missing):
-    """Each row of a table with its columns as attributes; `missing` are columns that the table has not got."""
-    with open(os.path.join(TABLES, name), encoding="utf-8", newline="") as file:
-        return [SimpleNamespace(**missing, **{column: VALUES.get(text, text) for column, text in row.items()})
-                for row in csv.DictReader(file, delimiter="\t")]
-
-
-def _policies():
-    policies = {}
-    for policy in read_table("policies.tsv"):
-        policy.kinds = frozenset((policy.kinds or "").split())
-        for rule_id in policy.rules.split():
-            assert rule_id not in policies, f"{rule_id} has two policies"
-            policies[rule_id] = policy
-    return policies
-
-
-def _names(which):
-    return frozenset(row.name.encode() for row in read_table("names.tsv") if row.set == which)
-
-
-PROJECT_RULES = read_table("project_rules.tsv", minimum_age=None)
-DOWNLOADS_RULES = read_table("downloads_rules.tsv", kind="file")
-POLICIES = _policies()
-USUAL_CACHE_TARGETS = read_table("cache_targets.tsv")
-CACHE_TARGETS = USUAL_CACHE_TARGETS + read_table("linux_cache_targets.tsv")
-KIND_TITLES = {row.kind: row.title for row in read_table("kinds.tsv")}
-MANIFESTS = [(row.match, row.text.encode(), row.kind) for row in read_table("manifests.tsv")]
-SENSITIVE_DIRECTORIES = _names("sensitiveDirectory")
-PROTECTED_NAMES = _names("protectedName")
-PROTECTED_EXTENSIONS = _names("protectedExtension")
-ARTEFACT_DIRECTORIES = frozenset(
-    rule.text.encode() for rule in PROJECT_RULES if rule.kind == "directory" and rule.matcher == "exactName"
-)
-
-
-def path_extension(name):
-    """The bytes after the last dot, or None when there is no dot or the only one leads the name."""
-    stem, dot, extension = name.rpartition(b".")
-    return extension if dot and stem else None
-
-
-def name_matches(rule, name):
-    """Whether the rule's matcher accepts the name; bytes.lower() folds ASCII letters only."""
-    text = rule.text.encode()
-    extension = path_extension(name)
-    has_extension = extension is not None and extension.lower() == text.lower()
-    if rule.matcher == "exactName":
-        return name == text
-    if rule.matcher == "fileExtension":
-        return has_extension
-    if rule.matcher == "compoundExtension":
-        return name.lower().endswith(b"." + text.lower())
-    if rule.matcher == "prefixedFile":
-        return name.startswith(rule.prefix.encode()) and has_extension
-    raise AssertionError(rule.matcher)
-
-
-def match(name, kind, mode, age_seconds):
-    """The first rule that accepts the entry. age_seconds is called only when a rule asks for an age."""
-    for rule in PROJECT_RULES if mode == "project" else DOWNLOADS_RULES:
-        if rule.kind == kind and name_matches(rule, name):
-            if rule.minimum_age is None or age_seconds() >= float(rule.minimum_age):
-                return rule
-    return None
-
-
-def is_trash_of_mount(name):
-    return re.fullmatch(rb"\.Trash(-[0-9]+)?", name) is not None
-
-
-def is_protected_file(name):
-    lower = name.lower()
-    return (
-        lower == b".env"
-        or lower.startswith(b".env.")
-        or lower in PROTECTED_NAMES
-        or path_extension(lower) in PROTECTED_EXTENSIONS
-    )
-
-
-def manifest_kind(name):
-    """A whole name says more than the end of one."""
-    lower = name.lower()
-    fitting = {how: kind for how, text, kind in MANIFESTS
-               if (lower == text if how == "exact" else lower.endswith(text))}
-    return fitting.get("exact", fitting.get("suffix"))
-
-
-def in_declaration_order(kinds):
-    return [kind for kind in KIND_TITLES if kind in kinds]
+DOCUMENT = (Path(__file__).resolve().parents[2] / "docs/rules.md").read_text()
+SAFETIES = {"Safe to Clean": "safe", "Usually Safe": "usuallySafe", "Review First": "reviewFirst"}
+DAY = 86_400 * 10**9  # nanoseconds
 
 
 @dataclass
-class Evaluation:
+class Rule:
+    """A row of a table; what its table has no column for stays as it is here."""
+
+    pattern: bytes
+    explanation: str
+    category: str
     safety: str
-    confidence: str
-    is_selected: bool
-    evidence: list
-    regeneration_command: str | None
+    is_folder: bool = False
+    is_in_parts: bool = False
+    is_common: bool = False
+    kinds: frozenset = frozenset()  # of projects; empty when any will do
+    may_be_outside: bool = False
+    command: str | None = None
+    days: int = 0
+
+    def accepts(self, name, is_folder):
+        start, star, extension = self.pattern.partition(b"*.")
+        if is_folder != self.is_folder or not star:
+            return is_folder == self.is_folder and name == self.pattern
+        if b"." in extension:
+            return name.lower().endswith(b"." + extension)
+        return name.startswith(start) and extension_of(name) == extension
 
 
-def evaluate(rule, project, git_status, has_repository):
-    """Judges a match in a project scan; project has .kinds and .manifests (bytes). None refuses it."""
-    policy = POLICIES[rule.id]
-    if git_status == "tracked":
-        return None
-    if project is not None and policy.kinds and not policy.kinds & project.kinds:
-        return None
-    if project is None and not policy.allows_without_project:
-        return None
+def rows(heading):
+    """The cells of the table below a heading."""
+    text = re.search(rf"\n##+ {re.escape(heading)}\n(.*?)(?=\n##|\Z)", DOCUMENT, re.S)[1]
+    return [line[2:-2].split(" | ") for line in text.splitlines() if line.startswith("| ")][1:]
 
-    doubtful = False  # one reason is enough: safe becomes usuallySafe, and the confidence medium
-    unsure = False  # only the confidence becomes medium
-    evidence = []
+
+def quoted(text):
+    return [name.encode() for name in re.findall(r"`([^`]+)`", text)]
+
+
+def list_after(sentence):
+    """The names in the list that follows."""
+    return frozenset(quoted(DOCUMENT.partition(sentence)[2].split("\n\n")[1]))
+
+
+def rule(name, explanation, category, safety, **more):
+    pattern, *mark = quoted(name)
+    command = more.pop("command", "nothing to do")
+    return Rule(pattern.removesuffix(b"/").removeprefix(b"~/"), explanation, category, SAFETIES[safety],
+                is_folder=pattern.endswith(b"/"), is_in_parts=name.endswith(" in parts"), is_common=bool(mark),
+                command=None if command == "nothing to do" else command, **more)
+
+
+def project_rule(name, explanation, category, places, safety, command):
+    places = set(places.split(", "))
+    return rule(name, explanation, category, safety, command=command, may_be_outside="or outside" in places,
+                kinds=frozenset(KINDS[place] for place in places - {"any project", "or outside"}))
+
+
+# What documents call each kind of project, by its title and in the order in which they are told.
+KINDS = dict(zip([title for title, _ in rows("What makes a project")],
+                 "javascript python php ruby rust go java dotnet swift flutter elixir terraform cmake haskell".split()))
+TITLES = {kind: title for title, kind in KINDS.items()}
+PROJECT_RULES = [project_rule(*row) for row in rows("In a folder of projects")]
+DOWNLOADS_RULES = [rule(*row[:4], days=int(re.match(r"\d*", row[4])[0] or 0)) for row in rows("In Downloads")]
+CACHES = [rule(*row[:4], command=row[4])
+          for heading in ("Everywhere, and where macOS keeps them", "Where Linux keeps them") for row in rows(heading)]
+MANIFESTS = {name: KINDS[title] for title, names in rows("What makes a project") for name in quoted(names)}
+SENSITIVE = list_after("Folders with these names are never entered")
+PROTECTED = list_after("Files with these names are never offered")
+PROTECTED_ENDINGS = list_after("Nor are files with these extensions")
+ARTEFACT_FOLDERS = {rule.pattern for rule in PROJECT_RULES if rule.is_folder}
+
+
+def extension_of(name):
+    """In small ASCII letters what follows the last dot; None without one, or when it leads the name."""
+    stem, _, extension = name.rpartition(b".")
+    return extension.lower() if stem else None
+
+
+def match(name, is_folder, mode, age):
+    """The first rule that accepts; the age is asked for only when a rule needs it."""
+    for rule in PROJECT_RULES if mode == "project" else DOWNLOADS_RULES:
+        if rule.accepts(name, is_folder) and (not rule.days or age() >= rule.days * DAY):
+            return rule
+    return None
+
+
+def is_protected(name):
+    lower = name.lower()
+    return (lower in PROTECTED or lower.startswith(b".env.")
+            or b"." + (extension_of(lower) or b"") in PROTECTED_ENDINGS)
+
+
+def manifest_kind(name, is_folder):
+    """A whole name says more than the end of one."""
+    if is_folder:
+        return next((kind for end, kind in MANIFESTS.items() if end.endswith(b"/") and name.endswith(end[1:-1])), None)
+    ends = [kind for end, kind in MANIFESTS.items() if end.startswith(b"*") and name.lower().endswith(end[1:])]
+    return MANIFESTS.get(name.lower()) or next(iter(ends), None)
+
+
+def judge(rule, project, git_status, has_repository):
+    """What a match in a project scan is told as, None when it is not offered."""
+    if git_status == "tracked" or not (rule.may_be_outside if project is None
+                                       else not rule.kinds or rule.kinds & project.kinds):
+        return None
+    evidence, doubts = [], rule.is_common  # one doubt is enough
     if project is None:
         evidence.append("Recognized artifact signature, but no supported project manifest was found nearby.")
-        doubtful = True
+        doubts = True
     else:
-        titles = ", ".join(sorted(KIND_TITLES[kind] for kind in project.kinds))
+        titles = ", ".join(sorted(TITLES[kind] for kind in project.kinds))
         manifests = b", ".join(project.manifests).decode("utf-8", "replace")
         evidence.append(f"Detected {titles} project from {manifests}.")
-        unsure = policy.is_generic_name
-
     if git_status == "ignored":
         evidence.append("The path is ignored by Git.")
     elif git_status == "untracked":
         evidence.append("The path is untracked, but not explicitly ignored by Git.")
-        doubtful = True
+        doubts = True
     elif has_repository:
         evidence.append("Git status could not be verified.")
-        doubtful = True
+        doubts = True
     else:
         evidence.append("No Git repository was detected for this project.")
-
-    if policy.is_generic_name:
-        evidence.append("This is a generic artifact name, so Broomtide requires manual selection.")
-        doubtful = True
-    else:
-        evidence.append("The artifact name and project ecosystem agree.")
-
-    safety = "usuallySafe" if doubtful and rule.safety == "safe" else rule.safety
-    confidence = "medium" if doubtful or unsure else "high"
-    return Evaluation(
-        safety=safety,
-        confidence=confidence,
-        is_selected=safety == "safe"
-        and confidence == "high"
-        and (git_status == "ignored" or not has_repository),
-        evidence=evidence,
-        regeneration_command=policy.regeneration_command,
-    )
+    evidence.append("This is a generic artifact name, so Broomtide requires manual selection." if rule.is_common
+                    else "The artifact name and project ecosystem agree.")
+    safety = "usuallySafe" if doubts and rule.safety == "safe" else rule.safety
+    return {"safety": safety, "evidence": evidence, "regenerationCommand": rule.command,
+            "confidence": "medium" if doubts else "high", "isSelected": safety == "safe" and not doubts}

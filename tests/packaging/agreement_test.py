@@ -1,0 +1,86 @@
+"""What surrounds the programs says the same as the programs: manual pages, completions, descriptions.
+
+BROOMTIDE, BROOMTIDE_CLI   the programs
+"""
+
+import os
+import re
+import subprocess
+import unittest
+from pathlib import Path
+
+PACKAGING = Path(__file__).resolve().parents[2] / "packaging"
+WINDOW, CLI = os.environ["BROOMTIDE"], os.environ["BROOMTIDE_CLI"]
+BASH = 'source "$1"; COMP_WORDS=("${@:2}"); COMP_CWORD=$(($# - 2)); _broomtide_cli; printf "%s\\n" "${COMPREPLY[@]}"'
+FISH = 'source "$argv[1]"; complete --do-complete "$argv[2..]"'
+
+
+def output(*command):
+    return subprocess.run(command, capture_output=True, text=True, check=True, timeout=120).stdout
+
+
+def helps():
+    """For each command, and for none of them, its options, long and short, with the values that may follow."""
+    found = {}
+    for command in ["", *re.findall(r"^  (\w+) ", output(CLI, "--help").partition("\nSubcommands:\n")[2], re.M)]:
+        listed = re.findall(r"^  ((?:-\w, ?)?--[\w-]+)( \w+(?:\|\w+)+)?", output(CLI, *command.split(), "--help"), re.M)
+        found[command] = {name: values.strip().split("|") if values else []
+                          for names, values in listed for name in re.split(", ?", names)}
+    return found
+
+
+def bash(*words):
+    return output("bash", "-c", BASH, "bash", PACKAGING / "completions/broomtide-cli.bash", "broomtide-cli", *words)
+
+
+def fish(*words):
+    return output("fish", "--no-config", "--command", FISH, PACKAGING / "completions/broomtide-cli.fish",
+                  " ".join(["broomtide-cli", *words]))
+
+
+class Agreement(unittest.TestCase):
+    def test_shells_offer_what_the_program_takes(self):
+        known = helps()
+        self.assertIn("scan", known)
+        for shell in bash, fish:
+            def offered(*words):
+                return {row.partition("\t")[0] for row in shell(*words).splitlines()}
+            self.assertEqual({word for word in offered("") if word[:1] not in ("-", "")}, set(known) - {""})
+            for command, options in known.items():
+                with self.subTest(command, shell=shell.__name__):
+                    self.assertEqual({word for word in offered(*command.split(), "--") if word.startswith("--")},
+                                     {name for name in options if name.startswith("--")})
+                    for option, values in options.items():
+                        if values:
+                            self.assertEqual(offered(command, option, ""), set(values))
+        zsh = PACKAGING / "completions/_broomtide-cli"
+        output("zsh", "-n", zsh)
+        words = set(re.findall(r"--[a-z-]+|[a-z]+(?=\\:)", zsh.read_text()))  # each is a name before what it means
+        takes = {name for command, options in known.items() for name in [command, *options, *sum(options.values(), [])]}
+        self.assertEqual(words, {name for name in takes if name and not re.fullmatch("-.", name)})
+
+    def test_the_manual_tells_of_every_option(self):
+        page = (PACKAGING / "man/broomtide-cli.1").read_text()
+        commands = re.split(r"^\.Ss (.+)\n", page.partition("\n.Sh COMMANDS\n")[2].partition("\n.Sh ")[0], flags=re.M)
+        described = {}
+        for command, text in zip(commands[1::2], commands[2::2]):
+            for item in re.findall(r"^\.It (Fl .+)$", text, re.M):
+                names, _, values = item.partition(" Ar ")
+                described.setdefault(command, {}).update(
+                    {f"-{name}": values.split(" | ") if "|" in values else [] for name in re.findall(r"Fl (\S+)", names)})
+        self.assertEqual(described, {command or "Without a command": options for command, options in helps().items()})
+        window = set(re.findall(r"(?:^  |, ?)(--?[\w-]+)", output(WINDOW, "--help"), re.M))
+        page = (PACKAGING / "man/broomtide.1").read_text()
+        listed = " ".join(re.findall(r"^\.It (Fl .+)$", page, re.M))
+        self.assertEqual({f"-{name}" for name in re.findall(r"Fl (\S+)", listed)}, window)
+
+    def test_the_version_is_the_same_everywhere(self):
+        version = output(WINDOW, "--version").split()[1]
+        self.assertEqual(output(CLI, "--version"), f"broomtide-cli {version}\n")
+        [metainfo] = PACKAGING.glob("*.metainfo.xml")
+        self.assertEqual(re.search(r'<release version="(.+?)"', metainfo.read_text())[1], version)
+        self.assertTrue((PACKAGING / "debian/changelog").read_text().startswith(f"broomtide ({version}-1) "))
+
+
+if __name__ == "__main__":
+    unittest.main()
