@@ -287,25 +287,6 @@ TEST_F(Model, SelectsWhatIsSafeBeyondDoubt) {
   EXPECT_EQ(model->route(), Route::results);
 }
 
-TEST_F(Model, SumsUpProjects) {
-  const auto in = [](std::optional<std::string> root, std::int64_t size, std::optional<int> day) {
-    ScanCandidate item = candidate("x", size);
-    item.projectRoot = std::move(root);
-    if (day) item.modificationDate = Date(std::chrono::hours(24 * *day));
-    return item;
-  };
-  scan({in("/b", 5, {}), in("/x/../a", 2, 3), in({}, 100, 1), in("/c", 6, 1), in("/a", 3, 4),
-        in("/a", 0, {})});
-  std::vector<std::string> lines;
-  for (const ProjectReclaimSummary& summary : model->projectReclaimSummaries()) {
-    lines.push_back(summary.root + ' ' + std::to_string(summary.candidateCount) + ' ' +
-                    std::to_string(summary.reclaimableBytes) + ' ' +
-                    (summary.newestArtifactDate ? iso8601(*summary.newestArtifactDate) : "never"));
-  }
-  EXPECT_THAT(lines, ElementsAre("/c 1 6 1970-01-02T00:00:00Z", "/b 1 5 never",
-                                 "/x/../a 3 5 1970-01-05T00:00:00Z"));
-}
-
 TEST_F(Model, ACleanupIsShownAndRecorded) {
   const CleanupFailure failure{.id = "F", .path = "4", .message = "because"};
   script.clean = [&](std::vector<ScanCandidate> items, const auto&) {

@@ -29,40 +29,6 @@ TEST(ProjectDetector, KnowsManifestsByTheirWholeNamesOrSuffixes) {
     EXPECT_EQ(ProjectDetector::manifestKind(name), kind) << name;
 }
 
-TEST(ProjectDetector, KnowsTheNearestProjectAllAlongTheWay) {
-  ProjectDetector detector("/r", [](const std::string&) {});
-  const auto nearest = [&detector](const char* folder) {
-    const ProjectContext* project = detector.around(folder).project;
-    return project == nullptr ? std::string() : project->root;
-  };
-  detector.enterFolder("");
-  EXPECT_EQ(nearest(""), "");
-  detector.enterFolder("a");
-  detector.addEntry("go.mod", EntryType::file);
-  detector.enterFolder("a/b");
-  detector.addEntry("package.json", EntryType::folder);
-  EXPECT_EQ(nearest("a/b"), "/r/a");
-  detector.enterFolder("a/b/c");
-  detector.addEntry("package.json", EntryType::file);
-  detector.addEntry("Cargo.toml", EntryType::file);
-  EXPECT_EQ(nearest("a/b/c"), "/r/a/b/c");
-  EXPECT_EQ(nearest("a/b"), "/r/a");  // back from what lies in it
-  detector.enterFolder("a/App.xcodeproj");
-  detector.addEntry("go.mod", EntryType::file);
-  detector.enterFolder("a/App.xcodeproj/inner");
-  detector.addEntry(".git", EntryType::folder);
-  EXPECT_EQ(nearest("a/App.xcodeproj/inner"), "/r/a");
-  detector.enterFolder("ab");
-  EXPECT_EQ(nearest("ab"), "");
-
-  const ProjectDiscovery discovery = detector.finish();
-  ASSERT_EQ(discovery.projects.size(), 2U);
-  EXPECT_EQ(discovery.projects[0].manifests,
-            (std::vector<std::string>{"Cargo.toml", "package.json"}));
-  EXPECT_TRUE(discovery.gitRoots.empty());
-  EXPECT_EQ(discovery.entriesInspected, 4);
-}
-
 // Without its repository, what Git tracks would pass for what nobody knows.
 TEST(ProjectDetector, TakesWhatCannotBeExaminedForARepository) {
   std::vector<std::string> repositories;

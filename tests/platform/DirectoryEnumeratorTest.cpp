@@ -133,15 +133,5 @@ TEST_F(Enumeration, StaysWithinFewDescriptorsHoweverDeepTheTree) {
   ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
 }
 
-TEST_F(Enumeration, GivesSubtreesAwayOnce) {
-  for (const char* path : {"a/1", "b/2", "c/3", "d/4"}) tree.file(path);
-  std::vector<std::string> given;
-  auto kept = paths(Order::foldersAfter, [&](DirectoryEnumerator& entry) {
-    if (auto subtree = entry.detachSubtree()) given.push_back(subtree->relativePath);
-  });
-  EXPECT_THAT(given, testing::ElementsAre("d", "c"));
-  EXPECT_THAT(kept, testing::UnorderedElementsAre("a", "b", "c", "d", "a/1", "b/2"));
-}
-
 }  // namespace
 }  // namespace broomtide

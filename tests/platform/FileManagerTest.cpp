@@ -47,21 +47,6 @@ TEST(FileManager, OpensAndExaminesBelowAFolderThroughNoLink) {
   }
 }
 
-TEST(FileManager, WhatIsCreatedKeepsTheGroupOfItsFolder) {
-  for (const mode_t umask : {0U, 0777U, 0277U, 022U}) {
-    test::TemporaryTree tree;
-    tree.run("chmod g+s .");
-    test::withUmask(umask, [&tree] {
-      FileDescriptor opened;
-      EXPECT_FALSE(systemFileManager().createFolder(workingDirectory, tree.path("new").c_str()));
-      EXPECT_FALSE(
-          systemFileManager().createFile(workingDirectory, tree.path("file").c_str(), opened));
-    });
-    EXPECT_EQ(test::permissionsOf(tree.path("new")), 02700U) << umask;
-    EXPECT_EQ(test::permissionsOf(tree.path("file")), 0600U) << umask;
-  }
-}
-
 // Neither could be used, and both would be in the way of the next try.
 TEST(FileManager, WhatCannotBeGivenItsPermissionsIsGoneAgain) {
   test::TemporaryTree tree;

@@ -73,16 +73,5 @@ TEST_F(Cancellation, AnswersWhileGitNeverEnds) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, 30s);
 }
 
-TEST_F(Cancellation, AnErrorOfTheReceiverEndsTheScanAsItIs) {
-  DefaultFileScanner scanner(files);
-  EXPECT_THROW(scanner.scan(tree.root(), ScanMode::project, {},
-                            [](std::span<const ScanUpdate> told, const auto&...) {
-                              if (told.back().progress.reclaimableBytes > 0)
-                                throw std::out_of_range("receiver");
-                            },
-                            {}),
-               std::out_of_range);
-}
-
 }  // namespace
 }  // namespace broomtide

@@ -223,6 +223,21 @@ TEST(TreeScan, MeasuresNothingThatItCannotIdentify) {
   EXPECT_EQ(issuesOf(result, tree.root()), std::vector<std::string>{".next: Input/output error"});
 }
 
+// A repository may be hidden in what could not be read.
+TEST(TreeScan, EndsWhenItRunsOutOfOpenFilesOrMemory) {
+  TemporaryTree tree;
+  tree.folder("a");
+  FaultyFileManager files;
+  for (const std::errc failure :
+       {std::errc::too_many_files_open, std::errc::too_many_files_open_in_system,
+        std::errc::not_enough_memory}) {
+    files.onOpen = [failure](const std::string& name) {
+      return std::make_error_code(name == "a" ? failure : std::errc());
+    };
+    EXPECT_THROW(ScanRecorder(files).scan(tree.root()), std::system_error);
+  }
+}
+
 TEST(TreeScan, RefusesTheWholeFileSystem) {
   TemporaryTree tree;
   tree.link("/", "everything");

@@ -241,14 +241,6 @@ TEST_F(TrashMove, WhatIsInATrashAlreadyStaysThere) {
   }
 }
 
-TEST_F(TrashMove, AFolderThatIsReplacedByALinkIsNotEntered) {
-  tree.file("outside/build/precious");
-  tree.run("mv work away; ln -s outside work");
-  const auto before = snapshotOf(tree.root());
-  EXPECT_TRUE(move());
-  EXPECT_EQ(snapshotOf(tree.root()), before);
-}
-
 TEST_F(TrashMove, FailingToRecordSizesIsNoFailure) {
   for (const char* step :
        {"openFile directorysizes", "createFile directorysizes", "rename directorysizes"}) {

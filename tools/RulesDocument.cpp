@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "rules/CacheRules.h"
-#include "rules/ContextPolicy.h"
 #include "rules/GuardedNames.h"
 #include "rules/ProjectManifests.h"
 #include "rules/ScanRuleTables.h"
@@ -60,7 +59,7 @@ std::string orNothing(std::string_view command) {
 std::string projects() {
   std::vector<std::string> rows;
   for (const ScanRule& rule : ScanRules::project) {
-    const ContextPolicy& policy = contextPolicy(rule.id);
+    const ContextPolicy& policy = rule.policy;
     rows.push_back(row({nameOf(rule) + (policy.isGenericName ? " `*`" : ""),
                         std::string(rule.explanation), std::string(rule.category), placesOf(policy),
                         std::string(title(rule.safety)), orNothing(policy.regenerationCommand)}));
@@ -114,7 +113,7 @@ std::string listed(const auto& names, std::string_view before = "") {
   return joined(all, ", ");
 }
 
-std::string filled(std::istream& text) {
+std::string withTables(std::istream& text) {
   const std::map<std::string, std::string> tables = {
       {"projects", projects()},
       {"manifests", manifests()},
@@ -140,6 +139,6 @@ std::string filled(std::istream& text) {
 int main(int argumentCount, char** arguments) {
   std::ifstream text(argumentCount == 2 ? arguments[1] : "");
   if (!text) return 1;
-  std::cout << broomtide::filled(text);
+  std::cout << broomtide::withTables(text);
   return 0;
 }
