@@ -392,15 +392,5 @@ TEST_F(Results, ShowProjectsLargestFirst) {
   EXPECT_TRUE(list().isVisible());
 }
 
-TEST_F(Results, RescanTheSameFolderWithTheAccessItHas) {
-  show(resultOf({makeCandidate("a")}), ScanMode::downloads);
-  test.script.scans.push_back([](const auto&, const auto&) { return ScanResult{}; });
-  click("rescan");
-  test.runUntil(Route::results);
-  EXPECT_EQ(test.script.scanned.back(),
-            std::pair(std::string("/home/ada/src"), ScanMode::downloads));
-  EXPECT_EQ(test.access.record.size(), 1U);
-}
-
 }  // namespace
 }  // namespace broomtide
