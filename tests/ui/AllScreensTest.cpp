@@ -8,7 +8,6 @@
 #include "ui/Person.h"
 #include "ui/Readable.h"
 #include "ui/SpokenLanguage.h"
-#include "ui/controls/Button.h"
 #include "ui/controls/Label.h"
 #include "ui/results/CandidateDetails.h"
 #include "ui/results/ResultsModel.h"
@@ -84,9 +83,12 @@ void PrintTo(const Look& look, std::ostream* stream) {
 std::vector<Look> allLooks() {
   std::vector<Look> looks;
   for (const char* language : {"pseudo", "de", "zh_CN", "en"}) {
+    if (pictures.isEmpty()) {
+      looks.push_back({language, QSize(820, 624), false});
+      continue;
+    }
     for (const QSize size : {QSize(820, 624), QSize(1080, 760), QSize(2560, 1440)}) {
-      looks.push_back({language, size, false});
-      if (!pictures.isEmpty()) looks.push_back({language, size, true});
+      for (const bool isDark : {false, true}) looks.push_back({language, size, isDark});
     }
   }
   return looks;
@@ -111,17 +113,17 @@ class AllScreens : public testing::TestWithParam<Look> {
     for (int round = 0; round < 5; ++round) QCoreApplication::processEvents();
   }
 
-  void read(const char* what) { read(test.window(), what); }
-
-  void read(QWidget& window, QString what) {
+  // Reads a window, or the one of the test.
+  void read(QString what, QWidget* window = nullptr) {
     resize();
+    if (window == nullptr) window = &test.window();
     const std::vector<std::string> faults =
-        GetParam().language == "pseudo" ? test::unreadable(window) : test::cutOff(window);
+        GetParam().language == "pseudo" ? test::unreadable(*window) : test::cutOff(*window);
     for (const std::string& fault : faults) ADD_FAILURE() << what.toStdString() << ": " << fault;
     if (pictures.isEmpty()) return;
     const std::string look = testing::PrintToString(GetParam());
     const QString name = what.replace('/', '-') + '-' + QString::fromStdString(look) + ".png";
-    EXPECT_TRUE(window.grab().save(QDir(pictures).filePath(name)));
+    EXPECT_TRUE(window->grab().save(QDir(pictures).filePath(name)));
   }
 
   void beginScan(const std::string& place) {
@@ -137,105 +139,90 @@ class AllScreens : public testing::TestWithParam<Look> {
 
   QTableView& list() { return test::find<QTableView>(test.window(), "candidates"); }
 
-  void open(int row) { list().model()->setData(list().model()->index(row, 0), true, ui::OpenRole); }
-
   const test::SpokenLanguage spoken;
   test::TestWindow test;
 };
 
-TEST_P(AllScreens, BeforeAScan) {
+TEST_P(AllScreens, UpToTheResults) {
   read("welcome");
   test.model().setRoute(Route::scanning);
   read("scanning nothing");
-  for (const char* place : {"Preparing scan…", "Scanning Downloads…", "Scan complete",
-                            "Calculating 1/2…", "Detected 3 project context(s)…", "1/2"}) {
-    beginScan(place);
-    read(place);
-  }
-}
-
-TEST_P(AllScreens, Results) {
+  beginScan("Calculating 1/2…");
+  read("scanning");
   test.scan(everything(), ScanMode::project, "/1/2");
-  read("results");
   for (int number = list().model()->rowCount() - 1; number >= 0; --number) {
-    open(number);
+    list().model()->setData(list().model()->index(number, 0), true, ui::OpenRole);
     list().scrollTo(list().model()->index(number, 0), QAbstractItemView::PositionAtTop);
-    read("details");
+    read("results");
   }
   list().scrollToBottom();
   read("issues");
-  test::find<QLineEdit>(test.window(), "filter").setText("1/3");
-  read("filtered");
-  test::find<QLineEdit>(test.window(), "filter").setText("9");
-  read("nothing filtered");
+  for (const char* filter : {"1/3", "9"}) {
+    test::find<QLineEdit>(test.window(), "filter").setText(filter);
+    read(QString("filtered ") + filter);
+  }
   test::find(test.window(), "tabs").findChildren<QPushButton*>().at(1)->click();
   read("projects");
-  const ScanCandidate& candidate = test.model().candidates().front();
-  ui::CandidateMenu menu(test.model(), candidate);
+  ui::CandidateMenu menu(test.model(), test.model().candidates().front());
   menu.popup(QPoint());
-  read(menu, "menu");
-  menu.close();
-  test.scan({}, ScanMode::caches, "/1/2");
-  read("no caches");
-  test.scan({}, ScanMode::project, "/1/2");
-  read("no artefacts");
+  read("menu", &menu);
+  for (const ScanMode mode : {ScanMode::caches, ScanMode::project}) {
+    test.scan({{}, everything().issues, {}}, mode, "/1/2");
+    read(mode == ScanMode::caches ? "no caches" : "no artefacts");
+  }
 }
 
-TEST_P(AllScreens, Cleanup) {
+TEST_P(AllScreens, FromTheConfirmationOn) {
   test.scan(everything(), ScanMode::project, "/1/2");
-  test.model().showConfirmation();
-  read("confirmation");
-  for (const bool hasFailures : {false, true}) {
+  for (const char* failure :
+       {"",
+        "Broomtide could not move this item to Trash. It may be locked, in use, or require "
+        "additional permission."}) {
     std::latch isRead(1);
-    test.script.clean = [hasFailures, &isRead](const auto& items, const auto&) {
+    test.script.clean = [&](const auto& items, const auto&) {
       isRead.wait();
       CleanupResult result{items, {}};
-      if (hasFailures) {
-        result.failures = {{"1", "1/2",
-                            "Broomtide could not move this item to Trash. It may be locked, in "
-                            "use, or require additional permission."},
-                           {"2", "1/3", "Cleanup was cancelled."}};
-      }
+      if (*failure != 0) result.failures = {{"1", "1/2", failure}};
       return result;
     };
     test.model().setRoute(Route::confirmation);
+    read("confirmation");
     test.model().cleanSelectedItems();
     read("moving");
     isRead.count_down();
     test.runUntil(Route::summary);
-    read("summary");
+    read(QString("summary ") + (*failure != 0 ? "failed" : ""));
   }
-  test.model().showHistory();
-  test.runUntil(Route::history);
-  read("history");
-  test.script.history.clear();
-  test.model().setRoute(Route::welcome);
-  test.model().showHistory();
-  test.runUntil(Route::history);
-  read("no history");
+  for (const char* history : {"history", "no history"}) {
+    test.model().setRoute(Route::welcome);
+    test.model().showHistory();
+    test.runUntil(Route::history);
+    read(history);
+    test.script.history.clear();
+  }
 }
 
 TEST_P(AllScreens, WhatComesOverThem) {
+  QWidget& window = test.window();
+  const auto readAlert = [&](const char* what) {
+    test.runUntil([&] { return test::alert(window) != nullptr; });
+    read(what, test::alert(window));
+    test::alert(window)->close();
+  };
   test::press(Qt::Key_Comma, Qt::ControlModifier);
-  read(test::find(test.window(), "settings"), "settings");
-  test::find(test.window(), "settings").close();
   test.window().menuBar()->actions().front()->menu()->actions().front()->trigger();
-  read(test::find(test.window(), "about"), "about");
-  test::find(test.window(), "about").close();
+  for (const char* name : {"settings", "about"}) read(name, &test::find(window, name));
+  for (const char* name : {"settings", "about"}) test::find(window, name).close();
   test.picker.answer = "/1/2";
   test.model().presentFolderPicker(std::nullopt, ScanMode::caches);
-  read(*test::alert(test.window()), "refusal");
-  test::alert(test.window())->close();
+  readAlert("refusal");
   beginScan("1/2");
   test.model().requestStop();
-  test.runUntil(Route::welcome);
-  read(*test::alert(test.window()), "cancelled");
-  test::alert(test.window())->close();
+  readAlert("cancelled");
   test.scan(everything(), ScanMode::project, "/1/2");
   test.script.canAppend = false;
   test.model().cleanSelectedItems();
-  test::TestWindow::runUntil([&] { return test::alert(test.window()) != nullptr; });
-  read(*test::alert(test.window()), "no history");
+  readAlert("no history written");
 }
 
 INSTANTIATE_TEST_SUITE_P(InManyLanguages, AllScreens, testing::ValuesIn(allLooks()));
@@ -243,26 +230,18 @@ INSTANTIATE_TEST_SUITE_P(InManyLanguages, AllScreens, testing::ValuesIn(allLooks
 // The checks above would otherwise pass with whatever is shown.
 TEST(Readable, FindsWhatIsWrong) {
   const test::SpokenLanguage pseudo({"pseudo"});
-  QWidget window;
-  window.resize(400, 300);
-  window.show();
   const QString text = QCoreApplication::translate("Test", "Copy the command");
-  const QSize wide(400, 40);
-  const QSize narrow(60, 40);
-  const auto isReadable = [&](QWidget&& part, QSize size) {
-    part.resize(size);
-    part.setParent(&window);
-    part.show();
-    return test::unreadable(window).empty();
-  };
-  EXPECT_TRUE(isReadable(ui::Label(text), wide));
-  EXPECT_TRUE(isReadable(ui::ElidedLabel(text), narrow));
-  EXPECT_FALSE(isReadable(ui::Label("%1 Copy"), wide));
-  EXPECT_FALSE(isReadable(ui::Button(text), narrow));
-  EXPECT_FALSE(isReadable(ui::Label(text), narrow));
-  ui::Label named(text);
-  named.setAccessibleName("Copy");
-  EXPECT_FALSE(isReadable(std::move(named), wide));
+  for (const auto& [shown, name, width, isReadable] :
+       std::vector<std::tuple<QString, QString, int, bool>>{{text, {}, 400, true},
+                                                            {"Copy", {}, 400, false},
+                                                            {text, "Copy", 400, false},
+                                                            {text, {}, 60, false}}) {
+    ui::Label label(shown);
+    label.setAccessibleName(name);
+    label.resize(width, 40);
+    label.show();
+    EXPECT_EQ(test::unreadable(label).empty(), isReadable) << shown.toStdString() << width;
+  }
 }
 
 }  // namespace

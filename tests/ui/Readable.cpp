@@ -140,12 +140,6 @@ class Reader {
 
 }  // namespace
 
-std::vector<std::string> drawnTexts(QWidget& part) {
-  std::vector<std::string> texts;
-  for (const DrawnText& drawn : drawnBy(part)) texts.push_back(drawn.text.toStdString());
-  return texts;
-}
-
 std::vector<std::string> unreadable(QWidget& window) {
   Reader reader;
   reader.read(window);

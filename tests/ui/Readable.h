@@ -6,9 +6,6 @@
 
 namespace broomtide::test {
 
-/// The texts that a visible widget draws by itself, without its children, after all shortening.
-std::vector<std::string> drawnTexts(QWidget& part);
-
 /// What is wrong with the texts of a window in the pseudo-language, with all its parts that are to
 /// be seen: a letter without an accent was not translated, and a text without both its marks, with
 /// dots or reaching beyond its part cannot be read to its end. Labels that are made to be shortened

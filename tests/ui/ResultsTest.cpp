@@ -299,23 +299,39 @@ TEST_F(Results, FilterFromTheKeyboardAndKeepTheSelection) {
 }
 
 TEST_F(Results, KeepPlaceDetailsAndHeightsWhenSortedOrFiltered) {
-  show(resultOf({makeCandidate("a", 1), makeCandidate("b", 2), makeCandidate("bc", 3)}));
+  show(resultOf({makeCandidate("a", 3), makeCandidate("cb", 2), makeCandidate("cc", 1),
+                 makeCandidate("c", 0, reviewFirst)}));
   const int usual = list().rowHeight(1);
-  press(Qt::Key_Down);
   press(Qt::Key_Right);
-  find<QComboBox>("sort").setCurrentText("Name");
-  for (const char* filter : {"b", "c", "", "b", "a", ""}) {
+  EXPECT_NE(list().rowHeight(2), usual);
+  for (const char* filter : {"c", "", "a", ""}) {
     find<QLineEdit>("filter").setText(filter);
     settle();
-    EXPECT_EQ(details() != nullptr, rows().contains("b")) << filter;
+    EXPECT_EQ(details() != nullptr, rows().contains("a")) << filter;
     for (int number = 0; number < list().model()->rowCount(); ++number) {
       if (row(number).data(ui::KindRole) != static_cast<int>(ResultsRowKind::candidate)) continue;
       EXPECT_EQ(list().rowHeight(number), usual) << filter << number;
     }
   }
-  press(Qt::Key_End);
-  find<QComboBox>("sort").setCurrentText("Largest");
-  EXPECT_EQ(list().currentIndex().data().toString(), "bc");
+  press(Qt::Key_Down);
+  press(Qt::Key_Down);
+  const QString place = list().currentIndex().data().toString();
+  EXPECT_NE(place, "a");
+  find<QComboBox>("sort").setCurrentText("Name");
+  EXPECT_EQ(list().currentIndex().data().toString(), place);
+}
+
+TEST_F(Results, WrapTheSelectionInANarrowWindow) {
+  show(resultOf({makeCandidate("a")}));
+  test.window().resize(820, 624);
+  test.runUntil([&] { return test.window().width() == 820; });
+  find<QLabel>("selection")
+      .setText(
+          "54321 selected · 888.8 GB · 54321 of them hidden by the filter, and as much in a "
+          "language "
+          "of longer words");
+  QCoreApplication::processEvents();
+  EXPECT_THAT(test::cutOff(test.window()), testing::ElementsAre());
 }
 
 TEST_F(Results, OfferAMenuForTheCandidateItWasOpenedFor) {
@@ -374,16 +390,6 @@ TEST_F(Results, ShowProjectsLargestFirst) {
                          "disposable artifact unknown · 1 items · 1 KB"}));
   click("Cleanup Items");
   EXPECT_TRUE(list().isVisible());
-}
-
-TEST_F(Results, RescanTheSameFolderWithTheAccessItHas) {
-  show(resultOf({makeCandidate("a")}), ScanMode::downloads);
-  test.script.scans.push_back([](const auto&, const auto&) { return ScanResult{}; });
-  click("rescan");
-  test.runUntil(Route::results);
-  EXPECT_EQ(test.script.scanned.back(),
-            std::pair(std::string("/home/ada/src"), ScanMode::downloads));
-  EXPECT_EQ(test.access.record.size(), 1U);
 }
 
 }  // namespace
