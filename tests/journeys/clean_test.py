@@ -8,7 +8,6 @@ import json
 import os
 import random
 import re
-import resource
 import select
 import shutil
 import signal
@@ -215,15 +214,6 @@ class Selecting(CleanJourney):
             self.assertIn(b"Move selected items to Trash?", shown)
             self.assertEqual(b"Cleanup complete" in shown, moves)
             self.assertEqual(not os.path.exists(self.path("work/app/.next")), moves)
-
-    def test_a_limit_on_the_size_of_files_is_an_error_like_others(self):
-        self.project()
-        before = snapshot(self.work)
-        result = self.cli("clean", "--yes", self.work,
-                          preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (0, 0)))
-        self.assertIn(NOT_MOVED.encode(), result.stdout)
-        self.assertEqual((snapshot(self.work), os.listdir(self.path("data/Trash/info"))), (before, []))
-
 
 class Interrupting(CleanJourney):
     def test_ctrl_c_leaves_the_rest_alone_and_is_recorded(self):
