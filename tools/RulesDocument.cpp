@@ -87,6 +87,7 @@ std::string manifests() {
 
 std::string caches(const auto& targets) {
   std::vector<std::string> rows;
+  rows.reserve(targets.size());
   for (const CacheTarget& target : targets) {
     rows.push_back(row(
         {code("~/", target.relativePath) + (target.expandsChildren ? " in parts" : ""),
@@ -98,6 +99,7 @@ std::string caches(const auto& targets) {
 
 std::string downloads() {
   std::vector<std::string> rows;
+  rows.reserve(ScanRules::downloads.size());
   for (const ScanRule& rule : ScanRules::downloads) {
     const auto days = static_cast<int>(rule.minimumAge.value_or(0) / 86'400);
     rows.push_back(row({nameOf(rule), std::string(rule.explanation), std::string(rule.category),
@@ -109,6 +111,7 @@ std::string downloads() {
 
 std::string listed(const auto& names, std::string_view before = "") {
   std::vector<std::string> all;
+  all.reserve(names.size());
   for (const std::string_view name : names) all.push_back(code(before, name));
   return joined(all, ", ");
 }

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/Surroundings.h"
+#include "core/Messages.h"
 
 /// What people are told when they choose a folder, and which choices are turned down.
 namespace broomtide::FolderChoice {

@@ -144,31 +144,31 @@ std::optional<RuleEvaluation> evaluate(const ScanRule& rule, const ProjectContex
   if (context != nullptr) {
     evidence.push_back(projectEvidence(*context));
   } else {
-    evidence.emplace_back(messages::noProject);
+    evidence.push_back({messages::noProject});
     judgement.distrust();
     judgement.raiseCaution();
   }
 
   if (gitStatus == GitItemStatus::ignored) {
-    evidence.emplace_back(messages::ignoredByGit);
+    evidence.push_back({messages::ignoredByGit});
   } else if (gitStatus == GitItemStatus::untracked) {
-    evidence.emplace_back(messages::untrackedByGit);
+    evidence.push_back({messages::untrackedByGit});
     judgement.distrust();
     judgement.raiseCaution();
   } else if (hasGitRepository) {
-    evidence.emplace_back(messages::gitUnverified);
+    evidence.push_back({messages::gitUnverified});
     judgement.distrust();
     judgement.raiseCaution();
   } else {
-    evidence.emplace_back(messages::noRepository);
+    evidence.push_back({messages::noRepository});
   }
 
   if (policy.isGenericName) {
-    evidence.emplace_back(messages::genericName);
+    evidence.push_back({messages::genericName});
     judgement.distrust();
     judgement.raiseCaution();
   } else {
-    evidence.emplace_back(messages::nameAgrees);
+    evidence.push_back({messages::nameAgrees});
   }
 
   return RuleEvaluation{

@@ -51,30 +51,5 @@ TEST(ScanReport, ReadsAsAPersonWouldExpect) {
               testing::HasSubstr("\x1b[1;32mSafe to Clean"));
 }
 
-TEST(HistoryReport, AlignsItsColumnsAndHidesNothing) {
-  const auto textOf = [](const std::vector<CleanupHistoryEntry>& entries) {
-    std::ostringstream text;
-    writeText(text, entries, TerminalStyle(false));
-    return text.str();
-  };
-  EXPECT_EQ(textOf({}), "No cleanup history\nCompleted cleanups will appear here.\n");
-
-  ::setenv("TZ", "UTC", 1);
-  ::setenv("LC_ALL", "en_US.UTF-8", 1);
-  const CleanupHistoryEntry entry{.id = {},
-                                  .date = dateFromIso8601("2025-03-01T09:30:00Z").value(),
-                                  .rootPath = "/r\x1b[31m",
-                                  .movedCount = 12,
-                                  .movedBytes = 1'200'000'000,
-                                  .failures = {}};
-  CleanupHistoryEntry other = entry;
-  other.date += std::chrono::hours(24 * 10 + 12);
-  other.movedCount = other.movedBytes = 0;
-  other.failures.resize(2);
-  EXPECT_EQ(textOf({other, entry}),
-            "Mar 11, 2025 at 9:30 PM   0 item(s)  Zero KB  /r\\x1b[31m  left alone: 2\n"
-            "Mar 1, 2025 at 9:30 AM   12 item(s)   1.2 GB  /r\\x1b[31m\n");
-}
-
 }  // namespace
 }  // namespace broomtide::cli

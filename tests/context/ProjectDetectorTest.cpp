@@ -9,26 +9,6 @@
 namespace broomtide {
 namespace {
 
-TEST(ProjectDetector, KnowsManifestsByTheirWholeNamesOrSuffixes) {
-  using enum ProjectKind;
-  const std::vector<std::pair<std::string, std::optional<ProjectKind>>> cases{
-      {"GEMFILE", ruby},
-      {"gemfile.lock", std::nullopt},
-      {"poetry.lock", python},
-      {"cargo.lock", std::nullopt},
-      {"main.TF", terraform},
-      {"main.tf.json", std::nullopt},
-      {".tf", terraform},
-      {"settings.gradle.kts", java},
-      {"x.sln", dotnet},
-      {"a-very-long-name-of-a-project.fsproj", dotnet},
-      {"a-very-long-name-that-is-no-manifest", std::nullopt},
-      {"package.json5", std::nullopt},
-  };
-  for (const auto& [name, kind] : cases)
-    EXPECT_EQ(ProjectDetector::manifestKind(name), kind) << name;
-}
-
 // Without its repository, what Git tracks would pass for what nobody knows.
 TEST(ProjectDetector, TakesWhatCannotBeExaminedForARepository) {
   std::vector<std::string> repositories;

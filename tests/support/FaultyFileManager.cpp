@@ -30,9 +30,7 @@ std::error_code FaultyFileManager::readFolder(int folder, std::span<std::byte> b
 std::error_code FaultyFileManager::readAttributes(int folder, const char* name, LinkPolicy links,
                                                   FileAttributes& attributes) {
   if (const std::error_code error = onAttributes(name)) return error;
-  const std::error_code error = systemFileManager().readAttributes(folder, name, links, attributes);
-  if (hasNoPermissions) attributes.permissions |= 0777U;
-  return error;
+  return systemFileManager().readAttributes(folder, name, links, attributes);
 }
 
 bool FaultyFileManager::isReadable(const std::string& path) {

@@ -103,35 +103,6 @@ TEST_F(TrashMove, NobodyElseSeesWhatIsInTheTrashWhateverTheUmask) {
   }
 }
 
-TEST_F(TrashMove, ATrashThatOthersCanChangeIsRefusedUnlessNothingCanBeKeptFromThem) {
-  const auto open = [this](TrashSharing sharing) {
-    FileDescriptor folder;
-    EXPECT_FALSE(files.openFolder(workingDirectory, tree.path("Trash").c_str(),
-                                  LinkPolicy::doNotFollow, folder));
-    return TrashFolder(files).open(std::move(folder), sharing);
-  };
-  tree.run("chmod 755 Trash Trash/*");
-  EXPECT_FALSE(open(TrashSharing::refused));
-  for (const char* folder : {"Trash", "Trash/files", "Trash/info"}) {
-    for (const char* mode : {"775", "757", "1777"}) {
-      tree.run(std::string("chmod ") + mode + ' ' + folder);
-      EXPECT_EQ(open(TrashSharing::refused), std::errc::permission_denied) << folder << mode;
-      EXPECT_FALSE(open(TrashSharing::allowed)) << folder << mode;
-      files.hasNoPermissions = true;
-      EXPECT_FALSE(open(TrashSharing::refused)) << folder << mode;
-      files.hasNoPermissions = false;
-      EXPECT_EQ(std::distance(fs::recursive_directory_iterator(tree.path("Trash")), {}), 2);
-    }
-    tree.run(std::string("chmod 700 ") + folder);
-  }
-  tree.run("chmod 777 Trash");
-  files.hasNoPermissions = true;
-  for (const char* step : {"createFile .", "createFolder files"}) {
-    files.onChange = when(step, error(std::errc::read_only_file_system));
-    EXPECT_TRUE(open(TrashSharing::refused)) << step;
-  }
-}
-
 TEST(MountTable, ReadsTheFifthField) {
   EXPECT_THAT(
       MountTable::mountPoints("22 1 8:1 / / rw,relatime shared:1 - ext4 /dev/sda1 rw\n"

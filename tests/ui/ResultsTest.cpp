@@ -12,7 +12,6 @@
 
 #include "support/TemporaryTree.h"
 #include "ui/Person.h"
-#include "ui/Readable.h"
 #include "ui/results/ResultsModel.h"
 
 namespace broomtide {
@@ -327,7 +326,8 @@ TEST_F(Results, WrapTheSelectionInANarrowWindow) {
           "language "
           "of longer words");
   QCoreApplication::processEvents();
-  EXPECT_THAT(test::cutOff(test.window()), testing::ElementsAre());
+  const auto& selection = find<QLabel>("selection");
+  EXPECT_GT(selection.height(), 3 * selection.fontMetrics().height() / 2) << "a line is cut off";
 }
 
 TEST_F(Results, OfferAMenuForTheCandidateItWasOpenedFor) {
