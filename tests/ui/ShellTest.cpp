@@ -10,6 +10,7 @@
 #include <QListView>
 #include <QMenuBar>
 #include <QProcess>
+#include <QSettings>
 #include <QTimer>
 #include <atomic>
 #include <thread>
@@ -134,7 +135,8 @@ TEST(FolderDialog, GivesTheChosenFolderAndSharesNothingWithOtherPrograms) {
   const std::string chosen = tree.folder("chosen");
   const std::string theirs = "[FileDialog]\nshortcuts=file:///theirs\nlastVisited=file:///theirs\n";
   tree.file("config/QtProject.conf", theirs);
-  const ConfigHome config(tree.path("config"));
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                     QString::fromStdString(tree.path("config")));
   const auto folder = pick(ScanMode::downloads, tree.root(), [](QFileDialog& dialog) {
     for (const QUrl& url : dialog.sidebarUrls()) EXPECT_NE(url, QUrl("file:///theirs"));
     dialog.selectFile("chosen");

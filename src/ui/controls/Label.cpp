@@ -66,8 +66,4 @@ void Metric::reserve(const QString& longest) {
   value_->setMinimumWidth(value_->fontMetrics().horizontalAdvance(longest));
 }
 
-QString Metric::value() const { return value_->text(); }
-
-QString Metric::label() const { return label_->text(); }
-
 }  // namespace broomtide::ui

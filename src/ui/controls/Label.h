@@ -45,9 +45,6 @@ class Metric final : public QWidget {
   /// Keeps room for this value, so that what stands beside does not move when values change.
   void reserve(const QString& longest);
 
-  QString value() const;
-  QString label() const;
-
  private:
   Label* value_;
   Label* label_;

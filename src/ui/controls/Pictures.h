@@ -24,8 +24,6 @@ class SymbolView final : public QWidget {
   /// `side` is the length of its sides.
   SymbolView(QString name, int side, Tone tone, QWidget* parent = nullptr);
 
-  const QString& name() const { return name_; }
-  Tone tone() const { return tone_; }
   QSize sizeHint() const override { return {side_, side_}; }
 
  protected:
