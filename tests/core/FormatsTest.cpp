@@ -3,7 +3,6 @@
 #include "core/ByteCount.h"
 #include "core/Date.h"
 #include "core/Paths.h"
-#include "core/Uuid.h"
 
 namespace broomtide {
 namespace {
@@ -45,13 +44,6 @@ TEST(Formats, FileUrlsKeepEveryByte) {
   EXPECT_EQ(paths::fileUrl("/"), "file:///");
   EXPECT_EQ(paths::fileUrl("/a-b._~/Z9"), "file:///a-b._~/Z9");
   EXPECT_EQ(paths::fileUrl("/a b%\n\xff/ü+&"), "file:///a%20b%25%0A%FF/%C3%BC%2B%26");
-}
-
-TEST(Formats, UuidsAreRandomAndUpperCase) {
-  const std::string uuid = newUuid();
-  EXPECT_THAT(uuid, testing::MatchesRegex("[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[0-9A-F]{4}-.*"));
-  EXPECT_EQ(uuid.size(), 36U);
-  EXPECT_NE(uuid, newUuid());
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "core/Paths.h"
 
-#include "core/Utf8.h"
 
 namespace broomtide {
 namespace {
@@ -44,33 +43,6 @@ TEST(Paths, ExtensionFollowsTheLastDotThatDoesNotLead) {
       {"a.log", "log"}, {"a.tar.gz", "gz"}, {".log", ""}, {"..log", "log"}, {"a.", ""}, {"a", ""}};
   for (const auto& [name, extension] : cases) {
     EXPECT_EQ(paths::pathExtension(name), extension) << name;
-  }
-}
-
-TEST(Utf8, CountsAndShowsBytesThatAreNoText) {
-  struct Case {
-    std::string bytes;
-    std::size_t characters;
-    std::string shown;
-  };
-  const std::vector<Case> cases{
-      {"abc", 3, "abc"},
-      {"ü€😀", 3, "ü€😀"},
-      {"a\xff"
-       "b",
-       3, "a\uFFFDb"},
-      {"\xE2\x82", 2, "\uFFFD"},  // one cut-off character
-      {"\xE2\x82"
-       "A",
-       3, "\uFFFDA"},
-      {"\xC0\xAF", 2, "\uFFFD\uFFFD"},                      // overlong
-      {"\xED\xA0\x80", 3, "\uFFFD\uFFFD\uFFFD"},            // a surrogate
-      {"\xF4\x90\x80\x80", 4, "\uFFFD\uFFFD\uFFFD\uFFFD"},  // beyond the last code point
-      {"\xF0\x9F\x98", 3, "\uFFFD"},
-  };
-  for (const Case& item : cases) {
-    EXPECT_EQ(utf8::characterCount(item.bytes), item.characters) << item.shown;
-    EXPECT_EQ(utf8::printable(item.bytes), item.shown);
   }
 }
 

@@ -1,23 +1,8 @@
-#include "core/Enumerations.h"
 #include "core/RecordJson.h"
 #include "core/Records.h"
 
 namespace broomtide {
 namespace {
-
-TEST(Records, CasesHaveTheirNamesAndTitles) {
-  EXPECT_EQ(rawValue(allProjectKinds.back()), "haskell");
-  EXPECT_EQ(title(ProjectKind::cmake), "C / C++");
-  EXPECT_EQ(title(GitItemStatus::unavailable), "Git status unavailable");
-}
-
-TEST(Records, ProjectsAreTheSameByStandardisedRoot) {
-  const ProjectContext project{
-      .root = "/src/tools/../app", .kinds = {}, .manifests = {}, .gitRoot = std::nullopt};
-  EXPECT_EQ(project.id(), "/src/app");
-  EXPECT_EQ(project.name(), "app");
-  EXPECT_EQ((ProjectReclaimSummary{.root = project.root, .kinds = {}}).id(), project.id());
-}
 
 TEST(Records, JsonHasEveryFieldAndOnlyText) {
   ScanCandidate candidate;

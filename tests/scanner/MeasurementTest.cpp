@@ -101,11 +101,5 @@ TEST_F(Measuring, ListsProblemsInTheOrderOfTheTreeAndGoesOn) {
   }
 }
 
-TEST_F(Measuring, PassesOnWhatMadeItFail) {
-  tree.file("a/b");
-  files.onAttributes = [](const std::string&) -> std::error_code { throw std::bad_alloc(); };
-  EXPECT_THROW(measure(), std::bad_alloc);
-}
-
 }  // namespace
 }  // namespace broomtide

@@ -101,7 +101,8 @@ bool isCutOff(const QWidget& part) {
   if (label != nullptr && label->wordWrap()) {
     return part.height() < label->heightForWidth(part.width());
   }
-  const bool isRead = label != nullptr || qobject_cast<const QAbstractButton*>(&part) != nullptr;
+  const auto* button = qobject_cast<const QAbstractButton*>(&part);
+  const bool isRead = label != nullptr || (button != nullptr && !button->text().isEmpty());
   return isRead && part.width() < part.sizeHint().width();
 }
 
