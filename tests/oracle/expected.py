@@ -121,7 +121,10 @@ def run_git(root, arguments):
 
 
 def is_passed_by(root):
-    """Whether Git finds no repository in the folder, and would answer for one around it."""
+    """Whether Git finds no repository of its own in the folder, or one that counts for nothing."""
+    mark = root + b"/.git"
+    if os.path.lexists(mark) and (os.path.islink(mark) or not (os.path.isfile(mark) or os.path.isdir(mark))):
+        return True  # somewhere there is a repository, of which nothing is believed
     if os.path.isfile(root + b"/.git"):
         return False  # leads to the repository, or Git fails
     place = os.path.realpath(root)
@@ -144,8 +147,16 @@ class Snapshot:
         self.root = root
         is_asked = is_part or not is_passed_by(root)
         self.tracked = run_git(root, b"ls-files -z --cached") if is_asked else None
+        if self.tracked == [] and self.has_lost_index():
+            self.tracked = None
         self.ignored = [] if is_part else run_git(
             root, b"ls-files -z --others --ignored --exclude-standard --directory --no-empty-directory")
+
+    def has_lost_index(self):
+        if run_git(self.root, b"rev-parse --verify -q HEAD") is None:
+            return False  # nothing was committed
+        index = run_git(self.root, b"rev-parse --git-path index")[0].removesuffix(b"\n")
+        return not os.path.exists(os.path.join(os.path.realpath(self.root), index))
 
     def status(self, entry):
         if self.tracked is None or self.ignored is None:
@@ -214,7 +225,7 @@ class Scan:
         def visit(entry):
             self.entries += 1
             folder = os.path.dirname(entry.path)
-            if entry.kind != "other" and entry.name == b".git":
+            if entry.name == b".git":
                 self.git_roots.add(folder)
                 return False
             if entry.is_folder and (entry.name in rules.SENSITIVE | rules.ARTEFACT_FOLDERS or self.is_trash(entry)):
