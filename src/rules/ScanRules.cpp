@@ -22,7 +22,9 @@ bool ContextPolicy::accepts(const ProjectContext* context) const {
 namespace ScanRules {
 namespace {
 
-bool recognises(const ScanRule& rule, std::string_view name, CandidateKind kind) {
+// `extension` is the path extension of the name.
+bool recognises(const ScanRule& rule, std::string_view name, std::string_view extension,
+                CandidateKind kind) {
   using Form = ScanRule::Matcher::Form;
   const ScanRule::Matcher& matcher = rule.matcher;
   if (rule.kind != kind) return false;
@@ -30,15 +32,14 @@ bool recognises(const ScanRule& rule, std::string_view name, CandidateKind kind)
     case Form::exactName:
       return name == matcher.text;
     case Form::fileExtension:
-      return paths::equalIgnoringCase(paths::pathExtension(name), matcher.text);
+      return paths::equalIgnoringCase(extension, matcher.text);
     case Form::compoundExtension: {
       const std::size_t length = matcher.text.size();
       return name.size() > length && name[name.size() - length - 1] == '.' &&
              paths::equalIgnoringCase(name.substr(name.size() - length), matcher.text);
     }
     case Form::prefixedFile:
-      return name.starts_with(matcher.prefix) &&
-             paths::equalIgnoringCase(paths::pathExtension(name), matcher.text);
+      return name.starts_with(matcher.prefix) && paths::equalIgnoringCase(extension, matcher.text);
   }
   return false;
 }
@@ -60,10 +61,11 @@ class RuleTable {
   // The first rule in table order that recognises the name and that `accept` answers true for.
   template <typename Accept>
   const ScanRule* first(std::string_view name, CandidateKind kind, Accept accept) const {
+    const std::string_view extension = paths::pathExtension(name);
     const ScanRule* found = nullptr;
     const auto consider = [&](const ScanRule* rule) {
       const bool isEarlier = found == nullptr || rule < found;
-      if (isEarlier && recognises(*rule, name, kind) && accept(*rule)) found = rule;
+      if (isEarlier && recognises(*rule, name, extension, kind) && accept(*rule)) found = rule;
     };
     if (const auto named = byName_.find(name); named != byName_.end()) consider(named->second);
     std::ranges::for_each(others_, consider);
