@@ -1,6 +1,5 @@
 #include "core/Paths.h"
 
-
 namespace broomtide {
 namespace {
 
