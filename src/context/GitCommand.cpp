@@ -81,18 +81,28 @@ ChildProcess::Command listingCommand(const std::string& git, const std::string& 
   return command;
 }
 
-ChildProcess::Command indexCommand(const std::string& git, const std::string& folder, Asked asked) {
-  ChildProcess::Command command = commandIn(git, folder, asked);
-  command.arguments.insert(command.arguments.end(), {"rev-parse", "--git-path", "index", "HEAD"});
+ChildProcess::Command indexCommand(const std::string& git, const std::string& folder) {
+  ChildProcess::Command command = commandIn(git, folder, Asked::own);
+  command.arguments.insert(command.arguments.end(), {"rev-parse", "--git-path", "index"});
   return command;
+}
+
+ChildProcess::Command countCommand(const std::string& git, const std::string& folder) {
+  ChildProcess::Command command = commandIn(git, folder, Asked::own);
+  command.arguments.insert(command.arguments.end(), {"count-objects", "-v"});
+  return command;
+}
+
+bool countsNothing(std::string_view printed) {
+  return printed.starts_with("count: 0\n") &&
+         printed.find("\nin-pack: 0\n") != std::string_view::npos;
 }
 
 bool namesMissingIndex(FileManager& fileManager, const std::string& folder,
                        std::string_view printed) {
   if (printed.ends_with('\n')) printed.remove_suffix(1);
-  const std::string_view path = printed.substr(0, printed.rfind('\n'));
   const std::string index =
-      path.starts_with('/') ? std::string(path) : paths::appending(folder, path);
+      printed.starts_with('/') ? std::string(printed) : paths::appending(folder, printed);
   FileAttributes ignored;
   return fileManager.readAttributes(workingDirectory, index.c_str(), LinkPolicy::follow, ignored) ==
          std::errc::no_such_file_or_directory;

@@ -52,14 +52,18 @@ enum class Asked { own, enclosing };
 ChildProcess::Command listingCommand(const std::string& git, const std::string& folder,
                                      Listing listing, Asked asked);
 
-/// The command that prints where the index is, relative to `folder`, and on a line below the last
-/// commit. It fails without a commit.
-ChildProcess::Command indexCommand(const std::string& git, const std::string& folder, Asked asked);
+/// The command that prints where the index of the repository at `folder` is, relative to it.
+ChildProcess::Command indexCommand(const std::string& git, const std::string& folder);
 
-/// Whether what that command printed names an index that is not there. Git then takes every tracked
-/// file for an unknown one.
+/// Whether what that command printed names an index that is not there.
 bool namesMissingIndex(FileManager& fileManager, const std::string& folder,
                        std::string_view printed);
+
+/// The command that counts the objects of the repository at `folder`.
+ChildProcess::Command countCommand(const std::string& git, const std::string& folder);
+
+/// Whether what that command printed says that there is none, so that nothing was ever added.
+bool countsNothing(std::string_view printed);
 
 /// Whether Git's messages tell that a listing is incomplete although Git ended well, as it does
 /// when it cannot read the folders that a sparse index stands for.

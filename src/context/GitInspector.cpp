@@ -17,8 +17,8 @@
 // A snapshot becomes available when its last listing has come in, and never changes afterwards.
 // Whoever asks for one waits on `snapshotReady_`, which is woken up once for each repository. Git's
 // answer counts as none when it fails, complains, takes too long, lists what no index can hold, or
-// when a repository with commits has lost its index: Git would list nothing as tracked then, and
-// every tracked file would pass for an unknown one.
+// when a repository to which something was added has lost its index: Git would list nothing as
+// tracked then, and every tracked file would pass for an unknown one.
 
 namespace broomtide {
 namespace {
@@ -95,16 +95,20 @@ std::optional<PathSet> GitInspection::list(const Run& run, const std::stop_token
     const bool isBelievable =
         isOfIndex ? GitCommand::isListingOfIndex(*listing) : GitCommand::isListingBelow(*listing);
     if (!isBelievable) return std::nullopt;
-    if (isOfIndex && listing->empty()) {
-      const auto printed = answer(GitCommand::indexCommand(*git_, folder, run.asked), stop);
-      if (printed && GitCommand::namesMissingIndex(systemFileManager(), folder, *printed)) {
-        return std::nullopt;
-      }
-    }
+    if (isOfIndex && isRoot && listing->empty() && hasLostIndex(folder, stop)) return std::nullopt;
     return PathSet(*std::move(listing));
   } catch (const std::bad_alloc&) {
     return std::nullopt;  // as good as a Git that does not answer
   }
+}
+
+// Without an index, Git lists nothing as tracked, which is right only where nothing was ever added.
+bool GitInspection::hasLostIndex(const std::string& folder, const std::stop_token& stop) const {
+  const auto index = answer(GitCommand::indexCommand(*git_, folder), stop);
+  if (!index) return true;
+  if (!GitCommand::namesMissingIndex(systemFileManager(), folder, *index)) return false;
+  const auto objects = answer(GitCommand::countCommand(*git_, folder), stop);
+  return !objects || !GitCommand::countsNothing(*objects);
 }
 
 // What Git prints, unless it fails or complains.

@@ -57,6 +57,7 @@ class GitInspection {
 
   void work(const std::stop_token& stop);
   std::optional<PathSet> list(const Run& run, const std::stop_token& stop) const;
+  bool hasLostIndex(const std::string& folder, const std::stop_token& stop) const;
   std::optional<std::string> answer(const ChildProcess::Command& command,
                                     const std::stop_token& stop) const;
   bool hasFailed(const std::string& key);

@@ -72,9 +72,11 @@ std::optional<Date> dateFromIso8601(std::string_view text) {
   const year_month_day calendar{year(number(0, 4)), month(static_cast<unsigned>(number(5, 2))),
                                 day(static_cast<unsigned>(number(8, 2)))};
   const int hour = number(11, 2), minute = number(14, 2), second = number(17, 2);
-  const bool isHeld = calendar.year() > floorYear && calendar.year() < ceilingYear;
-  if (!calendar.ok() || !isHeld || hour > 23 || minute > 59 || second > 59) return std::nullopt;
-  return Date(sys_days(calendar) + hours(hour) + minutes(minute) + seconds(second) - *offset);
+  if (!calendar.ok() || hour > 23 || minute > 59 || second > 59) return std::nullopt;
+  const auto inUtc = sys_days(calendar) + hours(hour) + minutes(minute) + seconds(second) - *offset;
+  const year yearInUtc = year_month_day(floor<days>(inUtc)).year();
+  const bool isHeld = yearInUtc > floorYear && yearInUtc < ceilingYear;
+  return isHeld ? std::optional(Date(inUtc)) : std::nullopt;
 }
 
 }  // namespace broomtide

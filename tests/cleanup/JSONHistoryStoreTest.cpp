@@ -130,6 +130,7 @@ TEST_F(History, WhatCannotBeReadIsSetAsideByTheNextAppend) {
       {with("09:30:00Z", "09:30:00+24:00"), "undecodable"},
       {with("09:30:00Z", "09:30:00+1:00"), "undecodable"},
       {with("09:30:00Z", "09:30:00"), "undecodable"},
+      {with("2025-03-01T09:30:00Z", "2261-12-31T23:59:59-23:59"), "undecodable"},
       {with("2025-03-01T", "2025-02-30T"), "undecodable"},
       {with("2025-03-01T", "9999-03-01T"), "undecodable"},
       {with("09:30:00Z", "24:00:00Z"), "undecodable"},

@@ -147,14 +147,14 @@ class Snapshot:
         self.root = root
         is_asked = is_part or not is_passed_by(root)
         self.tracked = run_git(root, b"ls-files -z --cached") if is_asked else None
-        if self.tracked == [] and self.has_lost_index():
+        if self.tracked == [] and not is_part and self.has_lost_index():
             self.tracked = None
         self.ignored = [] if is_part else run_git(
             root, b"ls-files -z --others --ignored --exclude-standard --directory --no-empty-directory")
 
     def has_lost_index(self):
-        if run_git(self.root, b"rev-parse --verify -q HEAD") is None:
-            return False  # nothing was committed
+        if b"count: 0\nsize: 0\nin-pack: 0\n" in run_git(self.root, b"count-objects -v")[0]:
+            return False  # nothing was ever added
         index = run_git(self.root, b"rev-parse --git-path index")[0].removesuffix(b"\n")
         return not os.path.exists(os.path.join(os.path.realpath(self.root), index))
 

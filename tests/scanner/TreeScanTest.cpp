@@ -135,13 +135,14 @@ TEST(TreeScan, MeasuresNothingThatNoProjectAccepts) {
 TEST(TreeScan, JudgesEachNeighbourForItself) {
   TemporaryTree tree;
   tree.file("package.json");
-  for (const char* folder : {"a", "b", "c", "d", "e", "f", "g"}) {
+  for (const char* folder : {"a", "b", "c", "d", "e", "f", "g", "h"}) {
     tree.file(std::string(folder) + "/.next/f", "x");
   }
   tree.file("c/.gitignore", ".next\n");
   for (const char* folder : {"b", "c", "d", "e", "f"}) tree.repository(folder);
   tree.run(
-      "rm -r b/.git/refs; rm d/.git/index; cd e && git rm -rq --cached . && cd .. &&"
+      "rm -r b/.git/refs; rm d/.git/index; : > d/.git/refs/heads/$(ls d/.git/refs/heads);"
+      "git init -q h; cd e && git rm -rq --cached . && cd .. &&"
       "mkdir data && mv f/.git data/f && ln -s ../data/f f/.git && mkfifo g/.git");
   std::vector<std::string> reasons;
   for (const ScanCandidate& candidate : ScanRecorder().scan(tree.root()).candidates) {
@@ -151,6 +152,7 @@ TEST(TreeScan, JudgesEachNeighbourForItself) {
                            "a/.next: No Git repository was detected for this project.",
                            "c/.next: The path is ignored by Git.",
                            "e/.next: The path is untracked, but not explicitly ignored by Git.",
+                           "h/.next: The path is untracked, but not explicitly ignored by Git.",
                            "b/.next: Git status could not be verified.",
                            "d/.next: Git status could not be verified.",  // has lost its index
                            "f/.next: Git status could not be verified.",  // a link to a repository
