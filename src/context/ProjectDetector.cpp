@@ -24,6 +24,19 @@ bool isInside(std::string_view path, std::string_view folder) {
   return folder.empty() || path == folder || paths::isBelow(path, folder);
 }
 
+// The ecosystem that a regular file of this name marks its folder as belonging to.
+std::optional<ProjectKind> manifestKind(std::string_view name) {
+  const auto found =
+      std::ranges::lower_bound(manifestNames, name, paths::lessIgnoringCase, &Manifest::name);
+  if (found != manifestNames.end() && paths::equalIgnoringCase(found->name, name)) {
+    return found->kind;
+  }
+  for (const Manifest& suffix : manifestSuffixes) {
+    if (endsIgnoringCase(name, suffix.name)) return suffix.kind;
+  }
+  return std::nullopt;
+}
+
 // The paths with the longest first, in characters; equal ones keep their order.
 void sortDeepestFirst(std::vector<std::string>& paths) {
   std::vector<std::pair<std::size_t, std::string>> measured;
@@ -132,18 +145,6 @@ ProjectDiscovery ProjectDetector::finish() {
 
 std::string ProjectDetector::location(std::string_view path) const {
   return path.empty() ? root_ : paths::appending(root_, path);
-}
-
-std::optional<ProjectKind> ProjectDetector::manifestKind(std::string_view name) {
-  const auto found =
-      std::ranges::lower_bound(manifestNames, name, paths::lessIgnoringCase, &Manifest::name);
-  if (found != manifestNames.end() && paths::equalIgnoringCase(found->name, name)) {
-    return found->kind;
-  }
-  for (const Manifest& suffix : manifestSuffixes) {
-    if (endsIgnoringCase(name, suffix.name)) return suffix.kind;
-  }
-  return std::nullopt;
 }
 
 }  // namespace broomtide

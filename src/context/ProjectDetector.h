@@ -67,9 +67,6 @@ class ProjectDetector {
   /// Everything that was found. To be called once, after the last entry.
   ProjectDiscovery finish();
 
-  /// The ecosystem that a regular file of this name marks its folder as belonging to.
-  static std::optional<ProjectKind> manifestKind(std::string_view name);
-
  private:
   // A project or a repository on the way to the folder that was entered last, or both.
   struct Place {

@@ -18,7 +18,6 @@ TemporaryTree::TemporaryTree() {
 }
 
 TemporaryTree::~TemporaryTree() {
-  if (isKept_) return;
   // Trees deeper than the library can remove exist here.
   EXPECT_EQ(std::system(("chmod -R u+rwX '" + root_ + "' && rm -rf '" + root_ + "'").c_str()), 0);
 }

@@ -16,9 +16,6 @@ class TemporaryTree {
   TemporaryTree(const TemporaryTree&) = delete;
   TemporaryTree& operator=(const TemporaryTree&) = delete;
 
-  /// Leaves the folder where it is, for people to look at.
-  void keep() { isKept_ = true; }
-
   const std::string& root() const { return root_; }
   std::string path(std::string_view relative) const;
 
@@ -35,7 +32,6 @@ class TemporaryTree {
 
  private:
   std::string root_;
-  bool isKept_ = false;
 };
 
 }  // namespace broomtide::test
