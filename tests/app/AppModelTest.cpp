@@ -106,6 +106,23 @@ TEST_F(Model, AScanShowsItsUpdatesAndThenItsResult) {
   EXPECT_THAT(access.record, ElementsAre("+/some/root"));
 }
 
+TEST_F(Model, UpdatesThatCameTogetherEndWithTheirScan) {
+  const std::vector<ScanCandidate> found{candidate("b", 5), candidate("a", 7)};
+  const std::vector<ScanUpdate> updates{
+      {{1, 0, bareName("b")}, 0}, {{2, 5, bareName("a")}, 1}, {{3, 12, bareName("a")}, 2}};
+  script.scans.push_back([found, updates](const UpdateFunction& onUpdate, const auto&) {
+    onUpdate(updates, found, 0);
+    return ScanResult{found, {}, {}};
+  });
+  const auto watch = model->observe([this](AppModel::Field field) {
+    if (field == candidates && paths().size() == 1) model->returnHome();
+  });
+  model->beginScan("/root", ScanMode::project, true);
+  main.runNext();
+  EXPECT_THAT(paths(), ElementsAre());
+  EXPECT_EQ(model->progress().entriesScanned, 0);
+}
+
 TEST_F(Model, NothingOfASupersededScanIsShown) {
   // The first scan ends in every possible way after the second one has begun.
   const std::vector<std::function<ScanResult()>> ends{
