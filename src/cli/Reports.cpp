@@ -109,7 +109,6 @@ void writeJson(std::ostream& out, const ScanReport& report) {
 }
 
 void writeText(std::ostream& out, const CleanReport& report, const TerminalStyle& style) {
-  using Role = TerminalStyle::Role;
   if (report.isDryRun) {
     out << "Nothing was moved: this was a dry run.\n";
     return;
@@ -137,7 +136,6 @@ void writeJson(std::ostream& out, const CleanReport& report) {
 
 void writeText(std::ostream& out, const std::vector<CleanupHistoryEntry>& entries,
                const TerminalStyle& style) {
-  using Role = TerminalStyle::Role;
   if (entries.empty()) {
     out << style(Role::heading, messages::noHistory) << '\n' << messages::historyAppears << '\n';
     return;
