@@ -352,20 +352,6 @@ TEST_F(Model, AHistoryThatCannotBeWrittenIsTold) {
   EXPECT_TRUE(model->history().empty());
 }
 
-TEST_F(Model, GoingHomeDoesNotStopACleanup) {
-  std::latch isHome(1);
-  script.clean = [&](const std::vector<ScanCandidate>& items, const std::stop_token& stop) {
-    isHome.wait();
-    EXPECT_FALSE(stop.stop_requested());
-    return CleanupResult{items, {}};
-  };
-  clean({"a"});
-  model->returnHome();
-  isHome.count_down();
-  crankUntil(Route::summary);
-  EXPECT_EQ(model->cleanupResult()->moved.size(), 1U);
-}
-
 TEST_F(Model, MayGoAwayWhileAScanWaitsForTheMainThread) {
   script.scans.push_back([](const UpdateFunction& onUpdate, const std::stop_token& stop) {
     const std::vector<ScanCandidate> found{candidate("a")};

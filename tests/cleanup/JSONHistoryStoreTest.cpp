@@ -190,24 +190,6 @@ TEST_F(History, AcceptsWhatOtherWritersMayWrite) {
   EXPECT_EQ(iso8601(written[1].date), "1999-12-31T23:59:59Z");
 }
 
-TEST_F(History, AFailureLeavesTheFileAsItWas) {
-  EXPECT_THROW(JSONHistoryStore("/dev/null/history.json", files).append({}), std::system_error);
-  store.append(entry("/old", "2025-03-01T09:30:00Z"));
-  for (const bool isReadable : {true, false}) {
-    if (!isReadable) tree.file("data/Broomtide/history.json", "not a history");
-    const std::string before = text();
-    for (const std::string step : {"createFile", "writeFile", "synchronize", "rename"}) {
-      files.onChange = [&](const std::string& called) {
-        return called.starts_with(step) ? std::make_error_code(std::errc::no_space_on_device)
-                                        : std::error_code();
-      };
-      EXPECT_THROW(store.append(entry("/new", "2025-03-02T00:00:00Z")), std::system_error) << step;
-      EXPECT_EQ(text(), before) << step;
-      EXPECT_EQ(names(), std::vector<std::string>{"history.json"}) << step;
-    }
-  }
-}
-
 TEST_F(History, TwoProcessesLoseNothing) {
   constexpr int each = 150;
   const auto appendAll = [&](const std::string& who) {

@@ -1,9 +1,11 @@
-#include "context/GitInspector.h"
+// What Git says, when it is believed, and what is made of it.
 
 #include <sys/stat.h>
 
 #include <filesystem>
 
+#include "context/GitInspector.h"
+#include "context/GitSnapshot.h"
 #include "support/TemporaryTree.h"
 
 namespace broomtide {
@@ -118,6 +120,36 @@ TEST_F(Git, IsLookedForInItsUsualPlaces) {
   EXPECT_EQ(GitCommand::locate(files, tree.root().c_str()), tool);
   EXPECT_EQ(GitCommand::locate(files, ""), "/usr/bin/git");
   EXPECT_EQ(GitCommand::locate(files, nullptr), "/usr/bin/git");
+}
+
+std::string joined(const std::vector<std::string>& paths) {
+  std::string result;
+  for (const std::string& path : paths) result.append(path).push_back('\0');
+  return result;
+}
+
+TEST(GitSnapshot, ClassifiesEveryLocation) {
+  const GitSnapshot snapshot{
+      .root = "/r/./repo",
+      .trackedPaths = PathSet(joined({"src/main.c", "vendor/lib/a", "caf\xe9/x", "dist-x"})),
+      .ignoredPaths = PathSet(joined({"build/", "debug.log", "deep/er/cache/", "nested/"})),
+      .isAvailable = true};
+  const std::map<GitItemStatus, std::vector<std::string>> folders{
+      {tracked, {"/r/repo/src", "/r/repo/vendor", "/r/repo/caf\xe9"}},
+      {ignored, {"/r/repo/build", "/r/repo/deep/er/cache/z", "/r/repo/../repo/build/"}},
+      {untracked,
+       {"/r/repo/vendor/li", "/r/repo/dist", "/r/repo/build2", "/r/repo/deep/er", "/r/repo"}},
+      {unavailable, {"/r/repository", "/r"}}};
+  for (const auto& [status, locations] : folders) {
+    for (const std::string& location : locations)
+      EXPECT_EQ(snapshot.status(location, true), status) << location;
+  }
+  EXPECT_EQ(snapshot.status("/r/repo/src/main.c", false), tracked);
+  EXPECT_EQ(snapshot.status("/r/repo/src", false), untracked);
+  EXPECT_EQ(snapshot.status("/r/repo/debug.log", false), ignored);
+  EXPECT_EQ(snapshot.status("/r/repo/build/x/y", false), ignored);
+  const GitSnapshot silent{.root = "/r/repo", .trackedPaths = {}, .ignoredPaths = {}};
+  EXPECT_EQ(silent.status("/r/repo/build", true), unavailable);
 }
 
 }  // namespace

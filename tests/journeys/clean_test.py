@@ -1,12 +1,10 @@
 """Cleans as people do, and has programs that were not written here bring everything back.
 
 BROOMTIDE_CLI   the program to test
-KILL_ROUNDS     how many cleanups are killed at least (20)
 """
 
 import json
 import os
-import random
 import re
 import select
 import shutil
@@ -253,42 +251,6 @@ class Interrupting(CleanJourney):
         self.assertTrue(poll(is_taken))
         out, err = clean.communicate(timeout=PATIENCE)
         self.assertEqual((clean.returncode, len(json.loads(out)["moved"])), (0, 300), err)
-
-
-class Killing(CleanJourney):
-    PROJECTS = 300
-    ROUNDS = int(os.environ.get("KILL_ROUNDS", "20"))
-
-    def trashed(self):
-        try:
-            return len(os.listdir(self.path("data/Trash/files")))
-        except FileNotFoundError:
-            return 0
-
-    def test_nothing_is_lost_whenever_it_comes(self):
-        for number in range(self.PROJECTS):
-            self.project(str(number))
-        before = snapshot(self.work)
-        dates = {os.path.join(self.work, name): os.stat(os.path.join(self.work, name)) for name in os.listdir(self.work)}
-        source, entries, rounds, midway = random.Random(self.ROUNDS), 0, 0, 0
-        while rounds < self.ROUNDS or midway < 3:
-            rounds += 1
-            enough = source.choice([0, source.randrange(self.PROJECTS // 2), self.PROJECTS])
-            clean = self.start("clean", "--yes", self.work, stdout=subprocess.DEVNULL)
-            while self.trashed() < enough and clean.poll() is None:
-                pass
-            clean.kill()
-            clean.communicate()
-            moved = len(self.restored_by_hand())
-            midway += 0 < moved < self.PROJECTS
-            for path, status in dates.items():
-                os.utime(path, ns=(status.st_atime_ns, status.st_mtime_ns))
-            self.assertEqual(snapshot(self.work), before)
-            shutil.rmtree(self.path("data/Trash"), ignore_errors=True)
-            found = len(self.document("history"))
-            self.assertIn(found - entries, (0, 1))
-            entries = found
-        print(f"{midway} of {rounds} cleanups were killed between two items", flush=True)
 
 
 if __name__ == "__main__":

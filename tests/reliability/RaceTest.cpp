@@ -13,7 +13,6 @@
 #include <set>
 
 #include "cleanup/DefaultTrashManager.h"
-#include "core/Paths.h"
 #include "scanner/DefaultFileScanner.h"
 #include "support/FaultyFileManager.h"
 #include "support/ScanRecorder.h"
@@ -220,10 +219,9 @@ class Race : public testing::TestWithParam<Row> {
   void expectOnlyInTrash(const std::vector<ScanCandidate>& items) const {
     std::map<std::string, std::string> expected, found;
     for (const ScanCandidate& item : items) expected[item.url] = item.fileIdentity;
-    const std::string folder = tree.trash() + "/files";
-    if (fs::exists(folder)) {
-      for (const test::TrashedItem& item : test::trashedItems(tree.trash())) {
-        found[item.info.path] = test::identityOf(paths::appending(folder, item.name));
+    if (fs::exists(tree.trash() + "/files")) {
+      for (const auto& [place, item] : test::trashedItems(tree.trash())) {
+        found[place] = test::identityOf(item);
       }
     }
     EXPECT_EQ(found, expected);

@@ -69,15 +69,6 @@ TEST(TreeScan, OffersNothingThatIsInATrash) {
   }
 }
 
-TEST(TreeScan, PassesOverWhatIsNeitherFileNorFolder) {
-  TemporaryTree tree;
-  tree.file("package.json");
-  tree.pipe("pipe.log");
-  const ScanResult result = ScanRecorder().scan(tree.root());
-  EXPECT_TRUE(result.candidates.empty());
-  EXPECT_TRUE(result.issues.empty());
-}
-
 // Whatever happens to a matched item between being listed and being examined.
 TEST(TreeScan, ToldOfAnItemThatVanishesChangesOrCannotBeExamined) {
   struct Case {

@@ -30,7 +30,9 @@ std::error_code FaultyFileManager::readFolder(int folder, std::span<std::byte> b
 std::error_code FaultyFileManager::readAttributes(int folder, const char* name, LinkPolicy links,
                                                   FileAttributes& attributes) {
   if (const std::error_code error = onAttributes(name)) return error;
-  return systemFileManager().readAttributes(folder, name, links, attributes);
+  const std::error_code error = systemFileManager().readAttributes(folder, name, links, attributes);
+  if (hasNoPermissions) attributes.permissions |= 0777;
+  return error;
 }
 
 bool FaultyFileManager::isReadable(const std::string& path) {

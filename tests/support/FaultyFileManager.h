@@ -25,7 +25,8 @@ class FaultyFileManager final : public FileManager {
   Interception onCheck = [](const std::string&) { return std::error_code(); };
   /// As if the buffer for the entries of a folder were this small, in bytes; 0 for as it is.
   std::size_t maxBytesPerRead = 0;
-  bool hidesTypes = false;  ///< folders do not tell the types of their entries
+  bool hidesTypes = false;        ///< folders do not tell the types of their entries
+  bool hasNoPermissions = false;  ///< everybody may do everything with every item
 
   std::error_code openFolder(int folder, const char* name, LinkPolicy links,
                              FileDescriptor& opened) override;

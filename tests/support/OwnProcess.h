@@ -14,9 +14,6 @@ void withUmask(mode_t mask, const std::function<void()>& action);
 /// Whether this kernel can keep threads from changing files and running programs.
 bool hasLandlock();
 
-/// From now on no permission of any item can be changed in this process.
-void refuseToChangePermissions();
-
 /// The permissions of an item and its special bits. Throws std::system_error when it is not there.
 mode_t permissionsOf(const std::string& path);
 

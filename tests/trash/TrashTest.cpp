@@ -1,4 +1,4 @@
-#include "trash/Trash.h"
+// How an item gets into the Trash, and what the Trash says of it.
 
 #include <cstdlib>
 #include <ctime>
@@ -12,6 +12,8 @@
 #include "support/TemporaryTree.h"
 #include "support/TreeSnapshot.h"
 #include "trash/MountTable.h"
+#include "trash/Trash.h"
+#include "trash/TrashFolder.h"
 #include "trash/TrashFormat.h"
 
 namespace broomtide {
@@ -60,34 +62,6 @@ class TrashMove : public testing::Test {
   FaultyFileManager files;
 };
 
-TEST_F(TrashMove, EveryFailingStepLeavesTheItemWhereItWas) {
-  const std::vector<std::pair<std::string, std::errc>> rows{
-      {"openFile /proc/self/mountinfo", std::errc::no_such_file_or_directory},
-      {"createFolder info", std::errc::read_only_file_system},
-      {"createFile build", std::errc::permission_denied},
-      {"writeFile", std::errc::no_space_on_device},
-      {"rename build", std::errc::device_or_resource_busy},
-      {"rename build", std::errc::cross_device_link},  // the Trash is on another file system
-      {"rename build", std::errc::invalid_argument},   // which cannot rename without replacing
-  };
-  const auto before = snapshotOf(tree.path("work"));
-  for (const auto& [step, failure] : rows) {
-    files.onChange = when(step, error(failure));
-    EXPECT_EQ(move(), failure) << step;
-    EXPECT_EQ(snapshotOf(tree.path("work")), before) << step;
-    EXPECT_TRUE(fs::is_empty(tree.path("Trash/info"))) << step;
-    EXPECT_TRUE(fs::is_empty(tree.path("Trash/files"))) << step;
-  }
-  // The information that cannot be taken back tells of an item that never came; no harm is done.
-  files.onChange = [](const std::string& called) {
-    return called.starts_with("rename") || called.starts_with("removeFile")
-               ? error(std::errc::io_error)
-               : std::error_code();
-  };
-  EXPECT_EQ(move(), std::errc::io_error);
-  EXPECT_EQ(snapshotOf(tree.path("work")), before);
-}
-
 TEST_F(TrashMove, NobodyElseSeesWhatIsInTheTrashWhateverTheUmask) {
   for (const mode_t umask : {0U, 0777U, 0277U, 022U}) {
     fs::remove_all(tree.path("Trash"));
@@ -100,6 +74,23 @@ TEST_F(TrashMove, NobodyElseSeesWhatIsInTheTrashWhateverTheUmask) {
       EXPECT_EQ(test::permissionsOf(tree.path(file)), 0600U) << umask << ' ' << file;
     }
     EXPECT_TRUE(fs::exists(tree.path("Trash/files/build/object"))) << umask;
+  }
+}
+
+// On many drives nobody can be kept from anything, and a Trash is better than none.
+TEST_F(TrashMove, WhatOthersCanChangeIsUsedOnlyWhereNothingHasPermissions) {
+  for (const bool hasPermissions : {true, false}) {
+    files.hasNoPermissions = !hasPermissions;
+    for (const char* open : {"Trash", "Trash/info", "Trash/files"}) {
+      tree.run("chmod 700 Trash Trash/*; chmod 777 " + std::string(open));
+      FileDescriptor folder;
+      ASSERT_FALSE(files.openFolder(workingDirectory, tree.path("Trash").c_str(),
+                                    LinkPolicy::doNotFollow, folder));
+      const std::error_code refused =
+          TrashFolder(files).open(std::move(folder), TrashSharing::refused);
+      EXPECT_EQ(refused == std::errc::permission_denied, hasPermissions) << open;
+      EXPECT_EQ(snapshotOf(tree.path("Trash")).size(), 2U) << "what was tried is gone again";
+    }
   }
 }
 
@@ -265,6 +256,32 @@ TEST(TrashName, FitsAndKeepsTheExtension) {
            {std::string(255, '\xff'), 1, std::string(245, '\xff')},
        }) {
     EXPECT_EQ(trashName(row.name, row.number), row.expected);
+  }
+}
+
+TEST(DirectorySizes, DropsWhatIsSaidOfFoldersThatHaveGone) {
+  struct Row {
+    std::string text;
+    std::string kept;
+  };
+  for (const Row& row : std::vector<Row>{
+           {"", ""},
+           {"1 2 other\n", "1 2 other\n"},
+           {"1 2 other", "1 2 other\n"},
+           {"1 2 build\n3 4 other\n5 6 build\n", "3 4 other\n"},
+           {"1 2 buil%64\n1 2 %62uild\n1 2 a%2fb\n", "1 2 a%2fb\n"},
+           {"1 2 %C3%BC%20!\n1 2 %c3%bc !\n1 2 ü%20!\n", ""},
+           {"-1 2 build\n1 -2 build\n", ""},
+           {"1 2 Build\n1 2 build \n1 2 builds\n1 2 buil\n",
+            "1 2 Build\n1 2 build \n1 2 builds\n1 2 buil\n"},
+           {"1 2 b\xff\r\n\n  \n1 2 build%\n1 2 build%6\n1 2 build%6g",
+            "1 2 b\xff\r\n\n  \n1 2 build%\n1 2 build%6\n1 2 build%6g\n"},
+           {"x 2 build\n1 x build\n 1 2 build\n1  build\n1 2\n1 2build\n- 2 build\nbuild\n",
+            "x 2 build\n1 x build\n 1 2 build\n1  build\n1 2\n1 2build\n- 2 build\nbuild\n"},
+       }) {
+    EXPECT_EQ(withDirectorySizes(row.text, {{.name = "build", .size = 4096, .changedAt = 17},
+                                            {.name = "ü !", .size = 0, .changedAt = -1}}),
+              row.kept + "4096 17 build\n0 -1 %C3%BC%20%21\n");
   }
 }
 

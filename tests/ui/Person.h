@@ -135,15 +135,6 @@ inline void click(const QWidget& part, Qt::MouseButton button = Qt::LeftButton) 
   QTest::mouseClick(window.windowHandle(), button, Qt::NoModifier, place);
 }
 
-/// Moves the pointer over the middle of a part, from the corner of the window.
-inline void pointAt(const QWidget& part) {
-  QCoreApplication::processEvents();
-  const QWidget& window = *part.window();
-  QTest::mouseMove(window.windowHandle(), QPoint(1, window.height() - 1));
-  QTest::mouseMove(window.windowHandle(), part.mapTo(&window, part.rect().center()));
-  QCoreApplication::processEvents();
-}
-
 /// Presses and releases a key, wherever the focus is.
 inline void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
   TestWindow::runUntil([] { return QGuiApplication::focusWindow() != nullptr; });

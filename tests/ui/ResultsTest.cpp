@@ -316,20 +316,6 @@ TEST_F(Results, KeepPlaceDetailsAndHeightsWhenSortedOrFiltered) {
   EXPECT_EQ(list().currentIndex().data().toString(), place);
 }
 
-TEST_F(Results, WrapTheSelectionInANarrowWindow) {
-  show(resultOf({makeCandidate("a")}));
-  test.window().resize(820, 624);
-  test.runUntil([&] { return test.window().width() == 820; });
-  find<QLabel>("selection")
-      .setText(
-          "54321 selected · 888.8 GB · 54321 of them hidden by the filter, and as much in a "
-          "language "
-          "of longer words");
-  QCoreApplication::processEvents();
-  const auto& selection = find<QLabel>("selection");
-  EXPECT_LE(selection.minimumSizeHint().width(), selection.width()) << "a part of it is cut off";
-}
-
 TEST_F(Results, OfferAMenuForTheCandidateItWasOpenedFor) {
   const test::TemporaryTree tree;
   ScanCandidate item = makeCandidate("web/we\xff%ird", 9);

@@ -10,7 +10,6 @@
 
 #include "support/TemporaryTree.h"
 #include "ui/Person.h"
-#include "ui/screens/ScanModeCard.h"
 
 namespace broomtide {
 namespace {
@@ -20,7 +19,6 @@ using test::selectedItem;
 using testing::ElementsAre;
 using testing::IsSupersetOf;
 using testing::SizeIs;
-using ui::ScanModeCard;
 
 class Welcome : public test::AtTheWindow {
  protected:
@@ -69,14 +67,6 @@ TEST_F(Welcome, CardsSayWhatTheyScanAndAskForTheFolder) {
       EXPECT_EQ(test.model().route(), Route::welcome);  // nothing was chosen
     }
     ++tabs;
-  }
-}
-
-TEST_F(Welcome, ThePointerLightsACardUp) {
-  for (const char* name : {"cachesCard", "projectCard", "title"}) {
-    test::pointAt(find(name));
-    for (const char* card : {"cachesCard", "projectCard"})
-      EXPECT_EQ(find<ScanModeCard>(card).isHovered(), QString(card) == name) << card << name;
   }
 }
 

@@ -28,33 +28,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-TEST(EngineText, AnythingThatAScanSaysIsTranslated) {
-  const test::TemporaryTree tree;
-  tree.file("1/package.json", "{}");
-  tree.file("1/node_modules/2/3", "4");
-  tree.file(".npm/_cacache/1", "2");
-  tree.file("9.csv", "1");
-  const test::SpokenLanguage pseudo({"pseudo"});
-  test::ScriptedPicker picker;
-  test::RecordedAccess access;
-  ui::QtMainThread main;
-  const std::unique_ptr<AppModel> model = services::makeModel(main, picker, access);
-  for (const ScanMode mode : {ScanMode::project, ScanMode::downloads, ScanMode::caches}) {
-    std::vector<Message> said;
-    const auto observation = model->observe([&](AppModel::Field field) {
-      if (field == AppModel::Field::progress) said.push_back(model->progress().currentPath);
-    });
-    model->beginScan(tree.root(), mode, true);
-    test::TestWindow::runUntil([&] { return model->route() == Route::results; });
-    ASSERT_THAT(model->candidates(), SizeIs(1)) << static_cast<int>(mode);
-    for (const Message& line : model->candidates().front().evidence.lines()) said.push_back(line);
-    for (const Message& message : said) {
-      const bool isPath = message.pattern == messages::bare;
-      EXPECT_EQ(ui::enginetext::sentence(message).startsWith(u'⟦'), !isPath) << message.text();
-    }
-  }
-}
-
 TEST(EngineText, KeepsWhatStandsInASentence) {
   const test::SpokenLanguage german({"de"});
   using namespace messages;
