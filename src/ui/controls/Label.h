@@ -38,7 +38,9 @@ class ElidedLabel final : public Label {
 /// A value with what it means beneath it.
 class Metric final : public QWidget {
  public:
-  explicit Metric(const QString& label, Qt::Alignment alignment, QWidget* parent = nullptr);
+  /// `name` is the object name.
+  Metric(const char* name, const QString& label, Qt::Alignment alignment,
+         QWidget* parent = nullptr);
 
   void setValue(const QString& value);
 

@@ -24,14 +24,11 @@ class SymbolView final : public QWidget {
   /// `side` is the length of its sides.
   SymbolView(QString name, int side, Tone tone, QWidget* parent = nullptr);
 
-  QSize sizeHint() const override { return {side_, side_}; }
-
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
   QString name_;
-  int side_;
   Tone tone_;
 };
 

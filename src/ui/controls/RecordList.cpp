@@ -145,18 +145,22 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
   }
 }
 
+void setUpCards(QAbstractItemView& list) {
+  list.setFrameShape(QFrame::NoFrame);
+  list.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  list.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // its room is there in any case
+  list.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  list.setSelectionMode(QAbstractItemView::NoSelection);
+  list.viewport()->setBackgroundRole(QPalette::Window);
+  list.viewport()->setAttribute(Qt::WA_Hover);
+}
+
 RecordList::RecordList(const QString& label, std::vector<Record> records, RecordLines lines,
                        QWidget* parent)
     : QListView(parent) {
   setAccessibleName(label);
-  setFrameShape(QFrame::NoFrame);
+  setUpCards(*this);
   setUniformItemSizes(true);
-  setVerticalScrollMode(ScrollPerPixel);
-  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // its room is there in any case
-  setSelectionMode(NoSelection);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  viewport()->setBackgroundRole(QPalette::Window);
-  viewport()->setAttribute(Qt::WA_Hover);
   setModel(new RecordModel(std::move(records), this));
   setItemDelegate(new RecordDelegate(lines, this));
 }

@@ -53,6 +53,10 @@ class RecordModel final : public QAbstractListModel {
   const std::vector<Record> records_;
 };
 
+/// Sets up a list whose rows are drawn on cards: no frame, scrolling by pixels, hovering, and no
+/// selection of Qt's own.
+void setUpCards(QAbstractItemView& list);
+
 /// A list of records on a card. Its text can be copied row by row.
 class RecordList final : public QListView {
   Q_OBJECT

@@ -127,9 +127,9 @@ QString date(const std::optional<Date>& date, const QString& otherwise) {
 
 QString dateAndTime(Date date) { return QString::fromStdString(dates().dateAndTime(date)); }
 
-QString joined(QStringList parts) {
+QString joined(QStringList parts, const QString& separator) {
   parts.removeAll(QString());
-  return parts.join(QStringLiteral(" · "));
+  return parts.join(separator);
 }
 
 }  // namespace broomtide::ui::display

@@ -44,7 +44,7 @@ QString date(const std::optional<Date>& date, const QString& otherwise);
 /// A date with a short time.
 QString dateAndTime(Date date);
 
-/// The parts of one line, those that are empty left out.
-QString joined(QStringList parts);
+/// The parts of one line with a separator between them, those that are empty left out.
+QString joined(QStringList parts, const QString& separator = QStringLiteral(" · "));
 
 }  // namespace broomtide::ui::display

@@ -25,6 +25,9 @@ inline constexpr int rowGap = 12;      ///< between what stands beside each othe
 inline constexpr int rowPadding = 10;  ///< above and below the lines
 inline constexpr int rowSymbolSide = 22;
 
+/// The side of a tick box, in pixels.
+inline constexpr int tickBoxSide = 18;
+
 /// Fonts that the rows of all lists share.
 struct RowFonts {
   QFont title = fontFor(TextStyle::medium);

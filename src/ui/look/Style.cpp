@@ -1,7 +1,6 @@
 #include "ui/look/Style.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <algorithm>
@@ -14,7 +13,6 @@ namespace broomtide::ui {
 namespace {
 
 using drawing::scrollBarExtent;
-constexpr int tickBoxSide = 18;
 constexpr int controlHeight = 32;
 
 bool has(const QStyleOption& option, QStyle::StateFlag flag) { return (option.state & flag) != 0; }
@@ -209,7 +207,7 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option,
       return scrollBarExtent;
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
-      return tickBoxSide;
+      return drawing::tickBoxSide;
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
       return 0;

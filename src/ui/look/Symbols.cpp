@@ -3,8 +3,10 @@
 #include <QFile>
 #include <QIconEngine>
 #include <QPainter>
+#include <QPixmap>
 #include <QPixmapCache>
 #include <QSvgRenderer>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QIcon>
-#include <QPixmap>
 #include <QString>
 
 QT_FORWARD_DECLARE_CLASS(QPainter)

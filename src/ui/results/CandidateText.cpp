@@ -38,7 +38,7 @@ QString note(const ScanCandidate& candidate) {
 }
 
 QString sentence(const ScanCandidate& candidate, bool areDetailsShown) {
-  QStringList parts{
+  const QStringList parts{
       display::name(candidate.url),
       display::warning(candidate.relativePath),
       enginetext::title(candidate.category),
@@ -50,8 +50,7 @@ QString sentence(const ScanCandidate& candidate, bool areDetailsShown) {
       dateOf(candidate),
       display::text(candidate.relativePath),
       areDetailsShown ? CandidateText::tr("details shown") : CandidateText::tr("details hidden")};
-  parts.removeAll(QString());
-  return display::unmarked(parts.join(QStringLiteral(", ")));
+  return display::unmarked(display::joined(parts, QStringLiteral(", ")));
 }
 
 QString details(const ScanCandidate& candidate) {

@@ -42,11 +42,11 @@ ResultsHeader::ResultsHeader(AppModel& model, QWidget* parent)
       model_(model),
       filter_(new FilterField),
       glass_(filter_->addAction(QIcon(), QLineEdit::LeadingPosition)),
-      found_(named("found", tr("Found"))),
-      selected_(named("selected", tr("Selected"))),
-      scanned_(named("scanned", tr("Scanned"))),
-      projects_(named("projects", tr("Projects"))),
-      matches_(named("matches", tr("Matches"))),
+      found_(new Metric("found", tr("Found"), Qt::AlignLeft)),
+      selected_(new Metric("selected", tr("Selected"), Qt::AlignLeft)),
+      scanned_(new Metric("scanned", tr("Scanned"), Qt::AlignLeft)),
+      projects_(new Metric("projects", tr("Projects"), Qt::AlignLeft)),
+      matches_(new Metric("matches", tr("Matches"), Qt::AlignLeft)),
       secondLine_(new QBoxLayout(QBoxLayout::LeftToRight)) {
   auto* lines = new QVBoxLayout(this);
   lines->setContentsMargins({});
@@ -57,12 +57,6 @@ ResultsHeader::ResultsHeader(AppModel& model, QWidget* parent)
   secondLine_->addLayout(controls());
   lines->addLayout(secondLine_);
   applyTheme();
-}
-
-Metric* ResultsHeader::named(const char* name, const QString& label) {
-  auto* result = new Metric(label, Qt::AlignLeft);
-  result->setObjectName(name);
-  return result;
 }
 
 QLayout* ResultsHeader::titleLine() {

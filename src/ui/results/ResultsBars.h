@@ -41,7 +41,6 @@ class ResultsHeader final : public QWidget {
   QLayout* titles();
   QLayout* metrics();
   QLayout* controls();
-  Metric* named(const char* name, const QString& label);
 
   AppModel& model_;
   QLineEdit* filter_;

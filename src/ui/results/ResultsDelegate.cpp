@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 
 #include "ui/look/Drawing.h"
 #include "ui/look/Symbols.h"
@@ -61,8 +62,7 @@ class RowPainter {
   QString text(int role) const { return index_.data(role).toString(); }
 
   void paintCard(ResultsRowKind kind) {
-    const bool canOpen = kind == ResultsRowKind::candidate || kind == ResultsRowKind::issuesHeading;
-    const bool isHovered = canOpen && (option_.state & QStyle::State_MouseOver) != 0;
+    const bool isHovered = canOpen(kind) && (option_.state & QStyle::State_MouseOver) != 0;
     const bool isOpen = index_.data(OpenRole).toBool();
     const bool isIssue = kind == ResultsRowKind::issue || kind == ResultsRowKind::moreIssues;
     const int textLeft = isIssue ? layout_.path.x() : layout_.card.x() + RowLayout::textStart();

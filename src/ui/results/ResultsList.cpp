@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 
+#include "ui/controls/RecordList.h"
 #include "ui/look/DisplayText.h"
 #include "ui/results/CandidateDetails.h"
 #include "ui/results/ResultsDelegate.h"
@@ -17,16 +18,10 @@ ResultsList::ResultsList(AppModel& appModel, ResultsModel& rows, QWidget* parent
     : QTableView(parent), appModel_(appModel), rows_(rows), delegate_(new ResultsDelegate(this)) {
   setObjectName("candidates");
   setAccessibleName(tr("Cleanup Items"));
-  setFrameShape(QFrame::NoFrame);
+  setUpCards(*this);  // without a selection of Qt's: the tick boxes are the selection
   setShowGrid(false);
   setTabKeyNavigation(false);
-  setSelectionMode(NoSelection);  // ticks say what is selected
   setEditTriggers(NoEditTriggers);
-  setVerticalScrollMode(ScrollPerPixel);
-  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // its room is there in any case
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  viewport()->setBackgroundRole(QPalette::Window);
-  viewport()->setAttribute(Qt::WA_Hover);
   horizontalHeader()->hide();
   horizontalHeader()->setStretchLastSection(true);
   verticalHeader()->hide();

@@ -171,9 +171,7 @@ bool ResultsModel::setData(const QModelIndex& index, const QVariant& value, int 
     if (isSelected != found->isSelected) model_.toggleCandidate(std::string(found->id()));
     return true;
   }
-  const ResultsRowKind kind = row(index.row()).kind;
-  const bool canOpen = found != nullptr || kind == ResultsRowKind::issuesHeading;
-  if (role != OpenRole || !canOpen) return false;
+  if (role != OpenRole || !canOpen(row(index.row()).kind)) return false;
   setOpen(index.row(), value.toBool());
   return true;
 }

@@ -56,6 +56,11 @@ enum class ResultsRowKind : std::uint8_t {
   moreIssues,     ///< how many more there are
 };
 
+/// Whether a row can be opened: a candidate has details, the heading of the issues has them.
+constexpr bool canOpen(ResultsRowKind kind) {
+  return kind == ResultsRowKind::candidate || kind == ResultsRowKind::issuesHeading;
+}
+
 /// One row of the results list.
 struct ResultsRow {
   ResultsRowKind kind;

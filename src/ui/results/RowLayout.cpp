@@ -12,7 +12,7 @@ using drawing::rowEdge;
 using drawing::rowGap;
 using drawing::rowPadding;
 using drawing::rowSymbolSide;
-constexpr int tickSide = 18;
+using drawing::tickBoxSide;
 constexpr int chevronSide = 14;
 constexpr int minTrailingWidth = 112;
 constexpr int badgePadding = 3;
@@ -34,7 +34,7 @@ ResultsFonts::ResultsFonts()
       badge(fontFor(TextStyle::smallBold)),
       trailingWidth(widthFor(badge)) {}
 
-int RowLayout::textStart() { return rowEdge + tickSide + rowGap + rowSymbolSide + rowGap; }
+int RowLayout::textStart() { return rowEdge + tickBoxSide + rowGap + rowSymbolSide + rowGap; }
 
 int RowLayout::height(ResultsRowKind kind, const ResultsFonts& fonts) {
   switch (kind) {
@@ -68,9 +68,9 @@ RowLayout::RowLayout(ResultsRowKind kind, const QRect& row, const ResultsFonts& 
       chevron = centred(end - chevronSide, row, chevronSide);
       const int trailing = chevron.x() - rowGap - fonts.trailingWidth;
       const int width = trailing - rowGap - start;
-      tickBox = centred(row.x() + rowEdge, row, tickSide);
+      tickBox = centred(row.x() + rowEdge, row, tickBoxSide);
       tickArea = QRect(row.topLeft(), QSize(tickBox.right() + rowGap / 2 - row.x(), row.height()));
-      symbol = centred(row.x() + rowEdge + tickSide + rowGap, row, rowSymbolSide);
+      symbol = centred(row.x() + rowEdge + tickBoxSide + rowGap, row, rowSymbolSide);
       const drawing::RowLines lines(QPoint(start, row.y() + rowPadding), width, fonts);
       name = lines.title;
       path = lines.subtitle;
@@ -83,18 +83,18 @@ RowLayout::RowLayout(ResultsRowKind kind, const QRect& row, const ResultsFonts& 
     }
     case ResultsRowKind::issuesHeading:
       card.setTop(row.y() + aboveSection);
-      symbol = centred(row.x() + rowEdge, card, tickSide);
+      symbol = centred(row.x() + rowEdge, card, tickBoxSide);
       chevron = centred(end - chevronSide, card, chevronSide);
       name = QRect(symbol.right() + rowGap, card.y() + rowPadding,
                    chevron.x() - symbol.right() - 2 * rowGap, lineHeight(fonts.title));
       break;
     case ResultsRowKind::issue:
-      path = QRect(row.x() + rowEdge + tickSide + rowGap, row.y() + rowPadding,
-                   row.width() - 2 * rowEdge - tickSide - rowGap, lineHeight(fonts.subtitle));
+      path = QRect(row.x() + rowEdge + tickBoxSide + rowGap, row.y() + rowPadding,
+                   row.width() - 2 * rowEdge - tickBoxSide - rowGap, lineHeight(fonts.subtitle));
       note = QRect(path.x(), path.bottom() + 1, path.width(), lineHeight(fonts.note));
       break;
     case ResultsRowKind::moreIssues:
-      path = QRect(row.x() + rowEdge + tickSide + rowGap, row.y() + rowPadding,
+      path = QRect(row.x() + rowEdge + tickBoxSide + rowGap, row.y() + rowPadding,
                    row.width() - 2 * rowEdge, lineHeight(fonts.subtitle));
       break;
     case ResultsRowKind::details:

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOption>
+#include <algorithm>
 #include <utility>
 
 #include "ui/controls/Keys.h"

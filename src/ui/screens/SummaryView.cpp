@@ -24,8 +24,7 @@ constexpr int failuresHeight = 220;
 QLayout* metrics(const CleanupResult& result) {
   auto* row = new QHBoxLayout;
   const auto add = [row](const char* name, const QString& label, const QString& value) {
-    auto* metric = new Metric(label, Qt::AlignHCenter);
-    metric->setObjectName(name);
+    auto* metric = new Metric(name, label, Qt::AlignHCenter);
     metric->setValue(value);
     row->addWidget(metric, 1);
   };

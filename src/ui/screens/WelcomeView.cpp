@@ -15,7 +15,6 @@
 #include "ui/controls/Label.h"
 #include "ui/controls/Pictures.h"
 #include "ui/look/Drawing.h"
-#include "ui/look/Symbols.h"
 #include "ui/screens/ScanModeCard.h"
 
 namespace broomtide::ui {

@@ -15,8 +15,6 @@ namespace broomtide::ui {
 class QtMainThread final : public QObject, public MainThread {
   Q_OBJECT
  public:
-  QtMainThread() = default;
-
   void post(std::function<void()> work) override;
 
  protected:
