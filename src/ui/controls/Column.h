@@ -14,7 +14,7 @@ class Column final : public QWidget {
   enum class Content { fixed, scrolling };
 
   /// Puts the column into `place`, which must have no layout yet.
-  Column(QWidget& place, int maxWidth, Content content = Content::fixed);
+  Column(QWidget& parent, int maxWidth, Content content = Content::fixed);
 
   /// Adds a line that ends where the content of a scrolling one ends.
   void addClearOfScrollBar(QWidget* line);

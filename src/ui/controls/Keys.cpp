@@ -12,7 +12,7 @@ namespace {
 bool isReturn(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
 
 // The keys that press buttons and leave screens. Others may repeat as they like.
-bool isAnswer(int key) { return isReturn(key) || key == Qt::Key_Space || key == Qt::Key_Escape; }
+bool isButtonKey(int key) { return isReturn(key) || key == Qt::Key_Space || key == Qt::Key_Escape; }
 
 QShortcut* shortcut(QWidget& screen, Qt::Key key) {
   auto* result = new QShortcut(QKeySequence(key), &screen);
@@ -22,7 +22,7 @@ QShortcut* shortcut(QWidget& screen, Qt::Key key) {
 }
 
 // The button that people would expect Return to press: the one that has the focus, if any.
-QAbstractButton& buttonInFocus(const QWidget& screen, QAbstractButton& otherwise) {
+QAbstractButton& focusedButton(const QWidget& screen, QAbstractButton& otherwise) {
   auto* focused = qobject_cast<QPushButton*>(screen.focusWidget());
   const bool isButton = focused != nullptr && focused->hasFocus() && focused->isEnabled();
   return isButton ? *focused : otherwise;
@@ -71,7 +71,7 @@ class FilterKeys final : public QObject {
 void setDefaultAction(QWidget& screen, QAbstractButton& button) {
   for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
     QObject::connect(shortcut(screen, key), &QShortcut::activated, &button,
-                     [&screen, &button] { buttonInFocus(screen, button).click(); });
+                     [&screen, &button] { focusedButton(screen, button).click(); });
   }
 }
 
@@ -92,16 +92,16 @@ void leadToList(QLineEdit& filter, QWidget& list) {
   filter.installEventFilter(new FilterKeys(filter, list));
 }
 
-bool HeldKeys::eventFilter(QObject* watched, QEvent* event) {
+bool AutoRepeatFilter::eventFilter(QObject* watched, QEvent* event) {
   const bool isPress =
       event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
   if (!isPress && event->type() != QEvent::KeyRelease) return QObject::eventFilter(watched, event);
   const auto* key = static_cast<QKeyEvent*>(event);
-  if (isPress && isRepetition(*key)) {
+  if (isPress && isAutoRepeated(*key)) {
     event->accept();  // which keeps shortcuts from seeing it
     return true;
   }
-  if (!isPress && isAnswer(key->key()) && !key->isAutoRepeat()) {
+  if (!isPress && isButtonKey(key->key()) && !key->isAutoRepeat()) {
     releasedKey_ = key->key();
     releasedAt_ = key->timestamp();
   }
@@ -109,7 +109,7 @@ bool HeldKeys::eventFilter(QObject* watched, QEvent* event) {
 }
 
 // Presses that Qt itself knows to be repetitions are left to it.
-bool HeldKeys::isRepetition(const QKeyEvent& press) const {
+bool AutoRepeatFilter::isAutoRepeated(const QKeyEvent& press) const {
   return releasedAt_ != 0 && press.key() == releasedKey_ && press.timestamp() == releasedAt_ &&
          !press.isAutoRepeat();
 }

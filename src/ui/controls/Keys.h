@@ -34,14 +34,14 @@ void leadToList(QLineEdit& filter, QWidget& list);
 /// of the same moment, which Qt takes for a new press whenever it reads the two apart; one held key
 /// would then go through screen after screen. To be installed as an event filter of the
 /// application.
-class HeldKeys final : public QObject {
+class AutoRepeatFilter final : public QObject {
  public:
   using QObject::QObject;
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  bool isRepetition(const QKeyEvent& press) const;
+  bool isAutoRepeated(const QKeyEvent& press) const;
 
   int releasedKey_ = 0;
   quint64 releasedAt_ = 0;  // milliseconds of the X server's clock

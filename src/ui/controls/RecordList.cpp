@@ -13,7 +13,7 @@ namespace broomtide::ui {
 namespace {
 
 // All that a row says.
-QString sentence(const Record& record) {
+QString accessibleText(const Record& record) {
   return display::unmarked(display::joined({record.title, record.warning, record.subtitle,
                                             record.note, record.trailing, record.amount}));
 }
@@ -78,7 +78,7 @@ class RecordDelegate final : public QStyledItemDelegate {
     if (drawing::showsFocus(option))
       drawing::focusRing(*painter, option.rect, theme.accent, drawing::controlRadius);
     if (!symbol.isEmpty()) symbols::paint(*painter, symbol, theme.accent, layout.symbol);
-    drawing::markedLine(
+    drawing::lineWithBadge(
         *painter, layout.lines.title, fonts_.title, theme.text, text(RecordModel::TitleRole),
         {.word = text(RecordModel::WarningRole), .font = fonts_.note, .colour = theme.usuallySafe});
     const QString subtitle = text(RecordModel::SubtitleRole);
@@ -123,7 +123,7 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
   switch (role) {
     case Qt::DisplayRole:
     case Qt::AccessibleTextRole:
-      return sentence(record);
+      return accessibleText(record);
     case SymbolRole:
       return record.symbol;
     case TitleRole:

@@ -55,9 +55,9 @@ QString decimalPoint() {
 
 // Acts like an unseen Latin letter. In a name it would be shown as an escape, so that all there are
 // were put there by text().
-constexpr QChar leftToRight(0x200E);
+constexpr QChar leftToRightMark(0x200E);
 
-bool runsFromRightToLeft(const QString& text) {
+bool hasRightToLeftText(const QString& text) {
   return std::ranges::any_of(text.toUcs4(), [](uint character) {
     const QChar::Direction direction = QChar::direction(character);
     return direction == QChar::DirR || direction == QChar::DirAL || direction == QChar::DirAN;
@@ -81,12 +81,12 @@ QString quoted(std::string_view bytes, const utf8::Sequence& character) {
 
 QString text(std::string_view bytes) {
   QString shown = QString::fromStdString(escaped(bytes));
-  if (!runsFromRightToLeft(shown)) return shown;
-  shown.replace(u'/', QString(u'/') + leftToRight);
-  return leftToRight + shown + leftToRight;
+  if (!hasRightToLeftText(shown)) return shown;
+  shown.replace(u'/', QString(u'/') + leftToRightMark);
+  return leftToRightMark + shown + leftToRightMark;
 }
 
-QString unmarked(QString text) { return text.remove(leftToRight); }
+QString unmarked(QString text) { return text.remove(leftToRightMark); }
 
 QString warning(std::string_view name) {
   if (!hasUnusualCharacters(name)) return {};
@@ -121,8 +121,8 @@ int quantity(std::int64_t number) {
   return static_cast<int>(std::clamp<std::int64_t>(number, Limits::min(), Limits::max()));
 }
 
-QString date(const std::optional<Date>& date, const QString& otherwise) {
-  return date ? QString::fromStdString(dates().date(*date)) : otherwise;
+QString date(const std::optional<Date>& date, const QString& fallback) {
+  return date ? QString::fromStdString(dates().date(*date)) : fallback;
 }
 
 QString dateAndTime(Date date) { return QString::fromStdString(dates().dateAndTime(date)); }

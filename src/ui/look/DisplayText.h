@@ -39,7 +39,7 @@ QString count(std::int64_t number);
 int quantity(std::int64_t number);
 
 /// A date without its time, or `otherwise` when there is none.
-QString date(const std::optional<Date>& date, const QString& otherwise);
+QString date(const std::optional<Date>& date, const QString& fallback);
 
 /// A date with a short time.
 QString dateAndTime(Date date);

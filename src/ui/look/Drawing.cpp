@@ -52,28 +52,28 @@ void line(QPainter& painter, const QRect& rect, const QFont& font, const QColor&
                    shown);
 }
 
-int widthOf(const Mark& mark) {
+int widthOf(const Badge& badge) {
   constexpr int padding = 9;
-  return QFontMetrics(mark.font).horizontalAdvance(mark.word) + 2 * padding;
+  return QFontMetrics(badge.font).horizontalAdvance(badge.word) + 2 * padding;
 }
 
-void capsule(QPainter& painter, const QRect& rect, const Mark& mark) {
-  surface(painter, rect, Theme::faint(mark.colour), {}, rect.height() / 2);
-  line(painter, rect, mark.font, mark.colour, mark.word, Qt::ElideRight, Qt::AlignHCenter);
+void capsule(QPainter& painter, const QRect& rect, const Badge& badge) {
+  surface(painter, rect, Theme::faint(badge.colour), {}, rect.height() / 2);
+  line(painter, rect, badge.font, badge.colour, badge.word, Qt::ElideRight, Qt::AlignHCenter);
 }
 
-void markedLine(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
-                const QString& text, const Mark& mark) {
-  if (mark.word.isEmpty()) {
+void lineWithBadge(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
+                   const QString& text, const Badge& badge) {
+  if (badge.word.isEmpty()) {
     line(painter, rect, font, colour, text, Qt::ElideMiddle);
     return;
   }
   constexpr int gap = 8;
-  const int room = std::max(0, rect.width() - widthOf(mark) - gap);
+  const int room = std::max(0, rect.width() - widthOf(badge) - gap);
   QRect place = rect;
   place.setWidth(std::min(room, QFontMetrics(font).horizontalAdvance(text) + 2));
   line(painter, place, font, colour, text, Qt::ElideMiddle);
-  capsule(painter, QRect(place.right() + 1 + gap, rect.y(), widthOf(mark), rect.height()), mark);
+  capsule(painter, QRect(place.right() + 1 + gap, rect.y(), widthOf(badge), rect.height()), badge);
 }
 
 int heightOf(const QString& text, const QFont& font, int width) {
@@ -113,7 +113,7 @@ bool showsFocus(const QStyleOption& option) {
   return (option.state & both) == both;
 }
 
-void tickBox(QPainter& painter, const QRect& rect, QStyle::State state, const QPalette& palette) {
+void checkBox(QPainter& painter, const QRect& rect, QStyle::State state, const QPalette& palette) {
   const Theme& theme = Theme::of(palette);
   const bool isEnabled = (state & QStyle::State_Enabled) != 0;
   const QColor colour = isEnabled ? theme.accent : theme.disabled;

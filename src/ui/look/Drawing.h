@@ -26,7 +26,7 @@ inline constexpr int rowPadding = 10;  ///< above and below the lines
 inline constexpr int rowSymbolSide = 22;
 
 /// The side of a tick box, in pixels.
-inline constexpr int tickBoxSide = 18;
+inline constexpr int checkBoxSide = 18;
 
 /// Fonts that the rows of all lists share.
 struct RowFonts {
@@ -68,22 +68,22 @@ void line(QPainter& painter, const QRect& rect, const QFont& font, const QColor&
           const QString& text, Qt::TextElideMode elision, Qt::Alignment alignment = Qt::AlignLeft);
 
 /// A word in a capsule.
-struct Mark {
+struct Badge {
   QString word;
   QFont font;
   QColor colour;  ///< of the word; the capsule is a faint shade of it
 };
 
 /// The width that a mark takes.
-int widthOf(const Mark& mark);
+int widthOf(const Badge& badge);
 
 /// A mark that fills a rectangle.
-void capsule(QPainter& painter, const QRect& rect, const Mark& mark);
+void capsule(QPainter& painter, const QRect& rect, const Badge& badge);
 
 /// A text on one line, shortened in its middle if need be, and the mark right after it unless its
 /// word is empty.
-void markedLine(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
-                const QString& text, const Mark& mark);
+void lineWithBadge(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
+                   const QString& text, const Badge& badge);
 
 /// The height in pixels that a text takes when its lines are this wide.
 int heightOf(const QString& text, const QFont& font, int width);
@@ -99,6 +99,6 @@ void focusRing(QPainter& painter, const QRect& rect, const QColor& colour, int r
 bool showsFocus(const QStyleOption& option);
 
 /// A tick box. `state` tells whether it is ticked, enabled and under the pointer.
-void tickBox(QPainter& painter, const QRect& rect, QStyle::State state, const QPalette& palette);
+void checkBox(QPainter& painter, const QRect& rect, QStyle::State state, const QPalette& palette);
 
 }  // namespace broomtide::ui::drawing

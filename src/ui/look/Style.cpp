@@ -93,7 +93,7 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
       return;
     case PE_IndicatorCheckBox:
     case PE_IndicatorItemViewItemCheck:
-      drawing::tickBox(*painter, option->rect, option->state, option->palette);
+      drawing::checkBox(*painter, option->rect, option->state, option->palette);
       return;
     case PE_PanelLineEdit: {
       const bool isFocused = has(*option, State_HasFocus);
@@ -207,7 +207,7 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option,
       return scrollBarExtent;
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
-      return drawing::tickBoxSide;
+      return drawing::checkBoxSide;
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
       return 0;

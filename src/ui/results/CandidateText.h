@@ -16,9 +16,9 @@ QString symbol(CandidateKind kind);
 QString note(const ScanCandidate& candidate);
 
 /// All that a row shows, its selection and its state, for a screen reader.
-QString sentence(const ScanCandidate& candidate, bool areDetailsShown);
+QString accessibleText(const ScanCandidate& candidate, bool isExpanded);
 
 /// All that the open details show, for a screen reader.
-QString details(const ScanCandidate& candidate);
+QString accessibleDetails(const ScanCandidate& candidate);
 
 }  // namespace broomtide::ui::candidatetext

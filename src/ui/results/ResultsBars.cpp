@@ -22,7 +22,7 @@ namespace {
 constexpr int filterWidth = 190;
 constexpr int minFilterWidth = 120;
 constexpr int maxTitleWidth = 350;  // which there is room for in the smallest window
-constexpr int narrow = 860;         // below it, the second line becomes two
+constexpr int narrowWidth = 860;    // below it, the second line becomes two
 
 // A line that gives room to what stands beside it.
 class FilterField final : public QLineEdit {
@@ -41,7 +41,7 @@ ResultsHeader::ResultsHeader(AppModel& model, QWidget* parent)
     : QWidget(parent),
       model_(model),
       filter_(new FilterField),
-      glass_(filter_->addAction(QIcon(), QLineEdit::LeadingPosition)),
+      filterIcon_(filter_->addAction(QIcon(), QLineEdit::LeadingPosition)),
       found_(new Metric("found", tr("Found"), Qt::AlignLeft)),
       selected_(new Metric("selected", tr("Selected"), Qt::AlignLeft)),
       scanned_(new Metric("scanned", tr("Scanned"), Qt::AlignLeft)),
@@ -69,8 +69,8 @@ QLayout* ResultsHeader::titleLine() {
   filter_->setAccessibleName(tr("Filter"));
   filter_->setClearButtonEnabled(true);
   for (auto* button : filter_->findChildren<QToolButton*>()) {
-    const bool isGlass = button->defaultAction() == glass_;
-    button->setAccessibleName(isGlass ? tr("Filter") : tr("Clear the filter"));
+    const bool isIcon = button->defaultAction() == filterIcon_;
+    button->setAccessibleName(isIcon ? tr("Filter") : tr("Clear the filter"));
   }
   connect(filter_, &QLineEdit::textChanged, this, &ResultsHeader::filterChanged);
 
@@ -152,11 +152,12 @@ void ResultsHeader::changeEvent(QEvent* event) {
 }
 
 void ResultsHeader::applyTheme() {
-  glass_->setIcon(symbols::icon("magnifyingglass", Theme::of(palette()).tertiary));
+  filterIcon_->setIcon(symbols::icon("magnifyingglass", Theme::of(palette()).tertiary));
 }
 
 void ResultsHeader::resizeEvent(QResizeEvent*) {
-  secondLine_->setDirection(width() < narrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+  secondLine_->setDirection(width() < narrowWidth ? QBoxLayout::TopToBottom
+                                                  : QBoxLayout::LeftToRight);
 }
 
 void ResultsHeader::refresh(const Selection::Totals& totals) {

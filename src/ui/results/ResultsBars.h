@@ -44,7 +44,7 @@ class ResultsHeader final : public QWidget {
 
   AppModel& model_;
   QLineEdit* filter_;
-  QAction* glass_;
+  QAction* filterIcon_;
   Metric* found_;
   Metric* selected_;
   Metric* scanned_;

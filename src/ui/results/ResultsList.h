@@ -26,20 +26,21 @@ class ResultsList final : public QTableView {
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
  private:
-  bool steer(const QKeyEvent& event);
-  void setOpen(const QModelIndex& index, bool isOpen);
-  void goToEnd(int from, int step);
-  void keepPlace();
-  void restorePlace();
-  void dressRows(int first, int last);
+  bool handleKey(const QKeyEvent& event);
+  void setExpanded(const QModelIndex& index, bool isExpanded);
+  void setCurrentFrom(int from, int step);
+  void saveCurrentRow();
+  void restoreCurrentRow();
+  void layOutRows(int first, int last);
   void reveal(int first, int last);
   void fitDetails(int row);
-  void tellSelection(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles);
+  void announceCheckState(const QModelIndex& first, const QModelIndex& last,
+                          const QList<int>& roles);
 
   AppModel& appModel_;
   ResultsModel& rows_;
   ResultsDelegate* delegate_;
-  std::optional<ResultsRow> place_;  // the current row while all rows change
+  std::optional<ResultsRow> savedCurrent_;  // the current row while all rows change
 };
 
 }  // namespace broomtide::ui

@@ -19,7 +19,7 @@ enum ResultsRole {
   BadgeRole,                ///< the safety level
   WarningRole,              ///< a word about the name of a candidate, mostly empty
   SizeRole,                 ///< the size of a candidate, as people read it
-  OpenRole,                 ///< whether the details are shown; can be set
+  ExpandedRole,             ///< whether the details are shown; can be set
   FirstRole,                ///< whether a card begins with this row
   LastRole,                 ///< whether a card ends with this row
 };
@@ -37,7 +37,7 @@ class ResultsModel final : public QAbstractTableModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
   /// Sets the selection of a candidate (`Qt::CheckStateRole`) or opens and closes a row
-  /// (`OpenRole`).
+  /// (`ExpandedRole`).
   bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
   void setSortOrder(SortOrder order);
@@ -61,7 +61,7 @@ class ResultsModel final : public QAbstractTableModel {
 
  private:
   void followCandidates();
-  void setOpen(int number, bool isOpen);
+  void setExpanded(int number, bool isExpanded);
   QVariant sectionData(SafetyLevel level, int role) const;
   QVariant candidateData(const ResultsRow& row, int role) const;
   QVariant issueData(const ResultsRow& row, int role) const;

@@ -27,7 +27,7 @@ class CandidateFilter {
   /// Whether it picks everything.
   bool isEmpty() const { return words_.empty(); }
 
-  bool picks(const ScanCandidate& candidate) const;
+  bool matches(const ScanCandidate& candidate) const;
 
  private:
   // Most words are plain, and then the bytes of a path need not be decoded to be searched.
@@ -36,14 +36,14 @@ class CandidateFilter {
 
     bool isIn(std::string_view text) const;
 
-    std::string plain;  // in lower case; empty for a word with other letters than ASCII ones
-    QStringMatcher any;
+    std::string ascii;  // in lower case; empty for a word with other letters than ASCII ones
+    QStringMatcher matcher;
   };
 
-  const std::string& shownCategory(std::string_view category) const;
+  const std::string& translatedCategory(std::string_view category) const;
 
   std::vector<Word> words_;
-  mutable std::unordered_map<std::string_view, std::string> shownCategories_;  // as they come up
+  mutable std::unordered_map<std::string_view, std::string> translatedCategories_;
 };
 
 /// What a row of the results list is.
@@ -57,7 +57,7 @@ enum class ResultsRowKind : std::uint8_t {
 };
 
 /// Whether a row can be opened: a candidate has details, the heading of the issues has them.
-constexpr bool canOpen(ResultsRowKind kind) {
+constexpr bool isExpandable(ResultsRowKind kind) {
   return kind == ResultsRowKind::candidate || kind == ResultsRowKind::issuesHeading;
 }
 
@@ -85,7 +85,7 @@ class ResultsRows {
 
   const std::vector<ResultsRow>& all() const { return rows_; }
   const Total& total(SafetyLevel level) const { return totals_[static_cast<std::size_t>(level)]; }
-  bool isOpen(const ResultsRow& row) const;
+  bool isExpanded(const ResultsRow& row) const;
   bool isFiltered() const { return !filter_.isEmpty(); }
 
   /// How many of the candidates that are shown are selected.
@@ -95,7 +95,7 @@ class ResultsRows {
   void filter(CandidateFilter filter);
 
   /// Notes that a candidate or the issues are open or not, without adding or removing rows.
-  void noteOpen(const ResultsRow& row, bool isOpen);
+  void setExpanded(const ResultsRow& row, bool isExpanded);
 
   /// The rows that belong to an open row, in their order.
   std::vector<ResultsRow> rowsBelow(const ResultsRow& row) const;
@@ -113,8 +113,8 @@ class ResultsRows {
   SortOrder order_ = SortOrder::size;
   CandidateFilter filter_;
   std::vector<std::uint32_t> sorted_;  // positions of candidates, by level and then in order
-  std::unordered_set<std::uint32_t> openCandidates_;
-  bool areIssuesOpen_ = false;
+  std::unordered_set<std::uint32_t> expandedCandidates_;
+  bool areIssuesExpanded_ = false;
   std::vector<ResultsRow> rows_;
   std::array<Total, allSafetyLevels.size()> totals_{};
 };

@@ -17,8 +17,8 @@ struct ResultsFonts : drawing::RowFonts {
 /// Parts that a kind of row does not have are empty.
 struct RowLayout {
   QRect card;  ///< what the row shows of its card
-  QRect tickBox;
-  QRect tickArea;  ///< where a click counts as one on the tick box
+  QRect checkBox;
+  QRect checkBoxHitArea;  ///< where a click counts as one on the tick box
   QRect symbol;
   QRect name;
   QRect path;

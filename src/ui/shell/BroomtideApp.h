@@ -22,7 +22,7 @@ class BroomtideApp final {
   MainWindow& window() { return window_; }
 
   /// What the desktop and the widgets are told about the application, before any of them is made.
-  static void introduce(QApplication& application);
+  static void configure(QApplication& application);
 
  private:
   QtMainThread mainThread_;

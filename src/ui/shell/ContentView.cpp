@@ -26,11 +26,11 @@ void giveFocus(QWidget& screen) {
 
 ContentView::ContentView(AppModel& model, QWidget* parent) : QStackedWidget(parent), model_(model) {
   setMinimumSize(minSize);
-  observation_ = model.observe([this](AppModel::Field field) { follow(field); });
+  observation_ = model.observe([this](AppModel::Field field) { onModelChanged(field); });
   showScreen();
 }
 
-void ContentView::follow(AppModel::Field field) {
+void ContentView::onModelChanged(AppModel::Field field) {
   if (field == AppModel::Field::route) showScreen();
   if (field == AppModel::Field::errorMessage) showAlert();
 }

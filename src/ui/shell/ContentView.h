@@ -19,7 +19,7 @@ class ContentView final : public QStackedWidget {
 
  private:
   QWidget* makeScreen();
-  void follow(AppModel::Field field);
+  void onModelChanged(AppModel::Field field);
   void showScreen();
   void showAlert();
 

@@ -29,23 +29,24 @@ DesktopColours::DesktopColours(QDBusConnection bus) : bus_(std::move(bus)) {
   if (!bus_.isConnected()) return;
   qRegisterMetaType<QDBusVariant>();  // or no connection is made to a slot that takes one
   bus_.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
-               SLOT(follow(QString, QString, QDBusVariant)));
-  ask();
+               SLOT(onSettingChanged(QString, QString, QDBusVariant)));
+  read();
 }
 
-void DesktopColours::ask() {
-  QDBusMessage question =
+void DesktopColours::read() {
+  QDBusMessage call =
       QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
-  question << appearance << colourScheme;
-  auto* answer = new QDBusPendingCallWatcher(bus_.asyncCall(question), this);
-  connect(answer, &QDBusPendingCallWatcher::finished, this, [answer] {
-    const QDBusPendingReply<QDBusVariant> reply = *answer;
+  call << appearance << colourScheme;
+  auto* watcher = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
+  connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher] {
+    const QDBusPendingReply<QDBusVariant> reply = *watcher;
     if (reply.isValid()) apply(unwrapped(reply.value().variant()));
-    answer->deleteLater();
+    watcher->deleteLater();
   });
 }
 
-void DesktopColours::follow(const QString& group, const QString& key, const QDBusVariant& value) {
+void DesktopColours::onSettingChanged(const QString& group, const QString& key,
+                                      const QDBusVariant& value) {
   if (group == appearance && key == colourScheme) apply(unwrapped(value.variant()));
 }
 

@@ -16,10 +16,10 @@ class DesktopColours final : public QObject {
   explicit DesktopColours(QDBusConnection bus);
 
  private slots:
-  void follow(const QString& group, const QString& key, const QDBusVariant& value);
+  void onSettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
  private:
-  void ask();
+  void read();
   static void apply(const QVariant& preference);
 
   QDBusConnection bus_;

@@ -15,7 +15,7 @@ const QString folder = QStringLiteral(":/translations");
 const QString prefix = QStringLiteral("broomtide_");
 
 // Languages that are written in several ways are one for each of them; countries share one.
-bool isSame(const QLocale& one, const QLocale& other) {
+bool isSameLanguage(const QLocale& one, const QLocale& other) {
   return one.language() == other.language() && one.script() == other.script();
 }
 
@@ -37,14 +37,16 @@ void install(const QString& file, const QString& place) {
   }
 }
 
-void speak(const QLocale& language) {
+void setLocale(const QLocale& language) {
   QLocale::setDefault(language);
   setLanguage(language.name().toStdString());
 }
 
 }  // namespace
 
-QStringList wanted() { return isLanguageSet() ? QLocale::system().uiLanguages() : QStringList(); }
+QStringList preferred() {
+  return isLanguageSet() ? QLocale::system().uiLanguages() : QStringList();
+}
 
 QStringList builtIn() {
   QStringList languages;
@@ -57,12 +59,12 @@ void use(const QStringList& languages) {
   const QStringList known = builtIn();
   for (const QString& name : languages) {
     const QLocale language(name);
-    if (language.language() == QLocale::English) return speak(language);
+    if (language.language() == QLocale::English) return setLocale(language);
     for (const QString& translation : known) {
-      if (!isSame(language, QLocale(translation))) continue;
+      if (!isSameLanguage(language, QLocale(translation))) continue;
       install("qtbase_" + translation, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
       install(prefix + translation, folder);
-      return speak(language);
+      return setLocale(language);
     }
   }
 }

@@ -7,7 +7,7 @@ namespace broomtide::ui::languages {
 
 /// The languages that people want, the most welcome first, by LANGUAGE, LC_ALL, LC_MESSAGES and
 /// LANG; none where no language is set.
-QStringList wanted();
+QStringList preferred();
 
 /// The languages that are built in, such as "zh_CN".
 QStringList builtIn();

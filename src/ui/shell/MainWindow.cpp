@@ -18,7 +18,7 @@
 namespace broomtide::ui {
 namespace {
 
-constexpr QSize comfortable(1080, 760);
+constexpr QSize preferredSize(1080, 760);
 constexpr int markSide = 58;
 
 // Opens a page of the product's website.
@@ -74,7 +74,7 @@ MainWindow::MainWindow(AppModel& model) : model_(model) {
   addApplicationMenu();
   addHelpMenu();
   setCentralWidget(new ContentView(model));
-  resize(comfortable.boundedTo(screen()->availableSize()));
+  resize(preferredSize.boundedTo(screen()->availableSize()));
 }
 
 void MainWindow::addApplicationMenu() {

@@ -25,9 +25,9 @@ class QtMainThread final : public QObject, public MainThread {
   bool runNext();
 
   std::mutex mutex_;
-  std::deque<std::function<void()>> work_;  // guarded by the mutex
-  bool isAwake_ = false;                    // guarded by it too: somebody will come for the work
-  QBasicTimer slices_;
+  std::deque<std::function<void()>> queue_;  // guarded by the mutex
+  bool isScheduled_ = false;                 // guarded by it too: somebody will come for the work
+  QBasicTimer timer_;
 };
 
 }  // namespace broomtide::ui
