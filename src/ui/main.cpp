@@ -6,8 +6,8 @@
 
 namespace {
 
-// What Qt finds unusual about a desktop is nothing that people can use, but why there is no window
-// is. Those who want all of it can have it with QT_LOGGING_RULES="*.warning=true".
+// Users can do nothing about most of Qt's warnings. Those of the platform plugins are logged until
+// there is a window, because they say why there is none. QT_LOGGING_RULES overrides both rules.
 constexpr auto startupLogging = QLatin1String(
     "*.warning=false\nqt.qpa.plugin.warning=true\nqt.qpa.xcb.warning=true\n"
     "qt.qpa.wayland.warning=true");

@@ -1,3 +1,16 @@
+// Keys that act on a whole screen.
+//
+// Return and Escape are shortcuts of a screen. Before Qt looks for a shortcut, it sends the key to
+// the widget that has the focus, as a ShortcutOverride event; when that is accepted, there is no
+// shortcut, and the key press follows. So the event filters of a popup and of a filter field keep
+// their keys from the screen.
+//
+// A key that is held down must act once, or it would go through one screen after the other.
+// Shortcuts do not auto-repeat, and buttons ignore presses that Qt marks as auto-repeat. But an X
+// server repeats a key as a release and a press with one timestamp, and Qt recognises the pair only
+// if it reads both at once. AutoRepeatFilter remembers the last release and drops a press of the
+// same key with the same timestamp; a person needs longer.
+
 #include "ui/controls/Keys.h"
 
 #include <QAbstractItemView>
@@ -11,7 +24,7 @@ namespace {
 
 bool isReturn(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
 
-// The keys that press buttons and leave screens. Others may repeat as they like.
+// Keys that click buttons or leave a screen; all others may auto-repeat.
 bool isButtonKey(int key) { return isReturn(key) || key == Qt::Key_Space || key == Qt::Key_Escape; }
 
 QShortcut* shortcut(QWidget& screen, Qt::Key key) {
@@ -21,11 +34,10 @@ QShortcut* shortcut(QWidget& screen, Qt::Key key) {
   return result;
 }
 
-// The button that people would expect Return to press: the one that has the focus, if any.
-QAbstractButton& focusedButton(const QWidget& screen, QAbstractButton& otherwise) {
+QAbstractButton& focusedButton(const QWidget& screen, QAbstractButton& fallback) {
   auto* focused = qobject_cast<QPushButton*>(screen.focusWidget());
   const bool isButton = focused != nullptr && focused->hasFocus() && focused->isEnabled();
-  return isButton ? *focused : otherwise;
+  return isButton ? *focused : fallback;
 }
 
 class PopupKeys final : public QObject {
@@ -36,7 +48,7 @@ class PopupKeys final : public QObject {
     if (event->type() == QEvent::ShortcutOverride &&
         isReturn(static_cast<QKeyEvent*>(event)->key()))
       event->accept();
-    return QObject::eventFilter(watched, event);  // the combo box sees it too, and chooses
+    return QObject::eventFilter(watched, event);  // to the combo box, which chooses
   }
 };
 
@@ -98,7 +110,7 @@ bool AutoRepeatFilter::eventFilter(QObject* watched, QEvent* event) {
   if (!isPress && event->type() != QEvent::KeyRelease) return QObject::eventFilter(watched, event);
   const auto* key = static_cast<QKeyEvent*>(event);
   if (isPress && isAutoRepeated(*key)) {
-    event->accept();  // which keeps shortcuts from seeing it
+    event->accept();  // so that no shortcut is looked for
     return true;
   }
   if (!isPress && isButtonKey(key->key()) && !key->isAutoRepeat()) {
@@ -108,7 +120,7 @@ bool AutoRepeatFilter::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
-// Presses that Qt itself knows to be repetitions are left to it.
+// What Qt marks as auto-repeat is left to shortcuts and buttons.
 bool AutoRepeatFilter::isAutoRepeated(const QKeyEvent& press) const {
   return releasedAt_ != 0 && press.key() == releasedKey_ && press.timestamp() == releasedAt_ &&
          !press.isAutoRepeat();

@@ -57,7 +57,7 @@ Metric::Metric(const char* name, const QString& label, Qt::Alignment alignment, 
   column->addWidget(label_, 0, alignment);
 }
 
-// Read as one, so that nobody hears a number without its meaning.
+// A screen reader would else read a number without its meaning.
 void Metric::setValue(const QString& value) {
   value_->setText(value);
   setAccessibleName(QStringLiteral("%1 %2").arg(value, label_->text()));

@@ -12,7 +12,7 @@
 namespace broomtide::ui {
 namespace {
 
-// All that a row says.
+// For screen readers and the clipboard.
 QString accessibleText(const Record& record) {
   return display::unmarked(display::joined({record.title, record.warning, record.subtitle,
                                             record.note, record.trailing, record.amount}));
@@ -20,7 +20,7 @@ QString accessibleText(const Record& record) {
 
 constexpr int amountColumn = 100;
 
-// Where the parts of a row are; the same for measuring and for drawing.
+// The geometry of a row, for measuring and for painting.
 struct RecordLayout {
   int left, right, trailingLeft;
   drawing::RowLines lines;
@@ -54,7 +54,6 @@ void drawBar(QPainter& painter, const QRect& place, double share, const Theme& t
   drawing::surface(painter, part, theme.accent, {}, place.height() / 2);
 }
 
-// Draws the rows from the roles of the model.
 class RecordDelegate final : public QStyledItemDelegate {
  public:
   RecordDelegate(RecordLines room, QObject* parent) : QStyledItemDelegate(parent), room_(room) {}
@@ -148,7 +147,7 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
 void setUpCards(QAbstractItemView& list) {
   list.setFrameShape(QFrame::NoFrame);
   list.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-  list.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // its room is there in any case
+  list.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // the viewport keeps its width
   list.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   list.setSelectionMode(QAbstractItemView::NoSelection);
   list.viewport()->setBackgroundRole(QPalette::Window);

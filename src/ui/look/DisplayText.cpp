@@ -20,7 +20,7 @@ class DisplayText {
   Q_DECLARE_TR_FUNCTIONS(DisplayText)
 };
 
-// Shown on one thread alone, and slow to make.
+// Cached until the default locale changes, because the formats are slow to make.
 const DateText& dates() {
   static QLocale language;
   static auto formats = std::make_unique<DateText>();
@@ -53,8 +53,7 @@ QString decimalPoint() {
   return user.language() == QLocale::English ? QStringLiteral(".") : user.decimalPoint();
 }
 
-// Acts like an unseen Latin letter. In a name it would be shown as an escape, so that all there are
-// were put there by text().
+// In a name it would be escaped, so each one in a shown text was put there by text().
 constexpr QChar leftToRightMark(0x200E);
 
 bool hasRightToLeftText(const QString& text) {
@@ -64,7 +63,7 @@ bool hasRightToLeftText(const QString& text) {
   });
 }
 
-// One or more bytes as a shell reads them between $' and '.
+// One character, or bytes that are none, as a shell reads them between $' and '.
 QString quoted(std::string_view bytes, const utf8::Sequence& character) {
   if (bytes == "'") return QStringLiteral("\\'");
   const bool hasOtherForm = hasUnusualCharacters(bytes) && (bytes.size() > 1 || !character.isValid);

@@ -22,7 +22,7 @@ void surface(QPainter& painter, const QRect& rect, const QColor& fill, const QCo
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setBrush(fill.isValid() ? QBrush(fill) : Qt::NoBrush);
   painter.setPen(outline.isValid() ? QPen(outline, 1) : Qt::NoPen);
-  constexpr double half = 0.5;
+  constexpr double half = 0.5;  // where a pen of one pixel is sharp
   const QRectF shape =
       outline.isValid() ? QRectF(rect).adjusted(half, half, -half, -half) : QRectF(rect);
   painter.drawRoundedRect(shape, radius, radius);
@@ -92,7 +92,7 @@ void paragraph(QPainter& painter, const QRect& rect, const QFont& font, const QC
   };
   QString shown = text;
   while (!fits(shown) && shown.size() > 1) {
-    shown.chop(shown.size() / 8 + 2);  // the dots of the last round among them
+    shown.chop(shown.size() / 8 + 2);  // with the ellipsis of the last round
     shown += u'…';
   }
   painter.drawText(rect, flags, shown);

@@ -45,7 +45,7 @@ void drawBevel(const QStyleOptionButton& button, QPainter& painter) {
   drawing::surface(painter, button.rect, fill, outline, drawing::controlRadius);
   if (!drawing::showsFocus(button)) return;
   if (isProminent(button)) {
-    constexpr int inside = 2;  // where the accent is around it
+    constexpr int inside = 2;  // the accent colour stays visible around the ring
     drawing::focusRing(painter, button.rect.adjusted(inside, inside, -inside, -inside),
                        theme.onAccent, drawing::controlRadius - inside);
   } else {
@@ -55,8 +55,8 @@ void drawBevel(const QStyleOptionButton& button, QPainter& painter) {
 
 void drawThumb(const QStyleOptionSlider& bar, QRect thumb, QPainter& painter) {
   const Theme& theme = Theme::of(bar.palette);
-  const bool isBusy = has(bar, QStyle::State_MouseOver) || has(bar, QStyle::State_Sunken);
-  QColor colour = isBusy ? theme.tertiary : theme.disabled;
+  const bool isActive = has(bar, QStyle::State_MouseOver) || has(bar, QStyle::State_Sunken);
+  QColor colour = isActive ? theme.tertiary : theme.disabled;
   constexpr int inset = 3;
   const bool isHorizontal = bar.orientation == Qt::Horizontal;
   thumb =
@@ -141,7 +141,7 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
   QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
-// Scroll bars have no buttons at their ends, so that the whole length is there for the thumb.
+// Scroll bars have no arrow buttons, so the thumb has the whole length.
 QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                             SubControl part, const QWidget* widget) const {
   const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);

@@ -21,10 +21,10 @@ namespace {
 
 constexpr int filterWidth = 190;
 constexpr int minFilterWidth = 120;
-constexpr int maxTitleWidth = 350;  // which there is room for in the smallest window
-constexpr int narrowWidth = 860;    // below it, the second line becomes two
+constexpr int maxTitleWidth = 350;  // fits into the smallest window
+constexpr int narrowWidth = 860;    // below it, metrics and controls wrap
 
-// A line that gives room to what stands beside it.
+// Shrinks before the widgets beside it do.
 class FilterField final : public QLineEdit {
  public:
   FilterField() { setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed); }

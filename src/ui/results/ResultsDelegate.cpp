@@ -17,7 +17,7 @@ ResultsRowKind kindOf(const QModelIndex& index) {
   return static_cast<ResultsRowKind>(index.data(KindRole).toInt());
 }
 
-// One row on its way to the screen.
+// Lives for one call of paint().
 class RowPainter {
  public:
   RowPainter(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,

@@ -18,7 +18,7 @@ ResultsList::ResultsList(AppModel& appModel, ResultsModel& rows, QWidget* parent
     : QTableView(parent), appModel_(appModel), rows_(rows), delegate_(new ResultsDelegate(this)) {
   setObjectName("candidates");
   setAccessibleName(tr("Cleanup Items"));
-  setUpCards(*this);  // without a selection of Qt's: the tick boxes are the selection
+  setUpCards(*this);  // the check boxes are the selection
   setShowGrid(false);
   setTabKeyNavigation(false);
   setEditTriggers(NoEditTriggers);
@@ -31,7 +31,7 @@ ResultsList::ResultsList(AppModel& appModel, ResultsModel& rows, QWidget* parent
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   setItemDelegate(delegate_);
 
-  // The list does its part after the view has done its own.
+  // Slots run in the order of their connection: those of the view first.
   setModel(&rows);
   connect(&rows, &ResultsModel::modelAboutToBeReset, this, &ResultsList::saveCurrentRow);
   connect(&rows, &ResultsModel::modelReset, this, &ResultsList::restoreCurrentRow);
@@ -45,14 +45,13 @@ ResultsList::ResultsList(AppModel& appModel, ResultsModel& rows, QWidget* parent
   setCurrentFrom(0, 1);
 }
 
-// Rows of candidates have the height that all rows have unless told otherwise, which another row in
-// the same place may have been before.
+// A candidate may be where a row with a height of its own was before.
 void ResultsList::layOutRows(int first, int last) {
-  const int usual = verticalHeader()->defaultSectionSize();
+  const int defaultHeight = verticalHeader()->defaultSectionSize();
   for (int row = first; row <= last; ++row) {
     const ResultsRowKind kind = rows_.row(row).kind;
     if (kind == ResultsRowKind::candidate) {
-      if (rowHeight(row) != usual) setRowHeight(row, usual);
+      if (rowHeight(row) != defaultHeight) setRowHeight(row, defaultHeight);
       continue;
     }
     if (kind == ResultsRowKind::details) {
@@ -67,7 +66,7 @@ void ResultsList::layOutRows(int first, int last) {
   }
 }
 
-// Scrolls until what was opened can be seen, as far as the row that it belongs to stays in sight.
+// Scrolls to the rows that were inserted, as far as the one that they belong to stays visible.
 void ResultsList::reveal(int first, int last) {
   if (!isVisible()) return;
   executeDelayedItemsLayout();
@@ -107,7 +106,7 @@ void ResultsList::restoreCurrentRow() {
 }
 
 void ResultsList::keyPressEvent(QKeyEvent* event) {
-  window()->setAttribute(Qt::WA_KeyboardFocusChange);  // whoever steers by keys sees where they are
+  window()->setAttribute(Qt::WA_KeyboardFocusChange);  // shows the focus ring
   if (handleKey(*event)) {
     event->accept();
   } else {
@@ -115,7 +114,7 @@ void ResultsList::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-// Keys that a list has and a table has not.
+// Keys that work as in a list or a tree, not as in a table.
 bool ResultsList::handleKey(const QKeyEvent& event) {
   if (event.matches(QKeySequence::Copy)) {
     const ScanCandidate* candidate = rows_.candidate(currentIndex());
@@ -146,7 +145,7 @@ void ResultsList::setExpanded(const QModelIndex& index, bool isExpanded) {
   rows_.setData(index, isExpanded, ExpandedRole);
 }
 
-// The first row, going from there by steps, that can be the current one.
+// Makes the first enabled row, from there by steps of 1 or -1, the current one.
 void ResultsList::setCurrentFrom(int from, int step) {
   for (int row = from; row >= 0 && row < rows_.rowCount(); row += step) {
     const QModelIndex index = rows_.index(row, 0);
@@ -173,7 +172,7 @@ void ResultsList::contextMenuEvent(QContextMenuEvent* event) {
   menu->popup(place);
 }
 
-// Screen readers hear of a tick box only when they are told.
+// Qt's item views do not announce a changed check state to screen readers.
 void ResultsList::announceCheckState(const QModelIndex& first, const QModelIndex&,
                                      const QList<int>& roles) {
   if (!QAccessible::isActive() || !roles.contains(Qt::CheckStateRole) || !first.isValid()) return;

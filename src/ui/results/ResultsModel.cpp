@@ -33,8 +33,8 @@ int ResultsModel::rowCount(const QModelIndex& parent) const {
 
 int ResultsModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : 1; }
 
-// A selection changes candidates where they are. Others have come in their place, or none, when
-// the screen is about to go.
+// A selection changes candidates in place. Otherwise there are others, or none because the screen
+// is about to be left.
 void ResultsModel::followCandidates() {
   const std::span<const ScanCandidate> now = model_.candidates();
   if (now.data() == shown_.data() && now.size() == shown_.size()) {
@@ -85,7 +85,7 @@ QVariant ResultsModel::data(const QModelIndex& index, int role) const {
       return sectionData(static_cast<SafetyLevel>(shown.position), role);
     case ResultsRowKind::candidate:
       return candidateData(shown, role);
-    case ResultsRowKind::details:  // a widget, which screen readers do not find inside a table
+    case ResultsRowKind::details:  // an index widget, which screen readers do not find
       if (role != Qt::AccessibleTextRole) return {};
       return candidatetext::accessibleDetails(model_.candidates()[shown.position]);
     case ResultsRowKind::issuesHeading:

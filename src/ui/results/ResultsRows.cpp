@@ -11,13 +11,13 @@
 namespace broomtide::ui {
 namespace {
 
-constexpr std::size_t maxIssues = 10;
+constexpr std::size_t maxIssues = 10;  // more are only counted
 
 bool isAscii(const QString& word) {
   return std::ranges::all_of(word, [](QChar letter) { return letter.unicode() < 0x80; });
 }
 
-// `word` is in lower case and not empty.
+// REQUIRES: `word` is ASCII in lower case and not empty.
 bool containsIgnoringCase(std::string_view text, std::string_view word) {
   const char first = word.front();
   const char capital = QChar(QLatin1Char(first)).toUpper().toLatin1();

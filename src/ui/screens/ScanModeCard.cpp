@@ -25,7 +25,7 @@ QColor blend(const QColor& from, const QColor& to, double progress) {
   return {mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue())};
 }
 
-// Where the parts of a card are; the same for measuring and for drawing.
+// The geometry of a card, for measuring and for painting.
 struct Layout {
   QFont titleFont = fontFor(TextStyle::headline);
   QFont detailFont = fontFor(TextStyle::small);

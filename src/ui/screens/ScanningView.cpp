@@ -43,7 +43,7 @@ ScanningView::ScanningView(AppModel& model, QWidget* parent)
   back->setObjectName("backToHome");
   connect(back, &Button::clicked, this, [&model] { model.returnHome(); });
   keys::setCancelAction(*this, *back);
-  setAccessibleName(heading->text());  // it has the focus itself, so that no key presses the button
+  setAccessibleName(heading->text());  // it has the focus, so that no key clicks the button
 
   QVBoxLayout& lines = (new Column(*this, maxScanWidth))->lines();
   lines.setSpacing(8);

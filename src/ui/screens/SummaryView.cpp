@@ -36,7 +36,7 @@ QLayout* metrics(const CleanupResult& result) {
   return row;
 }
 
-// At least two, and as many more as the longest message needs.
+// All rows have one height: two lines of message, or as many as the longest one needs.
 int messageLines(const std::vector<Record>& records, int width) {
   const QFont font = fontFor(TextStyle::small);
   int tallest = 2 * lineHeight(font);

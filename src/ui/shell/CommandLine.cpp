@@ -18,7 +18,7 @@ class CommandLine {
   Q_DECLARE_TR_FUNCTIONS(CommandLine)
 };
 
-// Texts are translated for an application alone, which this is without a window.
+// Translators are installed on an application object; this kind needs no display.
 class ConsoleApplication {
  public:
   ConsoleApplication() : application_(argumentCount_, nullptr) {

@@ -1,3 +1,16 @@
+// Languages and translators.
+//
+// Texts in the sources are English. The build compiles translations/broomtide_<locale>.ts and keeps
+// the results as resources of the program. For the first preferred language that has one, use()
+// installs two translators: that of Qt's own texts, where Qt is installed with it, and ours. The
+// one installed last is asked first. English needs none.
+//
+// The locale is the preferred one, not that of the translation, so de_AT has broomtide_de.ts with
+// Austrian numbers. It is set for Qt, and for the dates and the order of names in the engine.
+//
+// tr() finds the texts of the window by class; those of the engine have the context "Engine"
+// (EngineText). No widget handles a LanguageChange event, so the language is set before the first.
+
 #include "ui/shell/Languages.h"
 
 #include <QCoreApplication>
@@ -14,12 +27,12 @@ namespace {
 const QString folder = QStringLiteral(":/translations");
 const QString prefix = QStringLiteral("broomtide_");
 
-// Languages that are written in several ways are one for each of them; countries share one.
+// Each script is a language of its own, as in zh_CN and zh_TW; countries share one.
 bool isSameLanguage(const QLocale& one, const QLocale& other) {
   return one.language() == other.language() && one.script() == other.script();
 }
 
-// LANGUAGE counts only beside one of these, and not beside C, as in other programs.
+// LANGUAGE is ignored in the C locale, as gettext does.
 bool isLanguageSet() {
   for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
     const QByteArray name = qgetenv(variable);

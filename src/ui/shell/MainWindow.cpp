@@ -21,7 +21,6 @@ namespace {
 constexpr QSize preferredSize(1080, 760);
 constexpr int markSide = 58;
 
-// Opens a page of the product's website.
 void openPage(const char* page) {
   QDesktopServices::openUrl(QUrl(QStringLiteral("https://broomtide.example/") + page));
 }
@@ -116,8 +115,8 @@ void MainWindow::showAbout() {
   about->open();
 }
 
-// A scan ends here, without a word; a cleanup is asked to stop, and the model waits for that when
-// the program ends, right after this.
+// A scan is cancelled without a message. A cleanup is asked to stop, and the destructor of the
+// model waits for it after the event loop.
 void MainWindow::closeEvent(QCloseEvent* event) {
   model_.returnHome();
   model_.requestStop();

@@ -1,3 +1,15 @@
+// The queue of the main thread.
+//
+// post() appends a callback under the mutex and, unless that is already done, posts one event. The
+// event starts a timer without interval, and each of its timeouts runs callbacks for a slice of
+// five milliseconds. Nothing runs in the event itself: Qt handles posted events, and those posted
+// meanwhile, before it looks for input, so a scan that posts without a pause would block the
+// window. Between two timeouts, input and repaints have their turn.
+//
+// The timer stops, and isScheduled_ is reset, under the lock that has found the queue empty, so no
+// callback is left behind. Callbacks run without the lock: they may post more, and may open a
+// nested event loop, in which the timer goes on with the queue.
+
 #include "ui/shell/QtMainThread.h"
 
 #include <QCoreApplication>
@@ -14,8 +26,6 @@ void QtMainThread::post(std::function<void()> work) {
   QCoreApplication::postEvent(this, new QEvent(QEvent::User));
 }
 
-// Events that are posted while others are handled are handled with them, input comes later. A
-// timer lets it through.
 void QtMainThread::customEvent(QEvent*) { timer_.start(0, this); }
 
 void QtMainThread::timerEvent(QTimerEvent*) {
