@@ -231,7 +231,7 @@ int showFirstFrame(Application& application, std::int64_t start) {
 int main(int argumentCount, char** arguments) {
   using namespace broomtide;
   Application application(argumentCount, arguments);
-  ui::BroomtideApp::introduce(application);
+  ui::BroomtideApp::configure(application);
   const QStringList words = QApplication::arguments();
   if (words.size() == 3 && words[1] == QStringLiteral("first-frame"))
     return showFirstFrame(application, words[2].toLongLong());

@@ -6,26 +6,26 @@
 
 namespace {
 
-// What Qt finds unusual about a desktop is nothing that people can use, but why there is no window
-// is. Those who want all of it can have it with QT_LOGGING_RULES="*.warning=true".
-constexpr auto untilThereIsAWindow = QLatin1String(
+// Users can do nothing about most of Qt's warnings. Those of the platform plugins are logged until
+// there is a window, because they say why there is none. QT_LOGGING_RULES overrides both rules.
+constexpr auto startupLogging = QLatin1String(
     "*.warning=false\nqt.qpa.plugin.warning=true\nqt.qpa.xcb.warning=true\n"
     "qt.qpa.wayland.warning=true");
-constexpr auto fromThenOn = QLatin1String("*.warning=false");
+constexpr auto runningLogging = QLatin1String("*.warning=false");
 
 }  // namespace
 
-int main(int argumentCount, char** arguments) {
+int main(int argc, char** argv) {
   namespace ui = broomtide::ui;
-  QLoggingCategory::setFilterRules(untilThereIsAWindow);
-  QStringList words;
-  for (int position = 0; position < argumentCount; ++position)
-    words << QString::fromLocal8Bit(arguments[position]);
-  if (const auto status = ui::commandline::answerWithoutWindow(words)) return *status;
+  QLoggingCategory::setFilterRules(startupLogging);
+  QStringList arguments;
+  for (int position = 0; position < argc; ++position)
+    arguments << QString::fromLocal8Bit(argv[position]);
+  if (const auto status = ui::commandline::answerWithoutWindow(arguments)) return *status;
 
-  QApplication application(argumentCount, arguments);
-  QLoggingCategory::setFilterRules(fromThenOn);
-  ui::BroomtideApp::introduce(application);
+  QApplication application(argc, argv);
+  QLoggingCategory::setFilterRules(runningLogging);
+  ui::BroomtideApp::configure(application);
   if (const auto status = ui::commandline::rejection(QApplication::arguments())) return *status;
   ui::BroomtideApp app;
   app.window().show();

@@ -142,7 +142,7 @@ TEST_P(AllScreens, AreTranslatedAndShowTheirTextsWhole) {
   test.scan(everything(), ScanMode::project, "/1/2");
   auto& list = test::find<QTableView>(test.window(), "candidates");
   for (int number = list.model()->rowCount() - 1; number >= 0; --number) {
-    list.model()->setData(list.model()->index(number, 0), true, ui::OpenRole);
+    list.model()->setData(list.model()->index(number, 0), true, ui::ExpandedRole);
     list.scrollTo(list.model()->index(number, 0), QAbstractItemView::PositionAtTop);
     read("results");
   }

@@ -75,12 +75,12 @@ TEST(ResultsModel, KeepsWhatIsOpenAndTickedWhileItIsSortedAndFiltered) {
   };
   EXPECT_EQ(shown(model), QStringList({"Safe to Clean", "a", "Größe", "Review First", "item10",
                                        "Item2", issues}));
-  set(5, ui::OpenRole, true);
+  set(5, ui::ExpandedRole, true);
   for (int times = 0; times < 2; ++times) {
     set(2, Qt::CheckStateRole, Qt::Checked);
-    set(5, ui::OpenRole, true);
+    set(5, ui::ExpandedRole, true);
   }
-  EXPECT_FALSE(model.setData(model.index(0, 0), true, ui::OpenRole));
+  EXPECT_FALSE(model.setData(model.index(0, 0), true, ui::ExpandedRole));
   model.setSortOrder(SortOrder::name);
   EXPECT_EQ(shown(model), QStringList({"Safe to Clean", "a", "Größe *", "Review First", "Item2",
                                        "details", "item10", issues}));
@@ -98,12 +98,12 @@ TEST(ResultsModel, KeepsWhatIsOpenAndTickedWhileItIsSortedAndFiltered) {
     EXPECT_EQ(shown(model), rows + QStringList(issues)) << filter.toStdString();
     EXPECT_EQ(model.hiddenSelectedCount(1), rows.contains("Größe *") ? 0U : 1U);
   }
-  set(0, ui::OpenRole, true);
+  set(0, ui::ExpandedRole, true);
   EXPECT_EQ(shown(model).size(), 12);
   EXPECT_EQ(shown(model).back(), "And 1 more…");
   test.scan(resultOf({makeCandidate("b")}, 10));  // starts from the beginning
   EXPECT_EQ(shown(model).size(), 3);
-  set(2, ui::OpenRole, true);
+  set(2, ui::ExpandedRole, true);
   EXPECT_EQ(shown(model).back(), "/home/ada/src/9");
 }
 

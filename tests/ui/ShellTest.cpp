@@ -159,7 +159,7 @@ TEST(FolderDialog, KnowsWhatTheDesktopCallsDownloads) {
 // Notes the keys that arrive.
 class Target final : public QWidget {
  public:
-  Target() { installEventFilter(&heldKeys_); }
+  Target() { installEventFilter(&filter_); }
 
   // Returns whether the event was taken before.
   bool send(QEvent::Type type, Qt::Key key, quint64 moment) {
@@ -176,10 +176,10 @@ class Target final : public QWidget {
   void keyPressEvent(QKeyEvent* event) override { pressed.push_back(event->key()); }
 
  private:
-  ui::keys::HeldKeys heldKeys_;
+  ui::keys::AutoRepeatFilter filter_;
 };
 
-TEST(HeldKeys, OnlyAPersonPressesAgain) {
+TEST(AutoRepeatFilter, OnlyAPersonPressesAgain) {
   struct Row {
     Qt::Key key;
     quint64 pause;  // after the key was released, by the X server's clock

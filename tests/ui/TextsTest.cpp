@@ -95,7 +95,7 @@ TEST(Languages, AreWantedWhereALocaleIsSet) {
     qputenv("LC_ALL", all);
     qputenv("LC_MESSAGES", messages);
     qputenv("LANG", lang);
-    EXPECT_EQ(!ui::languages::wanted().isEmpty(), areWanted) << all << messages << lang;
+    EXPECT_EQ(!ui::languages::preferred().isEmpty(), areWanted) << all << messages << lang;
   }
   qputenv("LC_ALL", former);
   qunsetenv("LC_MESSAGES");

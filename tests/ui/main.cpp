@@ -29,7 +29,7 @@ int main(int argumentCount, char** arguments) {
 
   QApplication application(argumentCount, arguments);  // may find fault with its surroundings
   qInstallMessageHandler(failOnWarning);
-  broomtide::ui::BroomtideApp::introduce(application);
+  broomtide::ui::BroomtideApp::configure(application);
   QApplication::setQuitOnLastWindowClosed(false);  // one test closes its window, others follow
   return RUN_ALL_TESTS();
 }

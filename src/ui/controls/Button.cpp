@@ -44,7 +44,7 @@ class Segment final : public QPushButton {
 Button::Button(const QString& text, Look look, QString symbol, QWidget* parent)
     : QPushButton(text, parent), look_(look), symbol_(std::move(symbol)) {
   setDefault(look == Look::prominent);
-  setAutoDefault(false);  // the focus makes no other button look like the default action
+  setAutoDefault(false);  // or the default look would follow the focus
   setFlat(look == Look::plain);
   setFocusPolicy(Qt::TabFocus);  // Return stays the default action after a click
   setFont(fontFor(look == Look::prominent ? TextStyle::medium : TextStyle::body));
@@ -88,8 +88,8 @@ SegmentedControl::SegmentedControl(const QString& label, const QStringList& segm
   }
   group_.button(0)->setChecked(true);
   connect(&group_, &QButtonGroup::idToggled, this,
-          [onChange = std::move(onChange)](int position, bool isDown) {
-            if (isDown) onChange(position);
+          [onChange = std::move(onChange)](int index, bool isChecked) {
+            if (isChecked) onChange(index);
           });
 }
 

@@ -6,15 +6,17 @@
 
 namespace broomtide::ui {
 
-/// A button whose named icon, if it has one, takes the colour of its text.
+/// A push button that Return clicks too while it has the focus. It is in the tab order, but a click
+/// does not give it the focus.
 class Button final : public QPushButton {
  public:
   enum class Look {
     bordered,
-    prominent,  ///< the default action of a screen
+    prominent,  ///< of the default action, which `keys::setDefaultAction` sets
     plain,      ///< without an outline, in a secondary colour
   };
 
+  /// `symbol` names an icon (`symbols::icon`) in the colour of the text; empty for none.
   explicit Button(const QString& text, Look look = Look::bordered, QString symbol = {},
                   QWidget* parent = nullptr);
 
@@ -29,11 +31,11 @@ class Button final : public QPushButton {
   QString symbol_;
 };
 
-/// Buttons in a row of which exactly one is down.
+/// Exclusive buttons in a row, of which exactly one is checked.
 class SegmentedControl final : public QWidget {
  public:
-  /// The first segment is down. `onChange` is told the position of another one that people choose.
-  /// REQUIRES: `segments` is not empty.
+  /// The first segment is checked. `label` is the accessible name, `onChange` is called with the
+  /// index of each segment that becomes checked. REQUIRES: `segments` is not empty.
   SegmentedControl(const QString& label, const QStringList& segments,
                    std::function<void(int)> onChange, QWidget* parent = nullptr);
 

@@ -8,17 +8,17 @@
 
 namespace broomtide::ui {
 
-Column::Column(QWidget& place, int maxWidth, Content content)
-    : QWidget(&place), lines_(new QVBoxLayout(this)) {
+Column::Column(QWidget& parent, int maxWidth, Content content)
+    : QWidget(&parent), lines_(new QVBoxLayout(this)) {
   const int room = content == Content::scrolling ? drawing::scrollBarExtent : 0;
   setMaximumWidth(maxWidth + room);
   lines_->setContentsMargins({});
-  auto* row = new QHBoxLayout(&place);
+  auto* row = new QHBoxLayout(&parent);
   constexpr int edge = 24;
   row->setContentsMargins(edge, 0, edge - room, 0);
   row->addStretch(1);
-  constexpr int first = 1000;  // the column grows before the space beside it does
-  row->addWidget(this, first);
+  constexpr int stretch = 1000;  // the column grows before the space on both sides
+  row->addWidget(this, stretch);
   row->addStretch(1);
 }
 
@@ -41,7 +41,7 @@ EmptyState::EmptyState(const QString& symbol, const QString& title, const QStrin
   text->setWordWrap(true);
   text->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
   text->setFixedWidth(textWidth);
-  text->setMinimumHeight(text->heightForWidth(textWidth));  // a stretching layout gives it one line
+  text->setMinimumHeight(text->heightForWidth(textWidth));  // or the stretches leave it one line
 
   auto* column = new QVBoxLayout(this);
   column->setSpacing(8);

@@ -5,18 +5,17 @@
 
 namespace broomtide::ui {
 
-/// What stands in the middle of a wide window: a column that is as wide as its place until its
-/// lines would be too long to read, with one line under another.
+/// A vertical layout, centred in its parent and as wide as that up to a maximum width.
 class Column final : public QWidget {
  public:
-  /// What goes into the column: with something that scrolls, there is room for its scroll bar
-  /// outside of the lines, and what does not scroll keeps clear of it.
+  /// With `scrolling`, the column is wider by a vertical scroll bar, which reaches into the margin.
   enum class Content { fixed, scrolling };
 
-  /// Puts the column into `place`, which must have no layout yet.
-  Column(QWidget& place, int maxWidth, Content content = Content::fixed);
+  /// Becomes a child of `parent` and sets its layout. `maxWidth` is in pixels, without the scroll
+  /// bar. REQUIRES: `parent` has no layout.
+  Column(QWidget& parent, int maxWidth, Content content = Content::fixed);
 
-  /// Adds a line that ends where the content of a scrolling one ends.
+  /// Adds a widget with the extent of a scroll bar as its right margin. The column takes ownership.
   void addClearOfScrollBar(QWidget* line);
 
   QVBoxLayout& lines() { return *lines_; }
@@ -25,7 +24,7 @@ class Column final : public QWidget {
   QVBoxLayout* lines_;
 };
 
-/// What is shown in place of a list that has nothing in it.
+/// The placeholder for a list without rows: an icon, a title and a description.
 class EmptyState final : public QWidget {
  public:
   EmptyState(const QString& symbol, const QString& title, const QString& description,

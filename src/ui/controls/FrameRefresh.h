@@ -8,10 +8,11 @@
 
 namespace broomtide::ui {
 
-/// Throttles the refreshes of a screen to one per frame, however often the model changes.
+/// Throttles the refreshes of a screen to one per frame, however often the model changes. For the
+/// main thread alone.
 class FrameRefresh final {
  public:
-  /// `refresh` is called from the event loop, while this object lives.
+  /// `refresh` is called from the event loop, and never after the destruction of this object.
   explicit FrameRefresh(std::function<void()> refresh) {
     timer_.setSingleShot(true);
     timer_.setTimerType(Qt::PreciseTimer);
@@ -21,7 +22,8 @@ class FrameRefresh final {
     });
   }
 
-  /// Asks for a refresh. The first one after a pause comes at once.
+  /// Requests a refresh; further requests before it are merged into it. There is no delay after a
+  /// frame without one.
   void request() {
     if (timer_.isActive()) return;
     constexpr qint64 frame = 16;  // milliseconds

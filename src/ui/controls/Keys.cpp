@@ -1,3 +1,16 @@
+// Keys that act on a whole screen.
+//
+// Return and Escape are shortcuts of a screen. Before Qt looks for a shortcut, it sends the key to
+// the widget that has the focus, as a ShortcutOverride event; when that is accepted, there is no
+// shortcut, and the key press follows. So the event filters of a popup and of a filter field keep
+// their keys from the screen.
+//
+// A key that is held down must act once, or it would go through one screen after the other.
+// Shortcuts do not auto-repeat, and buttons ignore presses that Qt marks as auto-repeat. But an X
+// server repeats a key as a release and a press with one timestamp, and Qt recognises the pair only
+// if it reads both at once. AutoRepeatFilter remembers the last release and drops a press of the
+// same key with the same timestamp; a person needs longer.
+
 #include "ui/controls/Keys.h"
 
 #include <QAbstractItemView>
@@ -11,8 +24,8 @@ namespace {
 
 bool isReturn(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
 
-// The keys that press buttons and leave screens. Others may repeat as they like.
-bool isAnswer(int key) { return isReturn(key) || key == Qt::Key_Space || key == Qt::Key_Escape; }
+// Keys that click buttons or leave a screen; all others may auto-repeat.
+bool isButtonKey(int key) { return isReturn(key) || key == Qt::Key_Space || key == Qt::Key_Escape; }
 
 QShortcut* shortcut(QWidget& screen, Qt::Key key) {
   auto* result = new QShortcut(QKeySequence(key), &screen);
@@ -21,11 +34,10 @@ QShortcut* shortcut(QWidget& screen, Qt::Key key) {
   return result;
 }
 
-// The button that people would expect Return to press: the one that has the focus, if any.
-QAbstractButton& buttonInFocus(const QWidget& screen, QAbstractButton& otherwise) {
+QAbstractButton& focusedButton(const QWidget& screen, QAbstractButton& fallback) {
   auto* focused = qobject_cast<QPushButton*>(screen.focusWidget());
   const bool isButton = focused != nullptr && focused->hasFocus() && focused->isEnabled();
-  return isButton ? *focused : otherwise;
+  return isButton ? *focused : fallback;
 }
 
 class PopupKeys final : public QObject {
@@ -36,7 +48,7 @@ class PopupKeys final : public QObject {
     if (event->type() == QEvent::ShortcutOverride &&
         isReturn(static_cast<QKeyEvent*>(event)->key()))
       event->accept();
-    return QObject::eventFilter(watched, event);  // the combo box sees it too, and chooses
+    return QObject::eventFilter(watched, event);  // to the combo box, which chooses
   }
 };
 
@@ -71,7 +83,7 @@ class FilterKeys final : public QObject {
 void setDefaultAction(QWidget& screen, QAbstractButton& button) {
   for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
     QObject::connect(shortcut(screen, key), &QShortcut::activated, &button,
-                     [&screen, &button] { buttonInFocus(screen, button).click(); });
+                     [&screen, &button] { focusedButton(screen, button).click(); });
   }
 }
 
@@ -92,24 +104,24 @@ void leadToList(QLineEdit& filter, QWidget& list) {
   filter.installEventFilter(new FilterKeys(filter, list));
 }
 
-bool HeldKeys::eventFilter(QObject* watched, QEvent* event) {
+bool AutoRepeatFilter::eventFilter(QObject* watched, QEvent* event) {
   const bool isPress =
       event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
   if (!isPress && event->type() != QEvent::KeyRelease) return QObject::eventFilter(watched, event);
   const auto* key = static_cast<QKeyEvent*>(event);
-  if (isPress && isRepetition(*key)) {
-    event->accept();  // which keeps shortcuts from seeing it
+  if (isPress && isAutoRepeated(*key)) {
+    event->accept();  // so that no shortcut is looked for
     return true;
   }
-  if (!isPress && isAnswer(key->key()) && !key->isAutoRepeat()) {
+  if (!isPress && isButtonKey(key->key()) && !key->isAutoRepeat()) {
     releasedKey_ = key->key();
     releasedAt_ = key->timestamp();
   }
   return QObject::eventFilter(watched, event);
 }
 
-// Presses that Qt itself knows to be repetitions are left to it.
-bool HeldKeys::isRepetition(const QKeyEvent& press) const {
+// What Qt marks as auto-repeat is left to shortcuts and buttons.
+bool AutoRepeatFilter::isAutoRepeated(const QKeyEvent& press) const {
   return releasedAt_ != 0 && press.key() == releasedKey_ && press.timestamp() == releasedAt_ &&
          !press.isAutoRepeat();
 }

@@ -8,43 +8,42 @@ QT_FORWARD_DECLARE_CLASS(QKeyEvent)
 QT_FORWARD_DECLARE_CLASS(QLineEdit)
 QT_FORWARD_DECLARE_CLASS(QWidget)
 
-/// What the keys that answer do: Return (or Enter), Escape and Space.
+/// The default action, the cancel action and the auto-repeat of Return (or Enter), Escape and
+/// Space. How key events reach them is explained in Keys.cpp.
 namespace broomtide::ui::keys {
 
-/// Makes Return press `button` from anywhere in `screen`, except that another button of it that has
-/// the focus is pressed instead. A key that is held down counts once.
+/// Makes Return a shortcut of `screen` that clicks the push button that has the focus, else
+/// `button`. Auto-repeat does not click again. The shortcut is a child of `screen`.
 void setDefaultAction(QWidget& screen, QAbstractButton& button);
 
-/// Makes Escape press `button` from anywhere in `screen`.
+/// Makes Escape a shortcut of `screen` that clicks `button`, without auto-repeat.
 void setCancelAction(QWidget& screen, QAbstractButton& button);
 
-/// For the key events of a button that has the focus: Return presses it, on screens without a
-/// default action too. Returns false for all other events.
+/// For `keyPressEvent` of a button: Return clicks it, on screens without a default action too.
+/// Returns whether it did; other keys and auto-repeat are left to the base class.
 bool clickOnReturn(QAbstractButton& button, const QKeyEvent& event);
 
-/// While `popup`, the list of a combo box, is open, Return chooses from it, and does not go on to
-/// the default action of the screen around.
+/// While `popup`, the view of a combo box, is open, Return chooses its current item and does not
+/// trigger the default action of the screen.
 void chooseOnReturn(QAbstractItemView& popup);
 
-/// From `filter`, Return and Down lead to `list` instead of the default action of the screen, and
-/// Escape clears the filter first.
+/// Return, Down and Escape move the focus from `filter` to `list` instead of triggering shortcuts
+/// of the screen; Escape clears the filter first. REQUIRES: `list` outlives `filter`.
 void leadToList(QLineEdit& filter, QWidget& list);
 
-/// Lets a key that is held down act once. An X server repeats such a key as a release and a press
-/// of the same moment, which Qt takes for a new press whenever it reads the two apart; one held key
-/// would then go through screen after screen. To be installed as an event filter of the
-/// application.
-class HeldKeys final : public QObject {
+/// Drops auto-repeat of Return, Escape and Space that Qt does not recognise on X11. To be installed
+/// as an event filter of the application.
+class AutoRepeatFilter final : public QObject {
  public:
   using QObject::QObject;
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  bool isRepetition(const QKeyEvent& press) const;
+  bool isAutoRepeated(const QKeyEvent& press) const;
 
   int releasedKey_ = 0;
-  quint64 releasedAt_ = 0;  // milliseconds of the X server's clock
+  quint64 releasedAt_ = 0;  // timestamp in milliseconds of the X server's clock
 };
 
 }  // namespace broomtide::ui::keys

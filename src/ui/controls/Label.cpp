@@ -45,10 +45,11 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
   painter.drawText(area, static_cast<int>(alignment()) | Qt::TextSingleLine, shown);
 }
 
-Metric::Metric(const QString& label, Qt::Alignment alignment, QWidget* parent)
+Metric::Metric(const char* name, const QString& label, Qt::Alignment alignment, QWidget* parent)
     : QWidget(parent),
       value_(new Label({}, TextStyle::headline)),
       label_(new Label(label, TextStyle::small, Tone::secondary)) {
+  setObjectName(name);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins({});
   column->setSpacing(2);
@@ -56,7 +57,7 @@ Metric::Metric(const QString& label, Qt::Alignment alignment, QWidget* parent)
   column->addWidget(label_, 0, alignment);
 }
 
-// Read as one, so that nobody hears a number without its meaning.
+// A screen reader would else read a number without its meaning.
 void Metric::setValue(const QString& value) {
   value_->setText(value);
   setAccessibleName(QStringLiteral("%1 %2").arg(value, label_->text()));

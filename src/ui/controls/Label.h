@@ -6,13 +6,13 @@
 
 namespace broomtide::ui {
 
-/// A text in one of the styles and tones of the window. It is never read as markup.
+/// A label in plain text, never markup, with the font of a style and the colour of a tone.
 class Label : public QLabel {
  public:
   explicit Label(const QString& text, TextStyle style = TextStyle::body, Tone tone = Tone::primary,
                  QWidget* parent = nullptr);
 
-  /// Lets the text be selected and copied, with the mouse and the keyboard.
+  /// Lets the text be selected and copied with mouse and keyboard.
   void makeSelectable();
 
  protected:
@@ -24,7 +24,7 @@ class Label : public QLabel {
   Tone tone_;
 };
 
-/// A text on one line that is shortened in the middle when there is no room for all of it.
+/// A label on one line, elided in the middle.
 class ElidedLabel final : public Label {
  public:
   using Label::Label;
@@ -35,14 +35,16 @@ class ElidedLabel final : public Label {
   void paintEvent(QPaintEvent* event) override;
 };
 
-/// A value with what it means beneath it.
+/// A value with a caption beneath; both are one accessible name.
 class Metric final : public QWidget {
  public:
-  explicit Metric(const QString& label, Qt::Alignment alignment, QWidget* parent = nullptr);
+  /// `name` is the object name.
+  Metric(const char* name, const QString& label, Qt::Alignment alignment,
+         QWidget* parent = nullptr);
 
   void setValue(const QString& value);
 
-  /// Keeps room for this value, so that what stands beside does not move when values change.
+  /// Makes the value at least as wide as this text, so that nothing moves when it changes.
   void reserve(const QString& longest);
 
  private:

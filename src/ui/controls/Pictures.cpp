@@ -18,7 +18,7 @@ void BrandMark::paintEvent(QPaintEvent*) {
 }
 
 SymbolView::SymbolView(QString name, int side, Tone tone, QWidget* parent)
-    : QWidget(parent), name_(std::move(name)), side_(side), tone_(tone) {
+    : QWidget(parent), name_(std::move(name)), tone_(tone) {
   setFixedSize(side, side);
 }
 

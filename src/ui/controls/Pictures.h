@@ -8,34 +8,31 @@
 
 namespace broomtide::ui {
 
-/// The mark of the application, for the eye alone.
+/// The logo of the application: decoration without an accessible name.
 class BrandMark final : public QWidget {
  public:
-  /// `side` is the length of its sides.
+  /// `side` is its fixed width and height in pixels.
   explicit BrandMark(int side, QWidget* parent = nullptr);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 };
 
-/// A named icon of a fixed size. It says nothing that the text beside it does not say.
+/// A named icon (`symbols::paint`): decoration beside a text that says the same.
 class SymbolView final : public QWidget {
  public:
-  /// `side` is the length of its sides.
+  /// `side` is its fixed width and height in pixels.
   SymbolView(QString name, int side, Tone tone, QWidget* parent = nullptr);
-
-  QSize sizeHint() const override { return {side_, side_}; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
   QString name_;
-  int side_;
   Tone tone_;
 };
 
-/// A line across, between parts of a screen.
+/// A horizontal separator.
 class Divider final : public QWidget {
  public:
   explicit Divider(QWidget* parent = nullptr);
@@ -44,7 +41,7 @@ class Divider final : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 };
 
-/// A turning wheel: something is going on, and nobody knows for how long.
+/// A spinner for progress of unknown length, animated while it is visible.
 class BusyIndicator final : public QWidget {
   Q_OBJECT
  public:

@@ -12,15 +12,15 @@
 namespace broomtide::ui {
 namespace {
 
-// All that a row says.
-QString sentence(const Record& record) {
+// For screen readers and the clipboard.
+QString accessibleText(const Record& record) {
   return display::unmarked(display::joined({record.title, record.warning, record.subtitle,
                                             record.note, record.trailing, record.amount}));
 }
 
 constexpr int amountColumn = 100;
 
-// Where the parts of a row are; the same for measuring and for drawing.
+// The geometry of a row, for measuring and for painting.
 struct RecordLayout {
   int left, right, trailingLeft;
   drawing::RowLines lines;
@@ -54,7 +54,6 @@ void drawBar(QPainter& painter, const QRect& place, double share, const Theme& t
   drawing::surface(painter, part, theme.accent, {}, place.height() / 2);
 }
 
-// Draws the rows from the roles of the model.
 class RecordDelegate final : public QStyledItemDelegate {
  public:
   RecordDelegate(RecordLines room, QObject* parent) : QStyledItemDelegate(parent), room_(room) {}
@@ -78,7 +77,7 @@ class RecordDelegate final : public QStyledItemDelegate {
     if (drawing::showsFocus(option))
       drawing::focusRing(*painter, option.rect, theme.accent, drawing::controlRadius);
     if (!symbol.isEmpty()) symbols::paint(*painter, symbol, theme.accent, layout.symbol);
-    drawing::markedLine(
+    drawing::lineWithBadge(
         *painter, layout.lines.title, fonts_.title, theme.text, text(RecordModel::TitleRole),
         {.word = text(RecordModel::WarningRole), .font = fonts_.note, .colour = theme.usuallySafe});
     const QString subtitle = text(RecordModel::SubtitleRole);
@@ -123,7 +122,7 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
   switch (role) {
     case Qt::DisplayRole:
     case Qt::AccessibleTextRole:
-      return sentence(record);
+      return accessibleText(record);
     case SymbolRole:
       return record.symbol;
     case TitleRole:
@@ -145,18 +144,22 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
   }
 }
 
+void setUpCards(QAbstractItemView& list) {
+  list.setFrameShape(QFrame::NoFrame);
+  list.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  list.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // the viewport keeps its width
+  list.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  list.setSelectionMode(QAbstractItemView::NoSelection);
+  list.viewport()->setBackgroundRole(QPalette::Window);
+  list.viewport()->setAttribute(Qt::WA_Hover);
+}
+
 RecordList::RecordList(const QString& label, std::vector<Record> records, RecordLines lines,
                        QWidget* parent)
     : QListView(parent) {
   setAccessibleName(label);
-  setFrameShape(QFrame::NoFrame);
+  setUpCards(*this);
   setUniformItemSizes(true);
-  setVerticalScrollMode(ScrollPerPixel);
-  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // its room is there in any case
-  setSelectionMode(NoSelection);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  viewport()->setBackgroundRole(QPalette::Window);
-  viewport()->setAttribute(Qt::WA_Hover);
   setModel(new RecordModel(std::move(records), this));
   setItemDelegate(new RecordDelegate(lines, this));
 }

@@ -10,11 +10,11 @@
 
 namespace broomtide::ui {
 
-/// One row of a list that is only read.
+/// One row of a read-only list.
 struct Record {
   QString symbol = {};  ///< in front, in the accent colour; empty for none
   QString title;
-  QString warning = {};  ///< a word right after the title, which stands out; empty for none
+  QString warning = {};  ///< a badge right after the title; empty for none
   QString subtitle;
   QString note = {};                 ///< a third, quieter line
   QString trailing = {};             ///< at the end, above the amount
@@ -22,14 +22,14 @@ struct Record {
   std::optional<double> share = {};  ///< of the largest amount, 0 to 1; shown as a bar
 };
 
-/// How much room each row of a list has.
+/// The lines that every row of a list has room for, so that all have one height.
 struct RecordLines {
   int subtitle = 1;  ///< lines that a subtitle may take
   bool hasNote = false;
   bool hasAmount = false;
 };
 
-/// The records of a list, in their order.
+/// The model of a `RecordList`. Its rows never change.
 class RecordModel final : public QAbstractListModel {
   Q_OBJECT
  public:
@@ -53,10 +53,15 @@ class RecordModel final : public QAbstractListModel {
   const std::vector<Record> records_;
 };
 
-/// A list of records on a card. Its text can be copied row by row.
+/// Sets up a view whose delegate paints rows on cards: no frame, scrolling per pixel, hover events,
+/// and no selection of its own.
+void setUpCards(QAbstractItemView& list);
+
+/// A read-only list of records on a card. Copying takes the whole text of the current row.
 class RecordList final : public QListView {
   Q_OBJECT
  public:
+  /// `label` is the accessible name.
   RecordList(const QString& label, std::vector<Record> records, RecordLines lines,
              QWidget* parent = nullptr);
 };

@@ -20,7 +20,7 @@ class DisplayText {
   Q_DECLARE_TR_FUNCTIONS(DisplayText)
 };
 
-// Shown on one thread alone, and slow to make.
+// Cached until the default locale changes, because the formats are slow to make.
 const DateText& dates() {
   static QLocale language;
   static auto formats = std::make_unique<DateText>();
@@ -53,18 +53,17 @@ QString decimalPoint() {
   return user.language() == QLocale::English ? QStringLiteral(".") : user.decimalPoint();
 }
 
-// Acts like an unseen Latin letter. In a name it would be shown as an escape, so that all there are
-// were put there by text().
-constexpr QChar leftToRight(0x200E);
+// In a name it would be escaped, so each one in a shown text was put there by text().
+constexpr QChar leftToRightMark(0x200E);
 
-bool runsFromRightToLeft(const QString& text) {
+bool hasRightToLeftText(const QString& text) {
   return std::ranges::any_of(text.toUcs4(), [](uint character) {
     const QChar::Direction direction = QChar::direction(character);
     return direction == QChar::DirR || direction == QChar::DirAL || direction == QChar::DirAN;
   });
 }
 
-// One or more bytes as a shell reads them between $' and '.
+// One character, or bytes that are none, as a shell reads them between $' and '.
 QString quoted(std::string_view bytes, const utf8::Sequence& character) {
   if (bytes == "'") return QStringLiteral("\\'");
   const bool hasOtherForm = hasUnusualCharacters(bytes) && (bytes.size() > 1 || !character.isValid);
@@ -81,12 +80,12 @@ QString quoted(std::string_view bytes, const utf8::Sequence& character) {
 
 QString text(std::string_view bytes) {
   QString shown = QString::fromStdString(escaped(bytes));
-  if (!runsFromRightToLeft(shown)) return shown;
-  shown.replace(u'/', QString(u'/') + leftToRight);
-  return leftToRight + shown + leftToRight;
+  if (!hasRightToLeftText(shown)) return shown;
+  shown.replace(u'/', QString(u'/') + leftToRightMark);
+  return leftToRightMark + shown + leftToRightMark;
 }
 
-QString unmarked(QString text) { return text.remove(leftToRight); }
+QString unmarked(QString text) { return text.remove(leftToRightMark); }
 
 QString warning(std::string_view name) {
   if (!hasUnusualCharacters(name)) return {};
@@ -121,15 +120,15 @@ int quantity(std::int64_t number) {
   return static_cast<int>(std::clamp<std::int64_t>(number, Limits::min(), Limits::max()));
 }
 
-QString date(const std::optional<Date>& date, const QString& otherwise) {
-  return date ? QString::fromStdString(dates().date(*date)) : otherwise;
+QString date(const std::optional<Date>& date, const QString& fallback) {
+  return date ? QString::fromStdString(dates().date(*date)) : fallback;
 }
 
 QString dateAndTime(Date date) { return QString::fromStdString(dates().dateAndTime(date)); }
 
-QString joined(QStringList parts) {
+QString joined(QStringList parts, const QString& separator) {
   parts.removeAll(QString());
-  return parts.join(QStringLiteral(" · "));
+  return parts.join(separator);
 }
 
 }  // namespace broomtide::ui::display

@@ -8,25 +8,25 @@
 
 #include "core/Date.h"
 
-/// Values as people read them in the window.
+/// Values as the window shows them, in its language and locale. For the main thread alone.
 namespace broomtide::ui::display {
 
-/// Names, paths and messages that may hold names: what could deceive is shown as an escape. Letters
-/// that run from right to left stay, and directional marks keep the components of a path in their
-/// order and the text around where it is.
+/// Names, paths and messages that may hold names, with escapes for what could deceive (`escaped`).
+/// When letters run from right to left, left-to-right marks (U+200E) keep the bidirectional
+/// algorithm from reordering the components of a path and the text around it.
 QString text(std::string_view bytes);
 
-/// What text() and name() gave without those marks, for what can be copied or is read aloud.
+/// A result of text() or name() without those marks, for the clipboard and for accessible texts.
 QString unmarked(QString text);
 
-/// A word of warning about a name that holds what text() shows as something else; empty for others.
+/// A word of warning about a name that text() shows with escapes; empty for others.
 QString warning(std::string_view name);
 
-/// The last component of a path.
+/// The last component of a path, as text() shows it.
 QString name(std::string_view path);
 
-/// A path as it can be pasted into a terminal: itself, or quoted for a shell when it holds what
-/// would end the line, steer the terminal, deceive the eye or not be text.
+/// A path that is safe to paste into a shell as one line: itself, or quoted as $'...' when it holds
+/// control characters, characters that deceive or bytes that are not UTF-8. Spaces are not quoted.
 QString pasteable(const std::string& path);
 
 /// A size in bytes, such as 1.2 GB in English.
@@ -35,16 +35,16 @@ QString size(std::int64_t bytes);
 /// A count, without grouping of its digits.
 QString count(std::int64_t number);
 
-/// A count for texts whose words depend on it: the number, or the nearest that they can have.
+/// A count for the plural forms of tr(), clamped to what these can take.
 int quantity(std::int64_t number);
 
-/// A date without its time, or `otherwise` when there is none.
-QString date(const std::optional<Date>& date, const QString& otherwise);
+/// A date without its time, or `fallback` when there is none.
+QString date(const std::optional<Date>& date, const QString& fallback);
 
 /// A date with a short time.
 QString dateAndTime(Date date);
 
-/// The parts of one line, those that are empty left out.
-QString joined(QStringList parts);
+/// The parts of one line with a separator between them, those that are empty left out.
+QString joined(QStringList parts, const QString& separator = QStringLiteral(" · "));
 
 }  // namespace broomtide::ui::display

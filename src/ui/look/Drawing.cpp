@@ -22,7 +22,7 @@ void surface(QPainter& painter, const QRect& rect, const QColor& fill, const QCo
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setBrush(fill.isValid() ? QBrush(fill) : Qt::NoBrush);
   painter.setPen(outline.isValid() ? QPen(outline, 1) : Qt::NoPen);
-  constexpr double half = 0.5;
+  constexpr double half = 0.5;  // where a pen of one pixel is sharp
   const QRectF shape =
       outline.isValid() ? QRectF(rect).adjusted(half, half, -half, -half) : QRectF(rect);
   painter.drawRoundedRect(shape, radius, radius);
@@ -52,28 +52,28 @@ void line(QPainter& painter, const QRect& rect, const QFont& font, const QColor&
                    shown);
 }
 
-int widthOf(const Mark& mark) {
+int widthOf(const Badge& badge) {
   constexpr int padding = 9;
-  return QFontMetrics(mark.font).horizontalAdvance(mark.word) + 2 * padding;
+  return QFontMetrics(badge.font).horizontalAdvance(badge.word) + 2 * padding;
 }
 
-void capsule(QPainter& painter, const QRect& rect, const Mark& mark) {
-  surface(painter, rect, Theme::faint(mark.colour), {}, rect.height() / 2);
-  line(painter, rect, mark.font, mark.colour, mark.word, Qt::ElideRight, Qt::AlignHCenter);
+void capsule(QPainter& painter, const QRect& rect, const Badge& badge) {
+  surface(painter, rect, Theme::faint(badge.colour), {}, rect.height() / 2);
+  line(painter, rect, badge.font, badge.colour, badge.word, Qt::ElideRight, Qt::AlignHCenter);
 }
 
-void markedLine(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
-                const QString& text, const Mark& mark) {
-  if (mark.word.isEmpty()) {
+void lineWithBadge(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
+                   const QString& text, const Badge& badge) {
+  if (badge.word.isEmpty()) {
     line(painter, rect, font, colour, text, Qt::ElideMiddle);
     return;
   }
   constexpr int gap = 8;
-  const int room = std::max(0, rect.width() - widthOf(mark) - gap);
+  const int room = std::max(0, rect.width() - widthOf(badge) - gap);
   QRect place = rect;
   place.setWidth(std::min(room, QFontMetrics(font).horizontalAdvance(text) + 2));
   line(painter, place, font, colour, text, Qt::ElideMiddle);
-  capsule(painter, QRect(place.right() + 1 + gap, rect.y(), widthOf(mark), rect.height()), mark);
+  capsule(painter, QRect(place.right() + 1 + gap, rect.y(), widthOf(badge), rect.height()), badge);
 }
 
 int heightOf(const QString& text, const QFont& font, int width) {
@@ -92,7 +92,7 @@ void paragraph(QPainter& painter, const QRect& rect, const QFont& font, const QC
   };
   QString shown = text;
   while (!fits(shown) && shown.size() > 1) {
-    shown.chop(shown.size() / 8 + 2);  // the dots of the last round among them
+    shown.chop(shown.size() / 8 + 2);  // with the ellipsis of the last round
     shown += u'…';
   }
   painter.drawText(rect, flags, shown);
@@ -113,7 +113,7 @@ bool showsFocus(const QStyleOption& option) {
   return (option.state & both) == both;
 }
 
-void tickBox(QPainter& painter, const QRect& rect, QStyle::State state, const QPalette& palette) {
+void checkBox(QPainter& painter, const QRect& rect, QStyle::State state, const QPalette& palette) {
   const Theme& theme = Theme::of(palette);
   const bool isEnabled = (state & QStyle::State_Enabled) != 0;
   const QColor colour = isEnabled ? theme.accent : theme.disabled;

@@ -9,21 +9,25 @@
 
 QT_FORWARD_DECLARE_CLASS(QPainter)
 
-/// Shapes that several controls are made of.
+/// Painting and metrics that the style, the delegates and the controls share. Lengths are in
+/// device-independent pixels.
 namespace broomtide::ui::drawing {
 
-/// Corners of cards and of controls, in pixels.
+/// Corner radii of cards and of controls.
 inline constexpr int cardRadius = 12;
 inline constexpr int controlRadius = 7;
 
-/// How wide scroll bars are, in pixels.
+/// The width of a vertical scroll bar, the height of a horizontal one.
 inline constexpr int scrollBarExtent = 12;
 
-/// Measures that the rows of all lists share, in pixels.
-inline constexpr int rowEdge = 16;     ///< left and right of what a row shows
-inline constexpr int rowGap = 12;      ///< between what stands beside each other
-inline constexpr int rowPadding = 10;  ///< above and below the lines
+/// Metrics of the rows of all lists.
+inline constexpr int rowEdge = 16;     ///< horizontal padding
+inline constexpr int rowGap = 12;      ///< horizontal spacing
+inline constexpr int rowPadding = 10;  ///< vertical padding
 inline constexpr int rowSymbolSide = 22;
+
+/// The side of a check box.
+inline constexpr int checkBoxSide = 18;
 
 /// Fonts that the rows of all lists share.
 struct RowFonts {
@@ -33,15 +37,15 @@ struct RowFonts {
   QFont amount = fontFor(TextStyle::monospaced);
 };
 
-/// The lines of a row, one below the other.
+/// The rectangles of the lines of text of a row.
 struct RowLines {
   QRect title, subtitle, note;
 
-  /// `subtitleCount` is how many lines of text the subtitle takes.
+  /// The subtitle is as high as `subtitleCount` lines.
   RowLines(QPoint topLeft, int width, const RowFonts& fonts, int subtitleCount = 1);
 };
 
-/// A square of this side in the middle of the height of a row.
+/// A square with this side and left edge, vertically centred in a row.
 QRect centred(int x, const QRect& row, int side);
 
 /// A rounded surface with an outline of one pixel inside its edge. An invalid colour leaves that
@@ -49,53 +53,52 @@ QRect centred(int x, const QRect& row, int side);
 void surface(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& outline,
              int radius);
 
-/// Where a row stands in the card that it is a part of.
+/// The position of a row in its card.
 struct PlaceInCard {
   bool isFirst = true;
   bool isLast = true;
 };
 
-/// The part of a card that lies behind one row, with a line below it that begins at `separatorFrom`
+/// The slice of a card behind one row, with a separator at its bottom from x = `separatorFrom` on
 /// unless it is the last one.
 void cardSlice(QPainter& painter, const QRect& rect, PlaceInCard place, const QColor& fill,
                const QColor& outline, int separatorFrom);
 
-/// A text on one line, shortened where `elision` says if there is no room for all of it.
+/// A text on one line, vertically centred, and elided where `elision` says.
 void line(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
           const QString& text, Qt::TextElideMode elision, Qt::Alignment alignment = Qt::AlignLeft);
 
-/// A word in a capsule.
-struct Mark {
+/// A word on a capsule.
+struct Badge {
   QString word;
   QFont font;
   QColor colour;  ///< of the word; the capsule is a faint shade of it
 };
 
-/// The width that a mark takes.
-int widthOf(const Mark& mark);
+/// The width of a badge with its padding.
+int widthOf(const Badge& badge);
 
-/// A mark that fills a rectangle.
-void capsule(QPainter& painter, const QRect& rect, const Mark& mark);
+/// A badge whose capsule fills a rectangle.
+void capsule(QPainter& painter, const QRect& rect, const Badge& badge);
 
-/// A text on one line, shortened in its middle if need be, and the mark right after it unless its
-/// word is empty.
-void markedLine(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
-                const QString& text, const Mark& mark);
+/// A text on one line, elided in the middle, and right after it a badge, unless its word is empty.
+void lineWithBadge(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
+                   const QString& text, const Badge& badge);
 
-/// The height in pixels that a text takes when its lines are this wide.
+/// The height of a text that is wrapped at this width.
 int heightOf(const QString& text, const QFont& font, int width);
 
-/// A text on as many lines as there is room for, shortened at its end.
+/// A text that is wrapped at words, and elided at its end.
 void paragraph(QPainter& painter, const QRect& rect, const QFont& font, const QColor& colour,
                const QString& text);
 
-/// A ring just inside the edge, around what has the focus.
+/// A focus ring just inside the edge.
 void focusRing(QPainter& painter, const QRect& rect, const QColor& colour, int radius);
 
-/// Whether the focus of what is drawn is to be seen: it was moved there with the keyboard.
+/// Whether what has the focus shows a ring: only once the keyboard has moved the focus.
 bool showsFocus(const QStyleOption& option);
 
-/// A tick box. `state` tells whether it is ticked, enabled and under the pointer.
-void tickBox(QPainter& painter, const QRect& rect, QStyle::State state, const QPalette& palette);
+/// A check box. Of `state`, `State_On`, `State_Enabled` and `State_MouseOver` count.
+void checkBox(QPainter& painter, const QRect& rect, QStyle::State state, const QPalette& palette);
 
 }  // namespace broomtide::ui::drawing

@@ -9,7 +9,7 @@
 namespace broomtide::ui::enginetext {
 namespace {
 
-// The bytes of a text that nobody has translated stay, even those that are no characters.
+// A text without a translation keeps its bytes: QString would replace those that are not UTF-8.
 std::string translated(std::string_view english, int count = -1) {
   const std::string key(english);
   const QString text = QCoreApplication::translate("Engine", key.c_str(), nullptr, count);

@@ -1,7 +1,6 @@
 #include "ui/look/Style.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <algorithm>
@@ -14,7 +13,6 @@ namespace broomtide::ui {
 namespace {
 
 using drawing::scrollBarExtent;
-constexpr int tickBoxSide = 18;
 constexpr int controlHeight = 32;
 
 bool has(const QStyleOption& option, QStyle::StateFlag flag) { return (option.state & flag) != 0; }
@@ -47,7 +45,7 @@ void drawBevel(const QStyleOptionButton& button, QPainter& painter) {
   drawing::surface(painter, button.rect, fill, outline, drawing::controlRadius);
   if (!drawing::showsFocus(button)) return;
   if (isProminent(button)) {
-    constexpr int inside = 2;  // where the accent is around it
+    constexpr int inside = 2;  // the accent colour stays visible around the ring
     drawing::focusRing(painter, button.rect.adjusted(inside, inside, -inside, -inside),
                        theme.onAccent, drawing::controlRadius - inside);
   } else {
@@ -57,8 +55,8 @@ void drawBevel(const QStyleOptionButton& button, QPainter& painter) {
 
 void drawThumb(const QStyleOptionSlider& bar, QRect thumb, QPainter& painter) {
   const Theme& theme = Theme::of(bar.palette);
-  const bool isBusy = has(bar, QStyle::State_MouseOver) || has(bar, QStyle::State_Sunken);
-  QColor colour = isBusy ? theme.tertiary : theme.disabled;
+  const bool isActive = has(bar, QStyle::State_MouseOver) || has(bar, QStyle::State_Sunken);
+  QColor colour = isActive ? theme.tertiary : theme.disabled;
   constexpr int inset = 3;
   const bool isHorizontal = bar.orientation == Qt::Horizontal;
   thumb =
@@ -95,7 +93,7 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
       return;
     case PE_IndicatorCheckBox:
     case PE_IndicatorItemViewItemCheck:
-      drawing::tickBox(*painter, option->rect, option->state, option->palette);
+      drawing::checkBox(*painter, option->rect, option->state, option->palette);
       return;
     case PE_PanelLineEdit: {
       const bool isFocused = has(*option, State_HasFocus);
@@ -143,7 +141,7 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
   QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
-// Scroll bars have no buttons at their ends, so that the whole length is there for the thumb.
+// Scroll bars have no arrow buttons, so the thumb has the whole length.
 QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                             SubControl part, const QWidget* widget) const {
   const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
@@ -209,7 +207,7 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option,
       return scrollBarExtent;
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
-      return tickBoxSide;
+      return drawing::checkBoxSide;
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
       return 0;

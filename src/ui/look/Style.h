@@ -4,13 +4,13 @@
 
 namespace broomtide::ui {
 
-/// How controls look: rounded and quiet, in the colours of the theme that their palette belongs
-/// to. The focus is drawn as a ring once the keyboard is used to move it.
+/// The widget style, over Qt's Fusion: controls are rounded and quiet, in the colours of the theme
+/// of their palette, and show the focus by a ring (`drawing::showsFocus`).
 class Style final : public QProxyStyle {
  public:
   Style();
 
-  /// Turns the palette of the desktop into that of the theme that is closer to it.
+  /// Replaces the palette of the desktop by that of the closer theme.
   void polish(QPalette& palette) override;
   using QProxyStyle::polish;
 

@@ -3,15 +3,17 @@
 #include <QFile>
 #include <QIconEngine>
 #include <QPainter>
+#include <QPixmap>
 #include <QPixmapCache>
 #include <QSvgRenderer>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
 namespace broomtide::ui::symbols {
 namespace {
 
-QByteArray drawing(const QString& name, const QColor& colour) {
+QByteArray svg(const QString& name, const QColor& colour) {
   QFile file(QStringLiteral(":/icons/%1.svg").arg(name));
   if (!file.open(QIODevice::ReadOnly)) return {};
   return file.readAll().replace("currentColor", colour.name().toLatin1());
@@ -20,7 +22,7 @@ QByteArray drawing(const QString& name, const QColor& colour) {
 QPixmap render(const QString& name, const QColor& colour, QSize size, double ratio) {
   QPixmap pixmap(size);
   pixmap.fill(Qt::transparent);
-  QSvgRenderer renderer(drawing(name, colour));
+  QSvgRenderer renderer(svg(name, colour));
   QPainter painter(&pixmap);
   renderer.render(&painter);
   painter.end();
@@ -40,9 +42,9 @@ QPixmap cached(const QString& name, const QColor& colour, QSize size, double rat
   return pixmap;
 }
 
-class Engine final : public QIconEngine {
+class SymbolEngine final : public QIconEngine {
  public:
-  Engine(QString name, const QColor& colour) : name_(std::move(name)), colour_(colour) {}
+  SymbolEngine(QString name, const QColor& colour) : name_(std::move(name)), colour_(colour) {}
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
     const int side = std::min(rect.width(), rect.height());
@@ -59,7 +61,7 @@ class Engine final : public QIconEngine {
     return cached(name_, colour_, size, 1);
   }
 
-  QIconEngine* clone() const override { return new Engine(*this); }
+  QIconEngine* clone() const override { return new SymbolEngine(*this); }
 
  private:
   QString name_;
@@ -68,7 +70,9 @@ class Engine final : public QIconEngine {
 
 }  // namespace
 
-QIcon icon(const QString& name, const QColor& colour) { return QIcon(new Engine(name, colour)); }
+QIcon icon(const QString& name, const QColor& colour) {
+  return QIcon(new SymbolEngine(name, colour));
+}
 
 void paint(QPainter& painter, const QString& name, const QColor& colour, const QRect& square) {
   const double ratio = painter.device()->devicePixelRatioF();

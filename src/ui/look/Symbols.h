@@ -1,21 +1,20 @@
 #pragma once
 
 #include <QIcon>
-#include <QPixmap>
 #include <QString>
 
 QT_FORWARD_DECLARE_CLASS(QPainter)
 
-/// The named icons of the window: drawings in one colour, which is chosen when they are shown.
+/// The named icons of the window: the SVG files of src/ui/icons, in a colour chosen by the caller.
 namespace broomtide::ui::symbols {
 
-/// A symbol as an icon in one colour, sharp at every size and pixel ratio.
+/// A symbol as an icon, rendered for each size and device pixel ratio.
 QIcon icon(const QString& name, const QColor& colour);
 
-/// Paints a symbol into a square.
+/// Paints a symbol into a square; the pixmaps are cached. An unknown name paints nothing.
 void paint(QPainter& painter, const QString& name, const QColor& colour, const QRect& square);
 
-/// The mark of the application as an icon.
+/// The logo of the application.
 QIcon brandMark();
 
 }  // namespace broomtide::ui::symbols

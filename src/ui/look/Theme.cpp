@@ -8,7 +8,7 @@
 namespace broomtide::ui {
 namespace {
 
-// Sizes are given for a body text of 13 pixels and grow with the user's own.
+// Sizes are for an application font of 13 pixels and scale with the user's.
 QFont sized(QFont font, double pixels, QFont::Weight weight) {
   constexpr double body = 13;
   const double scale = QFontInfo(QApplication::font()).pixelSize() / body;

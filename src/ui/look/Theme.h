@@ -8,7 +8,7 @@
 
 namespace broomtide::ui {
 
-/// What a text or an icon is for, which decides its colour.
+/// The role of a text or an icon, which decides its colour.
 enum class Tone { primary, secondary, tertiary, accent, safe, usuallySafe, reviewFirst };
 
 /// The tone in which a safety level is shown.
@@ -23,12 +23,12 @@ struct Theme {
   QColor text;
   QColor secondary;
   QColor tertiary;
-  QColor accent;    ///< the one colour of what can be done
+  QColor accent;    ///< of actions and the focus
   QColor onAccent;  ///< text on a surface in the accent colour
   QColor safe;
   QColor usuallySafe;
   QColor reviewFirst;
-  QColor disabled;  ///< what cannot be used now
+  QColor disabled;  ///< of disabled controls
 
   static const Theme& light();
   static const Theme& dark();
@@ -38,14 +38,14 @@ struct Theme {
 
   QColor colour(Tone tone) const;
 
-  /// A surface behind something in `colour`: the same colour at 12 % opacity.
+  /// The same colour at 12 % opacity, for a surface behind something in `colour`.
   static QColor faint(QColor colour);
 
-  /// What widgets that know nothing of themes are drawn with.
+  /// These colours in the roles of a palette, for Qt's own drawing.
   QPalette palette() const;
 };
 
-/// How large and heavy a text is. All follow the font that the user has set for the desktop.
+/// Size and weight of a text. All scale with the font that the user has set for the desktop.
 enum class TextStyle {
   display,      ///< the name of the application on the start screen
   largeTitle,   ///< the heading of a screen
@@ -63,7 +63,7 @@ enum class TextStyle {
 /// The font for a style.
 QFont fontFor(TextStyle style);
 
-/// The height of a line of text in pixels.
+/// The height of a line in pixels.
 int lineHeight(const QFont& font);
 
 }  // namespace broomtide::ui

@@ -21,7 +21,6 @@
 namespace broomtide::ui {
 namespace {
 
-// A command in its box, with a button that copies it.
 class CommandBox final : public QWidget {
  public:
   CommandBox(Label* command, Button* copy) {
@@ -54,8 +53,8 @@ Label* selectable(const QString& text, TextStyle style, Tone tone, const char* n
 
 void copyText(const QString& text) { QApplication::clipboard()->setText(text); }
 
-// The address keeps every byte of the name, whatever it is encoded in. What has taken the place of
-// a folder is not opened.
+// The URL is percent-encoded from bytes, as names need not be UTF-8. What has taken the place of a
+// folder is not opened.
 void openFolder(const std::string& path) {
   std::error_code error;
   if (!std::filesystem::is_directory(path, error)) return;

@@ -9,8 +9,8 @@ QT_FORWARD_DECLARE_CLASS(QVBoxLayout)
 
 namespace broomtide::ui {
 
-/// What there is to know about a candidate: why it may go and how to get it back. Its texts can be
-/// selected and copied.
+/// The expanded details of a candidate: why it may go and how to get it back. Its labels are
+/// selectable. The candidate is only read while the widget is constructed.
 class CandidateDetails final : public QWidget {
   Q_OBJECT
  public:
@@ -23,8 +23,8 @@ class CandidateDetails final : public QWidget {
   QVBoxLayout* lines_;
 };
 
-/// What can be done with one candidate. It acts on the candidate that it was made for, wherever
-/// its row is by then.
+/// The context menu of a candidate. It keeps the identifier and the path, so it acts on the same
+/// candidate even when rows move or go while it is open.
 class CandidateMenu final : public QMenu {
   Q_OBJECT
  public:

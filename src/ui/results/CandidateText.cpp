@@ -37,8 +37,8 @@ QString note(const ScanCandidate& candidate) {
                           enginetext::title(title(candidate.gitStatus)), dateOf(candidate)});
 }
 
-QString sentence(const ScanCandidate& candidate, bool areDetailsShown) {
-  QStringList parts{
+QString accessibleText(const ScanCandidate& candidate, bool isExpanded) {
+  const QStringList parts{
       display::name(candidate.url),
       display::warning(candidate.relativePath),
       enginetext::title(candidate.category),
@@ -49,12 +49,11 @@ QString sentence(const ScanCandidate& candidate, bool areDetailsShown) {
       enginetext::title(title(candidate.gitStatus)),
       dateOf(candidate),
       display::text(candidate.relativePath),
-      areDetailsShown ? CandidateText::tr("details shown") : CandidateText::tr("details hidden")};
-  parts.removeAll(QString());
-  return display::unmarked(parts.join(QStringLiteral(", ")));
+      isExpanded ? CandidateText::tr("details shown") : CandidateText::tr("details hidden")};
+  return display::unmarked(display::joined(parts, QStringLiteral(", ")));
 }
 
-QString details(const ScanCandidate& candidate) {
+QString accessibleDetails(const ScanCandidate& candidate) {
   QStringList lines{enginetext::statement(candidate.explanation)};
   if (candidate.projectRoot)
     lines << CandidateText::tr("Project: %1").arg(display::name(*candidate.projectRoot));

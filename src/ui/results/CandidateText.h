@@ -4,7 +4,7 @@
 
 #include "core/Records.h"
 
-/// What a row says about its candidate.
+/// The texts of the results list about one candidate.
 namespace broomtide::ui::candidatetext {
 
 QString safety(SafetyLevel level);
@@ -15,10 +15,10 @@ QString symbol(CandidateKind kind);
 /// The third line: category, confidence, Git status and date.
 QString note(const ScanCandidate& candidate);
 
-/// All that a row shows, its selection and its state, for a screen reader.
-QString sentence(const ScanCandidate& candidate, bool areDetailsShown);
+/// The accessible text of a row: all that it shows, selected or not, expanded or not.
+QString accessibleText(const ScanCandidate& candidate, bool isExpanded);
 
-/// All that the open details show, for a screen reader.
-QString details(const ScanCandidate& candidate);
+/// The accessible text of expanded details.
+QString accessibleDetails(const ScanCandidate& candidate);
 
 }  // namespace broomtide::ui::candidatetext

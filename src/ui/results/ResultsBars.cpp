@@ -21,10 +21,10 @@ namespace {
 
 constexpr int filterWidth = 190;
 constexpr int minFilterWidth = 120;
-constexpr int maxTitleWidth = 350;  // which there is room for in the smallest window
-constexpr int narrow = 860;         // below it, the second line becomes two
+constexpr int maxTitleWidth = 350;  // fits into the smallest window
+constexpr int narrowWidth = 860;    // below it, metrics and controls wrap
 
-// A line that gives room to what stands beside it.
+// Shrinks before the widgets beside it do.
 class FilterField final : public QLineEdit {
  public:
   FilterField() { setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed); }
@@ -41,12 +41,12 @@ ResultsHeader::ResultsHeader(AppModel& model, QWidget* parent)
     : QWidget(parent),
       model_(model),
       filter_(new FilterField),
-      glass_(filter_->addAction(QIcon(), QLineEdit::LeadingPosition)),
-      found_(named("found", tr("Found"))),
-      selected_(named("selected", tr("Selected"))),
-      scanned_(named("scanned", tr("Scanned"))),
-      projects_(named("projects", tr("Projects"))),
-      matches_(named("matches", tr("Matches"))),
+      filterIcon_(filter_->addAction(QIcon(), QLineEdit::LeadingPosition)),
+      found_(new Metric("found", tr("Found"), Qt::AlignLeft)),
+      selected_(new Metric("selected", tr("Selected"), Qt::AlignLeft)),
+      scanned_(new Metric("scanned", tr("Scanned"), Qt::AlignLeft)),
+      projects_(new Metric("projects", tr("Projects"), Qt::AlignLeft)),
+      matches_(new Metric("matches", tr("Matches"), Qt::AlignLeft)),
       secondLine_(new QBoxLayout(QBoxLayout::LeftToRight)) {
   auto* lines = new QVBoxLayout(this);
   lines->setContentsMargins({});
@@ -59,12 +59,6 @@ ResultsHeader::ResultsHeader(AppModel& model, QWidget* parent)
   applyTheme();
 }
 
-Metric* ResultsHeader::named(const char* name, const QString& label) {
-  auto* result = new Metric(label, Qt::AlignLeft);
-  result->setObjectName(name);
-  return result;
-}
-
 QLayout* ResultsHeader::titleLine() {
   auto* home = new Button(tr("Home"), Button::Look::bordered, "house");
   home->setObjectName("home");
@@ -75,8 +69,8 @@ QLayout* ResultsHeader::titleLine() {
   filter_->setAccessibleName(tr("Filter"));
   filter_->setClearButtonEnabled(true);
   for (auto* button : filter_->findChildren<QToolButton*>()) {
-    const bool isGlass = button->defaultAction() == glass_;
-    button->setAccessibleName(isGlass ? tr("Filter") : tr("Clear the filter"));
+    const bool isIcon = button->defaultAction() == filterIcon_;
+    button->setAccessibleName(isIcon ? tr("Filter") : tr("Clear the filter"));
   }
   connect(filter_, &QLineEdit::textChanged, this, &ResultsHeader::filterChanged);
 
@@ -158,11 +152,12 @@ void ResultsHeader::changeEvent(QEvent* event) {
 }
 
 void ResultsHeader::applyTheme() {
-  glass_->setIcon(symbols::icon("magnifyingglass", Theme::of(palette()).tertiary));
+  filterIcon_->setIcon(symbols::icon("magnifyingglass", Theme::of(palette()).tertiary));
 }
 
 void ResultsHeader::resizeEvent(QResizeEvent*) {
-  secondLine_->setDirection(width() < narrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+  secondLine_->setDirection(width() < narrowWidth ? QBoxLayout::TopToBottom
+                                                  : QBoxLayout::LeftToRight);
 }
 
 void ResultsHeader::refresh(const Selection::Totals& totals) {

@@ -14,14 +14,14 @@ class Button;
 class Label;
 class Metric;
 
-/// The upper part of the results: the way home, what was scanned, what it comes to, and how it is
-/// shown.
+/// The upper part of the results: Home, title, filter and sort order; metrics, tabs and the buttons
+/// that select.
 class ResultsHeader final : public QWidget {
   Q_OBJECT
  public:
   explicit ResultsHeader(AppModel& model, QWidget* parent = nullptr);
 
-  /// Shows what the candidates come to, and what else the scan has found.
+  /// Updates the metrics.
   void refresh(const Selection::Totals& totals);
 
   QLineEdit& filter() { return *filter_; }
@@ -41,11 +41,10 @@ class ResultsHeader final : public QWidget {
   QLayout* titles();
   QLayout* metrics();
   QLayout* controls();
-  Metric* named(const char* name, const QString& label);
 
   AppModel& model_;
   QLineEdit* filter_;
-  QAction* glass_;
+  QAction* filterIcon_;
   Metric* found_;
   Metric* selected_;
   Metric* scanned_;
@@ -54,13 +53,13 @@ class ResultsHeader final : public QWidget {
   QBoxLayout* secondLine_;
 };
 
-/// The lower part of the results: what is selected, and what can be done with it.
+/// The lower part of the results: Rescan, the totals of the selection, and Move Selected to Trash.
 class ResultsFooter final : public QWidget {
   Q_OBJECT
  public:
   explicit ResultsFooter(AppModel& model, QWidget* parent = nullptr);
 
-  /// Shows what is selected; the filter leaves out this many of the items.
+  /// Updates the totals. `hiddenCount` is how many selected candidates the filter hides.
   void refresh(const Selection::Totals& totals, std::size_t hiddenCount);
 
   /// The default action of the screen.

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 
 #include "ui/look/Drawing.h"
 #include "ui/look/Symbols.h"
@@ -16,7 +17,7 @@ ResultsRowKind kindOf(const QModelIndex& index) {
   return static_cast<ResultsRowKind>(index.data(KindRole).toInt());
 }
 
-// One row on its way to the screen.
+// Lives for one call of paint().
 class RowPainter {
  public:
   RowPainter(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
@@ -61,15 +62,14 @@ class RowPainter {
   QString text(int role) const { return index_.data(role).toString(); }
 
   void paintCard(ResultsRowKind kind) {
-    const bool canOpen = kind == ResultsRowKind::candidate || kind == ResultsRowKind::issuesHeading;
-    const bool isHovered = canOpen && (option_.state & QStyle::State_MouseOver) != 0;
-    const bool isOpen = index_.data(OpenRole).toBool();
+    const bool isHovered = isExpandable(kind) && (option_.state & QStyle::State_MouseOver) != 0;
+    const bool isExpanded = index_.data(ExpandedRole).toBool();
     const bool isIssue = kind == ResultsRowKind::issue || kind == ResultsRowKind::moreIssues;
     const int textLeft = isIssue ? layout_.path.x() : layout_.card.x() + RowLayout::textStart();
     drawing::PlaceInCard place{.isFirst = index_.data(FirstRole).toBool(),
                                .isLast = index_.data(LastRole).toBool()};
     drawing::cardSlice(painter_, layout_.card, place, isHovered ? theme_.cardHovered : theme_.card,
-                       theme_.border, isOpen ? layout_.card.right() : textLeft);
+                       theme_.border, isExpanded ? layout_.card.right() : textLeft);
     if (drawing::showsFocus(option_))
       drawing::focusRing(painter_, layout_.card, theme_.accent, drawing::controlRadius);
   }
@@ -84,9 +84,9 @@ class RowPainter {
   void paintCandidate() {
     QStyle::State tick = option_.state & (QStyle::State_Enabled | QStyle::State_MouseOver);
     if (index_.data(Qt::CheckStateRole).toInt() == Qt::Checked) tick |= QStyle::State_On;
-    drawing::tickBox(painter_, layout_.tickBox, tick, option_.palette);
+    drawing::checkBox(painter_, layout_.checkBox, tick, option_.palette);
     symbols::paint(painter_, text(SymbolRole), tone_, layout_.symbol);
-    drawing::markedLine(
+    drawing::lineWithBadge(
         painter_, layout_.name, fonts_.title, theme_.text, text(Qt::DisplayRole),
         {.word = text(WarningRole), .font = fonts_.note, .colour = theme_.usuallySafe});
     drawing::line(painter_, layout_.path, fonts_.subtitle, theme_.secondary, text(PathRole),
@@ -100,16 +100,16 @@ class RowPainter {
   }
 
   void paintBadge() {
-    const drawing::Mark level{.word = text(BadgeRole), .font = fonts_.badge, .colour = tone_};
+    const drawing::Badge level{.word = text(BadgeRole), .font = fonts_.badge, .colour = tone_};
     QRect place = layout_.badge;
     place.setLeft(place.right() + 1 - std::min(drawing::widthOf(level), place.width()));
     drawing::capsule(painter_, place, level);
   }
 
   void paintChevron() {
-    const bool isOpen = index_.data(OpenRole).toBool();
+    const bool isExpanded = index_.data(ExpandedRole).toBool();
     symbols::paint(painter_,
-                   isOpen ? QStringLiteral("chevron.down") : QStringLiteral("chevron.right"),
+                   isExpanded ? QStringLiteral("chevron.down") : QStringLiteral("chevron.right"),
                    theme_.tertiary, layout_.chevron);
   }
 
@@ -141,20 +141,21 @@ bool ResultsDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
     const bool isChecked = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
     return model->setData(index, isChecked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
   };
-  const auto toggleOpen = [&] {
-    return model->setData(index, !index.data(OpenRole).toBool(), OpenRole);
+  const auto toggleExpanded = [&] {
+    return model->setData(index, !index.data(ExpandedRole).toBool(), ExpandedRole);
   };
   const bool canCheck = (index.flags() & Qt::ItemIsUserCheckable) != 0;
   if (event->type() == QEvent::KeyPress) {
     if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Space) return false;
-    return canCheck ? toggleCheck() : toggleOpen();
+    return canCheck ? toggleCheck() : toggleExpanded();
   }
   if (event->type() != QEvent::MouseButtonRelease) return false;
   const auto* click = static_cast<QMouseEvent*>(event);
   if (click->button() != Qt::LeftButton) return false;
   const RowLayout layout(kindOf(index), option.rect, fonts_);
-  return canCheck && layout.tickArea.contains(click->position().toPoint()) ? toggleCheck()
-                                                                           : toggleOpen();
+  return canCheck && layout.checkBoxHitArea.contains(click->position().toPoint())
+             ? toggleCheck()
+             : toggleExpanded();
 }
 
 }  // namespace broomtide::ui

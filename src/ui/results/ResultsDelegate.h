@@ -6,8 +6,9 @@
 
 namespace broomtide::ui {
 
-/// Draws the rows of the results list from the roles of its model. A click on a tick box, or Space,
-/// selects; a click elsewhere opens or closes.
+/// The delegate of the results list. It paints rows from the roles of the model, and sets two of
+/// them: a click into the hit area of a check box toggles `Qt::CheckStateRole`, another click
+/// `ExpandedRole`. Space does the first, or the second in rows without a check box.
 class ResultsDelegate final : public QStyledItemDelegate {
   Q_OBJECT
  public:

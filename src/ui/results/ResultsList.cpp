@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 
+#include "ui/controls/RecordList.h"
 #include "ui/look/DisplayText.h"
 #include "ui/results/CandidateDetails.h"
 #include "ui/results/ResultsDelegate.h"
@@ -17,16 +18,10 @@ ResultsList::ResultsList(AppModel& appModel, ResultsModel& rows, QWidget* parent
     : QTableView(parent), appModel_(appModel), rows_(rows), delegate_(new ResultsDelegate(this)) {
   setObjectName("candidates");
   setAccessibleName(tr("Cleanup Items"));
-  setFrameShape(QFrame::NoFrame);
+  setUpCards(*this);  // the check boxes are the selection
   setShowGrid(false);
   setTabKeyNavigation(false);
-  setSelectionMode(NoSelection);  // ticks say what is selected
   setEditTriggers(NoEditTriggers);
-  setVerticalScrollMode(ScrollPerPixel);
-  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // its room is there in any case
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  viewport()->setBackgroundRole(QPalette::Window);
-  viewport()->setAttribute(Qt::WA_Hover);
   horizontalHeader()->hide();
   horizontalHeader()->setStretchLastSection(true);
   verticalHeader()->hide();
@@ -36,28 +31,27 @@ ResultsList::ResultsList(AppModel& appModel, ResultsModel& rows, QWidget* parent
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   setItemDelegate(delegate_);
 
-  // The list does its part after the view has done its own.
+  // Slots run in the order of their connection: those of the view first.
   setModel(&rows);
-  connect(&rows, &ResultsModel::modelAboutToBeReset, this, &ResultsList::keepPlace);
-  connect(&rows, &ResultsModel::modelReset, this, &ResultsList::restorePlace);
+  connect(&rows, &ResultsModel::modelAboutToBeReset, this, &ResultsList::saveCurrentRow);
+  connect(&rows, &ResultsModel::modelReset, this, &ResultsList::restoreCurrentRow);
   connect(&rows, &ResultsModel::rowsInserted, this,
           [this](const QModelIndex&, int first, int last) {
-            dressRows(first, last);
+            layOutRows(first, last);
             reveal(first, last);
           });
-  connect(&rows, &ResultsModel::dataChanged, this, &ResultsList::tellSelection);
-  dressRows(0, rows.rowCount() - 1);
-  goToEnd(0, 1);
+  connect(&rows, &ResultsModel::dataChanged, this, &ResultsList::announceCheckState);
+  layOutRows(0, rows.rowCount() - 1);
+  setCurrentFrom(0, 1);
 }
 
-// Rows of candidates have the height that all rows have unless told otherwise, which another row in
-// the same place may have been before.
-void ResultsList::dressRows(int first, int last) {
-  const int usual = verticalHeader()->defaultSectionSize();
+// A candidate may be where a row with a height of its own was before.
+void ResultsList::layOutRows(int first, int last) {
+  const int defaultHeight = verticalHeader()->defaultSectionSize();
   for (int row = first; row <= last; ++row) {
     const ResultsRowKind kind = rows_.row(row).kind;
     if (kind == ResultsRowKind::candidate) {
-      if (rowHeight(row) != usual) setRowHeight(row, usual);
+      if (rowHeight(row) != defaultHeight) setRowHeight(row, defaultHeight);
       continue;
     }
     if (kind == ResultsRowKind::details) {
@@ -72,7 +66,7 @@ void ResultsList::dressRows(int first, int last) {
   }
 }
 
-// Scrolls until what was opened can be seen, as far as the row that it belongs to stays in sight.
+// Scrolls to the rows that were inserted, as far as the one that they belong to stays visible.
 void ResultsList::reveal(int first, int last) {
   if (!isVisible()) return;
   executeDelayedItemsLayout();
@@ -94,16 +88,16 @@ void ResultsList::resizeEvent(QResizeEvent* event) {
   }
 }
 
-void ResultsList::keepPlace() {
-  place_.reset();
-  if (currentIndex().isValid()) place_ = rows_.row(currentIndex().row());
+void ResultsList::saveCurrentRow() {
+  savedCurrent_.reset();
+  if (currentIndex().isValid()) savedCurrent_ = rows_.row(currentIndex().row());
 }
 
-void ResultsList::restorePlace() {
-  dressRows(0, rows_.rowCount() - 1);
-  const int row = place_ ? rows_.numberOf(*place_) : -1;
+void ResultsList::restoreCurrentRow() {
+  layOutRows(0, rows_.rowCount() - 1);
+  const int row = savedCurrent_ ? rows_.numberOf(*savedCurrent_) : -1;
   if (row < 0) {
-    goToEnd(0, 1);
+    setCurrentFrom(0, 1);
     scrollToTop();
   } else {
     setCurrentIndex(rows_.index(row, 0));
@@ -112,16 +106,16 @@ void ResultsList::restorePlace() {
 }
 
 void ResultsList::keyPressEvent(QKeyEvent* event) {
-  window()->setAttribute(Qt::WA_KeyboardFocusChange);  // whoever steers by keys sees where they are
-  if (steer(*event)) {
+  window()->setAttribute(Qt::WA_KeyboardFocusChange);  // shows the focus ring
+  if (handleKey(*event)) {
     event->accept();
   } else {
     QTableView::keyPressEvent(event);
   }
 }
 
-// Keys that a list has and a table has not.
-bool ResultsList::steer(const QKeyEvent& event) {
+// Keys that work as in a list or a tree, not as in a table.
+bool ResultsList::handleKey(const QKeyEvent& event) {
   if (event.matches(QKeySequence::Copy)) {
     const ScanCandidate* candidate = rows_.candidate(currentIndex());
     if (candidate == nullptr) return false;
@@ -130,29 +124,29 @@ bool ResultsList::steer(const QKeyEvent& event) {
   }
   switch (event.key()) {
     case Qt::Key_Right:
-      setOpen(currentIndex(), true);
+      setExpanded(currentIndex(), true);
       return true;
     case Qt::Key_Left:
-      setOpen(currentIndex(), false);
+      setExpanded(currentIndex(), false);
       return true;
     case Qt::Key_Home:
-      goToEnd(0, 1);
+      setCurrentFrom(0, 1);
       scrollToTop();
       return true;
     case Qt::Key_End:
-      goToEnd(rows_.rowCount() - 1, -1);
+      setCurrentFrom(rows_.rowCount() - 1, -1);
       return true;
     default:
       return false;
   }
 }
 
-void ResultsList::setOpen(const QModelIndex& index, bool isOpen) {
-  rows_.setData(index, isOpen, OpenRole);
+void ResultsList::setExpanded(const QModelIndex& index, bool isExpanded) {
+  rows_.setData(index, isExpanded, ExpandedRole);
 }
 
-// The first row, going from there by steps, that can be the current one.
-void ResultsList::goToEnd(int from, int step) {
+// Makes the first enabled row, from there by steps of 1 or -1, the current one.
+void ResultsList::setCurrentFrom(int from, int step) {
   for (int row = from; row >= 0 && row < rows_.rowCount(); row += step) {
     const QModelIndex index = rows_.index(row, 0);
     if ((index.flags() & Qt::ItemIsEnabled) == 0) continue;
@@ -178,9 +172,9 @@ void ResultsList::contextMenuEvent(QContextMenuEvent* event) {
   menu->popup(place);
 }
 
-// Screen readers hear of a tick box only when they are told.
-void ResultsList::tellSelection(const QModelIndex& first, const QModelIndex&,
-                                const QList<int>& roles) {
+// Qt's item views do not announce a changed check state to screen readers.
+void ResultsList::announceCheckState(const QModelIndex& first, const QModelIndex&,
+                                     const QList<int>& roles) {
   if (!QAccessible::isActive() || !roles.contains(Qt::CheckStateRole) || !first.isValid()) return;
   QAccessibleInterface* table = QAccessible::queryAccessibleInterface(this);
   if (table == nullptr || table->tableInterface() == nullptr || !currentIndex().isValid()) return;

@@ -1,3 +1,18 @@
+// The results list: rows, model, delegate and view.
+//
+// ResultsRows arranges the rows, eight bytes each: a kind, and the index of a candidate or an
+// issue. ResultsModel is a table model of one column over them. It copies nothing: data() reads the
+// candidates of the AppModel. ResultsDelegate paints from roles alone; RowLayout has the geometry
+// for measuring, painting and hit tests.
+//
+// Input ends in setData(). CheckStateRole is passed on to the AppModel, whose observers turn each
+// change of the selection into one dataChanged. ExpandedRole inserts or removes the rows below.
+// Sorting and filtering reset the model: the list saves the current row as a ResultsRow before and
+// restores it after, because a QModelIndex does not survive.
+//
+// Candidates have the default section size of the vertical header, so a reset does not measure
+// 100,000 rows. layOutRows() sets the other heights, and makes expanded details index widgets.
+
 #pragma once
 
 #include <QTableView>
@@ -10,9 +25,9 @@ namespace broomtide::ui {
 
 class ResultsDelegate;
 
-/// The list of what was found. Space selects, right and left open and close, and there is a menu
-/// for each candidate. Rows are drawn; only details that are open are widgets, so that their text
-/// can be selected.
+/// The view of the results list. Space selects, Right and Left expand and collapse, Copy takes the
+/// path of a candidate, which has a context menu as well. Only expanded details are widgets, so
+/// that their text can be selected.
 class ResultsList final : public QTableView {
   Q_OBJECT
  public:
@@ -26,20 +41,21 @@ class ResultsList final : public QTableView {
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
  private:
-  bool steer(const QKeyEvent& event);
-  void setOpen(const QModelIndex& index, bool isOpen);
-  void goToEnd(int from, int step);
-  void keepPlace();
-  void restorePlace();
-  void dressRows(int first, int last);
+  bool handleKey(const QKeyEvent& event);
+  void setExpanded(const QModelIndex& index, bool isExpanded);
+  void setCurrentFrom(int from, int step);
+  void saveCurrentRow();
+  void restoreCurrentRow();
+  void layOutRows(int first, int last);
   void reveal(int first, int last);
   void fitDetails(int row);
-  void tellSelection(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles);
+  void announceCheckState(const QModelIndex& first, const QModelIndex& last,
+                          const QList<int>& roles);
 
   AppModel& appModel_;
   ResultsModel& rows_;
   ResultsDelegate* delegate_;
-  std::optional<ResultsRow> place_;  // the current row while all rows change
+  std::optional<ResultsRow> savedCurrent_;  // the current row during a model reset
 };
 
 }  // namespace broomtide::ui

@@ -33,8 +33,8 @@ int ResultsModel::rowCount(const QModelIndex& parent) const {
 
 int ResultsModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : 1; }
 
-// A selection changes candidates where they are. Others have come in their place, or none, when
-// the screen is about to go.
+// A selection changes candidates in place. Otherwise there are others, or none because the screen
+// is about to be left.
 void ResultsModel::followCandidates() {
   const std::span<const ScanCandidate> now = model_.candidates();
   if (now.data() == shown_.data() && now.size() == shown_.size()) {
@@ -71,8 +71,8 @@ QVariant ResultsModel::data(const QModelIndex& index, int role) const {
   switch (role) {
     case KindRole:
       return static_cast<int>(shown.kind);
-    case OpenRole:
-      return rows_.isOpen(shown);
+    case ExpandedRole:
+      return rows_.isExpanded(shown);
     case FirstRole:
       return isFirst(index.row());
     case LastRole:
@@ -85,9 +85,9 @@ QVariant ResultsModel::data(const QModelIndex& index, int role) const {
       return sectionData(static_cast<SafetyLevel>(shown.position), role);
     case ResultsRowKind::candidate:
       return candidateData(shown, role);
-    case ResultsRowKind::details:  // a widget, which screen readers do not find inside a table
+    case ResultsRowKind::details:  // an index widget, which screen readers do not find
       if (role != Qt::AccessibleTextRole) return {};
-      return candidatetext::details(model_.candidates()[shown.position]);
+      return candidatetext::accessibleDetails(model_.candidates()[shown.position]);
     case ResultsRowKind::issuesHeading:
     case ResultsRowKind::issue:
     case ResultsRowKind::moreIssues:
@@ -120,7 +120,7 @@ QVariant ResultsModel::candidateData(const ResultsRow& row, int role) const {
     case Qt::CheckStateRole:
       return candidate.isSelected ? Qt::Checked : Qt::Unchecked;
     case Qt::AccessibleTextRole:
-      return candidatetext::sentence(candidate, rows_.isOpen(row));
+      return candidatetext::accessibleText(candidate, rows_.isExpanded(row));
     case Qt::AccessibleDescriptionRole:
       return tr("Select %1").arg(display::unmarked(display::name(candidate.url)));
     case PathRole:
@@ -171,31 +171,29 @@ bool ResultsModel::setData(const QModelIndex& index, const QVariant& value, int 
     if (isSelected != found->isSelected) model_.toggleCandidate(std::string(found->id()));
     return true;
   }
-  const ResultsRowKind kind = row(index.row()).kind;
-  const bool canOpen = found != nullptr || kind == ResultsRowKind::issuesHeading;
-  if (role != OpenRole || !canOpen) return false;
-  setOpen(index.row(), value.toBool());
+  if (role != ExpandedRole || !isExpandable(row(index.row()).kind)) return false;
+  setExpanded(index.row(), value.toBool());
   return true;
 }
 
-void ResultsModel::setOpen(int number, bool isOpen) {
+void ResultsModel::setExpanded(int number, bool isExpanded) {
   const ResultsRow changed = row(number);
-  if (rows_.isOpen(changed) == isOpen) return;
+  if (rows_.isExpanded(changed) == isExpanded) return;
   const std::vector<ResultsRow> below = rows_.rowsBelow(changed);
   const auto count = static_cast<int>(below.size());
   const auto at = static_cast<std::size_t>(number) + 1;
-  if (isOpen) {
+  if (isExpanded) {
     beginInsertRows({}, number + 1, number + count);
     rows_.insert(at, below);
-    rows_.noteOpen(changed, isOpen);
+    rows_.setExpanded(changed, isExpanded);
     endInsertRows();
   } else {
     beginRemoveRows({}, number + 1, number + count);
     rows_.remove(at, below.size());
-    rows_.noteOpen(changed, isOpen);
+    rows_.setExpanded(changed, isExpanded);
     endRemoveRows();
   }
-  emit dataChanged(index(number, 0), index(number, 0), {OpenRole, Qt::AccessibleTextRole});
+  emit dataChanged(index(number, 0), index(number, 0), {ExpandedRole, Qt::AccessibleTextRole});
 }
 
 void ResultsModel::setSortOrder(SortOrder order) {

@@ -11,13 +11,13 @@
 namespace broomtide::ui {
 namespace {
 
-constexpr std::size_t maxIssues = 10;
+constexpr std::size_t maxIssues = 10;  // more are only counted
 
-bool isPlain(const QString& word) {
+bool isAscii(const QString& word) {
   return std::ranges::all_of(word, [](QChar letter) { return letter.unicode() < 0x80; });
 }
 
-// `word` is in lower case and not empty.
+// REQUIRES: `word` is ASCII in lower case and not empty.
 bool containsIgnoringCase(std::string_view text, std::string_view word) {
   const char first = word.front();
   const char capital = QChar(QLatin1Char(first)).toUpper().toLatin1();
@@ -30,14 +30,15 @@ bool containsIgnoringCase(std::string_view text, std::string_view word) {
 
 }  // namespace
 
-CandidateFilter::Word::Word(const QString& text) : any(text, Qt::CaseInsensitive) {
-  if (isPlain(text)) plain = text.toLower().toStdString();
+CandidateFilter::Word::Word(const QString& text) : matcher(text, Qt::CaseInsensitive) {
+  if (isAscii(text)) ascii = text.toLower().toStdString();
 }
 
 bool CandidateFilter::Word::isIn(std::string_view text) const {
-  if (plain.empty())
-    return any.indexIn(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))) >= 0;
-  return containsIgnoringCase(text, plain);
+  if (ascii.empty())
+    return matcher.indexIn(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))) >=
+           0;
+  return containsIgnoringCase(text, ascii);
 }
 
 CandidateFilter::CandidateFilter(const QString& text) {
@@ -46,14 +47,14 @@ CandidateFilter::CandidateFilter(const QString& text) {
   }
 }
 
-bool CandidateFilter::picks(const ScanCandidate& candidate) const {
+bool CandidateFilter::matches(const ScanCandidate& candidate) const {
   return std::ranges::all_of(words_, [&](const Word& word) {
-    return word.isIn(candidate.relativePath) || word.isIn(shownCategory(candidate.category));
+    return word.isIn(candidate.relativePath) || word.isIn(translatedCategory(candidate.category));
   });
 }
 
-const std::string& CandidateFilter::shownCategory(std::string_view category) const {
-  std::string& shown = shownCategories_[category];
+const std::string& CandidateFilter::translatedCategory(std::string_view category) const {
+  std::string& shown = translatedCategories_[category];
   if (shown.empty()) shown = enginetext::title(category).toStdString();
   return shown;
 }
@@ -86,7 +87,7 @@ void ResultsRows::arrange() {
   totals_ = {};
   for (const std::uint32_t position : sorted_) {
     const ScanCandidate& candidate = candidates_[position];
-    if (!filter_.picks(candidate)) continue;
+    if (!filter_.matches(candidate)) continue;
     Total& total = totals_[static_cast<std::size_t>(candidate.safety)];
     if (total.count == 0)
       append({ResultsRowKind::section, static_cast<std::uint32_t>(candidate.safety)});
@@ -99,15 +100,15 @@ void ResultsRows::arrange() {
 
 void ResultsRows::append(const ResultsRow& row) {
   rows_.push_back(row);
-  if (isOpen(row)) insert(rows_.size(), rowsBelow(row));
+  if (isExpanded(row)) insert(rows_.size(), rowsBelow(row));
 }
 
-bool ResultsRows::isOpen(const ResultsRow& row) const {
+bool ResultsRows::isExpanded(const ResultsRow& row) const {
   switch (row.kind) {
     case ResultsRowKind::candidate:
-      return openCandidates_.contains(row.position);
+      return expandedCandidates_.contains(row.position);
     case ResultsRowKind::issuesHeading:
-      return areIssuesOpen_;
+      return areIssuesExpanded_;
     case ResultsRowKind::section:
     case ResultsRowKind::details:
     case ResultsRowKind::issue:
@@ -123,13 +124,13 @@ std::size_t ResultsRows::shownSelectedCount() const {
   }));
 }
 
-void ResultsRows::noteOpen(const ResultsRow& row, bool isOpen) {
+void ResultsRows::setExpanded(const ResultsRow& row, bool isExpanded) {
   if (row.kind == ResultsRowKind::issuesHeading) {
-    areIssuesOpen_ = isOpen;
-  } else if (isOpen) {
-    openCandidates_.insert(row.position);
+    areIssuesExpanded_ = isExpanded;
+  } else if (isExpanded) {
+    expandedCandidates_.insert(row.position);
   } else {
-    openCandidates_.erase(row.position);
+    expandedCandidates_.erase(row.position);
   }
 }
 

@@ -52,7 +52,6 @@ Record recordOf(const ProjectReclaimSummary& summary, std::int64_t largest) {
                    : 0};
 }
 
-// What each project could free, the largest first, with a bar for its share of the largest.
 QWidget* projectList(const AppModel& model) {
   const std::vector<ProjectReclaimSummary> summaries = model.projectReclaimSummaries();
   std::vector<Record> records;

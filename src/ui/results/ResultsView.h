@@ -15,7 +15,7 @@ class ResultsHeader;
 class ResultsList;
 class ResultsModel;
 
-/// Where people review what a scan has found and decide what goes to the Trash.
+/// The results screen: header, list or projects, and footer.
 class ResultsView final : public QWidget {
   Q_OBJECT
  public:

@@ -8,21 +8,21 @@ namespace broomtide::ui {
 namespace {
 
 using drawing::centred;
+using drawing::checkBoxSide;
 using drawing::rowEdge;
 using drawing::rowGap;
 using drawing::rowPadding;
 using drawing::rowSymbolSide;
-constexpr int tickSide = 18;
 constexpr int chevronSide = 14;
 constexpr int minTrailingWidth = 112;
 constexpr int badgePadding = 3;
 constexpr int aboveSection = 14;
 
-int widthFor(const QFont& badge) {
+int widthFor(const QFont& font) {
   int result = minTrailingWidth;
   for (const SafetyLevel level : allSafetyLevels) {
-    const drawing::Mark mark{.word = candidatetext::safety(level), .font = badge, .colour = {}};
-    result = std::max(result, drawing::widthOf(mark));
+    const drawing::Badge badge{.word = candidatetext::safety(level), .font = font, .colour = {}};
+    result = std::max(result, drawing::widthOf(badge));
   }
   return result;
 }
@@ -34,7 +34,7 @@ ResultsFonts::ResultsFonts()
       badge(fontFor(TextStyle::smallBold)),
       trailingWidth(widthFor(badge)) {}
 
-int RowLayout::textStart() { return rowEdge + tickSide + rowGap + rowSymbolSide + rowGap; }
+int RowLayout::textStart() { return rowEdge + checkBoxSide + rowGap + rowSymbolSide + rowGap; }
 
 int RowLayout::height(ResultsRowKind kind, const ResultsFonts& fonts) {
   switch (kind) {
@@ -68,9 +68,10 @@ RowLayout::RowLayout(ResultsRowKind kind, const QRect& row, const ResultsFonts& 
       chevron = centred(end - chevronSide, row, chevronSide);
       const int trailing = chevron.x() - rowGap - fonts.trailingWidth;
       const int width = trailing - rowGap - start;
-      tickBox = centred(row.x() + rowEdge, row, tickSide);
-      tickArea = QRect(row.topLeft(), QSize(tickBox.right() + rowGap / 2 - row.x(), row.height()));
-      symbol = centred(row.x() + rowEdge + tickSide + rowGap, row, rowSymbolSide);
+      checkBox = centred(row.x() + rowEdge, row, checkBoxSide);
+      checkBoxHitArea =
+          QRect(row.topLeft(), QSize(checkBox.right() + rowGap / 2 - row.x(), row.height()));
+      symbol = centred(row.x() + rowEdge + checkBoxSide + rowGap, row, rowSymbolSide);
       const drawing::RowLines lines(QPoint(start, row.y() + rowPadding), width, fonts);
       name = lines.title;
       path = lines.subtitle;
@@ -83,18 +84,18 @@ RowLayout::RowLayout(ResultsRowKind kind, const QRect& row, const ResultsFonts& 
     }
     case ResultsRowKind::issuesHeading:
       card.setTop(row.y() + aboveSection);
-      symbol = centred(row.x() + rowEdge, card, tickSide);
+      symbol = centred(row.x() + rowEdge, card, checkBoxSide);
       chevron = centred(end - chevronSide, card, chevronSide);
       name = QRect(symbol.right() + rowGap, card.y() + rowPadding,
                    chevron.x() - symbol.right() - 2 * rowGap, lineHeight(fonts.title));
       break;
     case ResultsRowKind::issue:
-      path = QRect(row.x() + rowEdge + tickSide + rowGap, row.y() + rowPadding,
-                   row.width() - 2 * rowEdge - tickSide - rowGap, lineHeight(fonts.subtitle));
+      path = QRect(row.x() + rowEdge + checkBoxSide + rowGap, row.y() + rowPadding,
+                   row.width() - 2 * rowEdge - checkBoxSide - rowGap, lineHeight(fonts.subtitle));
       note = QRect(path.x(), path.bottom() + 1, path.width(), lineHeight(fonts.note));
       break;
     case ResultsRowKind::moreIssues:
-      path = QRect(row.x() + rowEdge + tickSide + rowGap, row.y() + rowPadding,
+      path = QRect(row.x() + rowEdge + checkBoxSide + rowGap, row.y() + rowPadding,
                    row.width() - 2 * rowEdge, lineHeight(fonts.subtitle));
       break;
     case ResultsRowKind::details:

@@ -5,34 +5,34 @@
 
 namespace broomtide::ui {
 
-/// The fonts of the results list, and what is as wide as they make it.
+/// The fonts of the results list, and the width that depends on them.
 struct ResultsFonts : drawing::RowFonts {
   ResultsFonts();
 
   QFont section, badge;
-  int trailingWidth;  ///< of badges and sizes
+  int trailingWidth;  ///< of the column with badges and sizes, in pixels
 };
 
-/// Where the parts of a row of the results list are; the same for measuring, drawing and clicking.
-/// Parts that a kind of row does not have are empty.
+/// The geometry of a row of the results list, for measuring, painting and hit tests. Parts that a
+/// kind of row does not have are empty rectangles.
 struct RowLayout {
-  QRect card;  ///< what the row shows of its card
-  QRect tickBox;
-  QRect tickArea;  ///< where a click counts as one on the tick box
+  QRect card;  ///< the slice of the card behind the row
+  QRect checkBox;
+  QRect checkBoxHitArea;  ///< the check box, and around it up to the edges of the row
   QRect symbol;
   QRect name;
   QRect path;
   QRect note;
-  QRect badge;  ///< as wide as it may be; it ends at the right
+  QRect badge;  ///< as wide as it may be, aligned to the right
   QRect size;
   QRect chevron;
 
   RowLayout(ResultsRowKind kind, const QRect& row, const ResultsFonts& fonts);
 
-  /// The height of a row in pixels; that of details depends on what they say and is not known here.
+  /// The height of a row in pixels. That of details is not known here: it depends on their widget.
   static int height(ResultsRowKind kind, const ResultsFonts& fonts);
 
-  /// Where texts begin, from the left edge of a row.
+  /// The x of texts, from the left edge of a row.
   static int textStart();
 };
 

@@ -99,7 +99,7 @@ void ConfirmationView::refresh() {
   warning_->setVisible(unusual > 0);
   move_->setText(model_.isCleaning() ? tr("Moving…") : tr("Move to Trash"));
   if (model_.isCleaning() && move_->hasFocus()) {
-    // Otherwise the next button would get the focus, and Return would press that one.
+    // Disabling it would pass the focus to the next button, which Return would click.
     setFocusProxy(nullptr);
     setFocus();
   }

@@ -10,7 +10,8 @@ namespace broomtide::ui {
 class Button;
 class Label;
 
-/// Asks whether to move what is selected to the Trash.
+/// The confirmation screen, before the selection is moved to the Trash. Its buttons stay while the
+/// cleanup runs, with Move disabled.
 class ConfirmationView final : public QWidget {
   Q_OBJECT
  public:

@@ -6,7 +6,7 @@
 
 namespace broomtide::ui {
 
-/// The cleanups so far, the newest first.
+/// The history screen: the cleanups so far, the newest first.
 class HistoryView final : public QWidget {
   Q_OBJECT
  public:

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOption>
+#include <algorithm>
 #include <utility>
 
 #include "ui/controls/Keys.h"
@@ -13,18 +14,18 @@
 namespace broomtide::ui {
 namespace {
 
-constexpr int edge = 20;
+constexpr int padding = 20;
 constexpr int iconSide = 34;
 constexpr int smallIconSide = 16;
 constexpr int minCardWidth = 230;
 constexpr int minDetailLines = 3;
 
-QColor between(const QColor& from, const QColor& to, double progress) {
+QColor blend(const QColor& from, const QColor& to, double progress) {
   const auto mix = [progress](int a, int b) { return a + qRound((b - a) * progress); };
   return {mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue())};
 }
 
-// Where the parts of a card are; the same for measuring and for drawing.
+// The geometry of a card, for measuring and for painting.
 struct Layout {
   QFont titleFont = fontFor(TextStyle::headline);
   QFont detailFont = fontFor(TextStyle::small);
@@ -34,16 +35,16 @@ struct Layout {
 
   explicit Layout(const QRect& card, const QString& titleText = {},
                   const QString& detailText = {}) {
-    const int left = card.x() + edge;
-    const int width = card.width() - 2 * edge;
-    icon = QRect(left, card.y() + edge, iconSide, iconSide);
+    const int left = card.x() + padding;
+    const int width = card.width() - 2 * padding;
+    icon = QRect(left, card.y() + padding, iconSide, iconSide);
     title = QRect(left, icon.bottom() + 13, width,
                   std::max(lineHeight(titleFont), drawing::heightOf(titleText, titleFont, width)));
     detail = QRect(left, title.bottom() + 5, width,
                    std::max(minDetailLines * lineHeight(detailFont),
                             drawing::heightOf(detailText, detailFont, width)));
-    height = detail.bottom() + 17 + smallIconSide + edge - card.y();
-    const int bottom = card.y() + std::max(card.height(), height) - edge;
+    height = detail.bottom() + 17 + smallIconSide + padding - card.y();
+    const int bottom = card.y() + std::max(card.height(), height) - padding;
     actionIcon = QRect(left, bottom - smallIconSide, smallIconSide, smallIconSide);
     action = QRect(actionIcon.right() + 7, actionIcon.y() - 2, width - smallIconSide - 6,
                    smallIconSide + 4);
@@ -95,10 +96,10 @@ void ScanModeCard::keyPressEvent(QKeyEvent* event) {
 void ScanModeCard::paintEvent(QPaintEvent*) {
   const Theme& theme = Theme::of(palette());
   const Layout layout(rect(), text(), detail_);
-  const double lit = isDown() ? 1 : highlight_.currentValue().toDouble();
+  const double highlight = isDown() ? 1 : highlight_.currentValue().toDouble();
   QPainter painter(this);
-  drawing::surface(painter, rect(), between(theme.card, theme.cardHovered, lit),
-                   between(theme.border, theme.accent, lit), drawing::cardRadius);
+  drawing::surface(painter, rect(), blend(theme.card, theme.cardHovered, highlight),
+                   blend(theme.border, theme.accent, highlight), drawing::cardRadius);
   QStyleOption option;
   option.initFrom(this);
   if (drawing::showsFocus(option))

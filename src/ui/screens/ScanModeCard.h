@@ -5,7 +5,7 @@
 
 namespace broomtide::ui {
 
-/// A large card that starts a scan. It lights up while the pointer is over it.
+/// A large button in the shape of a card that starts a scan, highlighted while it is hovered.
 class ScanModeCard final : public QAbstractButton {
   Q_OBJECT
  public:
@@ -28,7 +28,7 @@ class ScanModeCard final : public QAbstractButton {
   const QString icon_;
   const QString detail_;
   bool isHovered_ = false;
-  QVariantAnimation highlight_;  // from 0, as it is, to 1, lit up
+  QVariantAnimation highlight_;  // from 0, at rest, to 1, hovered
 };
 
 }  // namespace broomtide::ui

@@ -22,21 +22,15 @@ QString folderName(const AppModel& model) {
                          : ScanningView::tr("folder");
 }
 
-Metric* named(const char* name, const QString& label) {
-  auto* result = new Metric(label, Qt::AlignHCenter);
-  result->setObjectName(name);
-  return result;
-}
-
 }  // namespace
 
 ScanningView::ScanningView(AppModel& model, QWidget* parent)
     : QWidget(parent),
       model_(model),
       currentPath_(new ElidedLabel({}, TextStyle::body, Tone::secondary)),
-      itemsScanned_(named("itemsScanned", tr("Items scanned"))),
-      reclaimable_(named("reclaimable", tr("Reclaimable"))),
-      matches_(named("matches", tr("Matches"))),
+      itemsScanned_(new Metric("itemsScanned", tr("Items scanned"), Qt::AlignHCenter)),
+      reclaimable_(new Metric("reclaimable", tr("Reclaimable"), Qt::AlignHCenter)),
+      matches_(new Metric("matches", tr("Matches"), Qt::AlignHCenter)),
       frame_([this] { refresh(); }) {
   setObjectName("scanning");
   auto* heading = new ElidedLabel(tr("Scanning %1").arg(folderName(model)), TextStyle::largeTitle);
@@ -49,7 +43,7 @@ ScanningView::ScanningView(AppModel& model, QWidget* parent)
   back->setObjectName("backToHome");
   connect(back, &Button::clicked, this, [&model] { model.returnHome(); });
   keys::setCancelAction(*this, *back);
-  setAccessibleName(heading->text());  // it has the focus itself, so that no key presses the button
+  setAccessibleName(heading->text());  // it has the focus, so that no key clicks the button
 
   QVBoxLayout& lines = (new Column(*this, maxScanWidth))->lines();
   lines.setSpacing(8);

@@ -11,8 +11,7 @@ namespace broomtide::ui {
 class Label;
 class Metric;
 
-/// What is shown while a scan runs: the folder, where the scan is, what it has found so far, and
-/// the way out.
+/// The screen of a running scan: its progress, and the button that cancels it.
 class ScanningView final : public QWidget {
   Q_OBJECT
  public:

@@ -24,8 +24,7 @@ constexpr int failuresHeight = 220;
 QLayout* metrics(const CleanupResult& result) {
   auto* row = new QHBoxLayout;
   const auto add = [row](const char* name, const QString& label, const QString& value) {
-    auto* metric = new Metric(label, Qt::AlignHCenter);
-    metric->setObjectName(name);
+    auto* metric = new Metric(name, label, Qt::AlignHCenter);
     metric->setValue(value);
     row->addWidget(metric, 1);
   };
@@ -37,7 +36,7 @@ QLayout* metrics(const CleanupResult& result) {
   return row;
 }
 
-// At least two, and as many more as the longest message needs.
+// All rows have one height: two lines of message, or as many as the longest one needs.
 int messageLines(const std::vector<Record>& records, int width) {
   const QFont font = fontFor(TextStyle::small);
   int tallest = 2 * lineHeight(font);

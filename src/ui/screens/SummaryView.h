@@ -6,7 +6,7 @@
 
 namespace broomtide::ui {
 
-/// What the last cleanup did.
+/// The summary screen: what the last cleanup moved, and what failed.
 class SummaryView final : public QWidget {
   Q_OBJECT
  public:

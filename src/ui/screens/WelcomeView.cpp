@@ -15,7 +15,6 @@
 #include "ui/controls/Label.h"
 #include "ui/controls/Pictures.h"
 #include "ui/look/Drawing.h"
-#include "ui/look/Symbols.h"
 #include "ui/screens/ScanModeCard.h"
 
 namespace broomtide::ui {
@@ -34,20 +33,20 @@ QWidget* trustNote(const QString& icon, const QString& text) {
   return note;
 }
 
-// Some desktops name the machine that a file is on.
+// The URL of a file may name its host.
 bool isOnThisMachine(const QUrl& url) {
   const QString host = url.host();
   return url.isLocalFile() &&
          (host.isEmpty() || host == "localhost" || host == QSysInfo::machineHostName().toLower());
 }
 
-// The one folder that is being dragged, as the bytes of its path.
+// The path of the one folder that is being dragged, in bytes.
 std::optional<std::string> folderOf(const QMimeData& data) {
   const QList<QUrl> urls = data.urls();
   if (urls.size() != 1 || !isOnThisMachine(urls.front())) return std::nullopt;
   const QByteArray path =
       QByteArray::fromPercentEncoding(urls.front().path(QUrl::FullyEncoded).toLatin1());
-  // The system would take a zero for the end; the rest tells that a name was not encoded.
+  // A NUL would end the path; a query or a fragment is part of a name that was not percent-encoded.
   if (!path.startsWith('/') || path.contains('\0')) return std::nullopt;
   if (urls.front().hasQuery() || urls.front().hasFragment()) return std::nullopt;
   std::error_code error;

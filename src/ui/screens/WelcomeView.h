@@ -8,8 +8,8 @@ namespace broomtide::ui {
 
 class ScanModeCard;
 
-/// The start screen: the three ways to scan, what the application promises, and the way to the
-/// history. A folder that is dropped on it is scanned as a folder of projects.
+/// The start screen: a card for each scan mode, and the button for the history. It is a drop
+/// target: a folder that is dropped on it is scanned as a folder of projects.
 class WelcomeView final : public QWidget {
   Q_OBJECT
  public:

@@ -17,15 +17,15 @@ BroomtideApp::BroomtideApp()
   folderDialog_.setWindow(&window_);
 }
 
-void BroomtideApp::introduce(QApplication& application) {
+void BroomtideApp::configure(QApplication& application) {
   QApplication::setApplicationName(QStringLiteral("Broomtide"));
   QApplication::setApplicationVersion(QStringLiteral(BROOMTIDE_VERSION));
   QApplication::setDesktopFileName(QStringLiteral("broomtide"));
-  languages::use(languages::wanted());
+  languages::use(languages::preferred());
   QApplication::setStyle(new Style);
   application.setWindowIcon(symbols::brandMark());
   if (QApplication::platformName() == QStringLiteral("xcb"))
-    application.installEventFilter(new keys::HeldKeys(&application));
+    application.installEventFilter(new keys::AutoRepeatFilter(&application));
 }
 
 }  // namespace broomtide::ui

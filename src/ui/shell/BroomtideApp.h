@@ -13,16 +13,16 @@ QT_FORWARD_DECLARE_CLASS(QApplication)
 
 namespace broomtide::ui {
 
-/// The application: the one model with its real services, and the one window. Needs a
-/// QApplication that lives longer.
+/// Owns the model with its real services and the main window. The QApplication must outlive it.
 class BroomtideApp final {
  public:
   BroomtideApp();
 
   MainWindow& window() { return window_; }
 
-  /// What the desktop and the widgets are told about the application, before any of them is made.
-  static void introduce(QApplication& application);
+  /// Sets name, version and style, and installs translators and event filters. To be called once,
+  /// before there is a widget.
+  static void configure(QApplication& application);
 
  private:
   QtMainThread mainThread_;

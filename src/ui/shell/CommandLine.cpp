@@ -12,16 +12,18 @@ namespace {
 
 constexpr int done = 0;
 constexpr int failed = 1;
-constexpr int wrongUsage = 2;
+constexpr int usageError = 2;
 
 class CommandLine {
   Q_DECLARE_TR_FUNCTIONS(CommandLine)
 };
 
-// Texts are translated for an application alone, which this is without a window.
-class Speaker {
+// Translators are installed on an application object; this kind needs no display.
+class ConsoleApplication {
  public:
-  Speaker() : application_(argumentCount_, nullptr) { languages::use(languages::wanted()); }
+  ConsoleApplication() : application_(argumentCount_, nullptr) {
+    languages::use(languages::preferred());
+  }
 
  private:
   int argumentCount_ = 0;
@@ -52,7 +54,7 @@ bool hasDisplay(const QStringList& arguments) {
 
 std::optional<int> answerWithoutWindow(const QStringList& arguments) {
   if (arguments.contains("--help") || arguments.contains("-h")) {
-    const Speaker speaker;
+    const ConsoleApplication application;
     print(help(), stdout);
     return done;
   }
@@ -61,7 +63,7 @@ std::optional<int> answerWithoutWindow(const QStringList& arguments) {
     return done;
   }
   if (hasDisplay(arguments)) return std::nullopt;
-  const Speaker speaker;
+  const ConsoleApplication application;
   print(CommandLine::tr("broomtide: There is no display to open a window on. In a terminal, use "
                         "broomtide-cli.\n"),
         stderr);
@@ -74,7 +76,7 @@ std::optional<int> rejection(const QStringList& arguments) {
                         "Run broomtide --help for more information.\n")
             .arg(display::text(arguments[1].toStdString())),
         stderr);
-  return wrongUsage;
+  return usageError;
 }
 
 }  // namespace broomtide::ui::commandline

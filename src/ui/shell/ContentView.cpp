@@ -13,8 +13,8 @@ namespace {
 
 constexpr QSize minSize(820, 600);
 
-// A screen names where the keyboard begins by its focus proxy. If that stayed, Tab would be caught
-// by the screen and never reach the controls before the proxy.
+// The focus proxy of a screen is where its focus begins. It is reset then, because a screen with a
+// proxy catches Tab, and the controls before the proxy in the tab order are never reached.
 void giveFocus(QWidget& screen) {
   QWidget* first = screen.focusProxy();
   screen.setFocusProxy(nullptr);
@@ -26,16 +26,16 @@ void giveFocus(QWidget& screen) {
 
 ContentView::ContentView(AppModel& model, QWidget* parent) : QStackedWidget(parent), model_(model) {
   setMinimumSize(minSize);
-  observation_ = model.observe([this](AppModel::Field field) { follow(field); });
+  observation_ = model.observe([this](AppModel::Field field) { onModelChanged(field); });
   showScreen();
 }
 
-void ContentView::follow(AppModel::Field field) {
+void ContentView::onModelChanged(AppModel::Field field) {
   if (field == AppModel::Field::route) showScreen();
   if (field == AppModel::Field::errorMessage) showAlert();
 }
 
-// The screen that is left may be waiting for the operation that it called to return.
+// The screen that is left is deleted later: it may have called what changed the route.
 void ContentView::showScreen() {
   QWidget* left = currentWidget();
   QWidget* entered = makeScreen();
@@ -74,7 +74,7 @@ void ContentView::showAlert() {
     alert_->setTextFormat(Qt::PlainText);
     alert_->setAttribute(Qt::WA_DeleteOnClose);
     connect(alert_, &QMessageBox::finished, this, [this] {
-      alert_.clear();  // it is on its way out, and cannot take a further message with it
+      alert_.clear();  // it is closing, so a further message needs a new one
       model_.clearErrorMessage();
     });
   }

@@ -9,8 +9,8 @@
 
 namespace broomtide::ui {
 
-/// What fills the main window: the screen that the model's route names, made anew each time it is
-/// entered, and the alert over it.
+/// The central widget: the screen of the model's route, constructed each time it is entered and
+/// deleted when it is left, and the alert over it.
 class ContentView final : public QStackedWidget {
   Q_OBJECT
  public:
@@ -19,7 +19,7 @@ class ContentView final : public QStackedWidget {
 
  private:
   QWidget* makeScreen();
-  void follow(AppModel::Field field);
+  void onModelChanged(AppModel::Field field);
   void showScreen();
   void showAlert();
 

@@ -6,21 +6,21 @@
 
 namespace broomtide::ui {
 
-/// Follows the desktop when it asks for dark or light applications. Where nobody answers, or the
-/// desktop has no preference, the palette that Qt has from the desktop decides.
+/// Keeps the palette of the application in the desktop's colour scheme, dark or light, as the
+/// settings portal has it. How is explained in DesktopColours.cpp.
 class DesktopColours final : public QObject {
   Q_OBJECT
  public:
-  /// Asks for the preference on this bus and returns at once; the palette of the application
-  /// changes when the answer is there, and with each change of the preference.
+  /// Returns at once: the palette changes from the event loop, when the portal on this bus replies
+  /// and with each change of the setting. Without a connection, nothing ever happens.
   explicit DesktopColours(QDBusConnection bus);
 
  private slots:
-  void follow(const QString& group, const QString& key, const QDBusVariant& value);
+  void onSettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
  private:
-  void ask();
-  static void apply(const QVariant& preference);
+  void read();
+  static void apply(const QVariant& scheme);
 
   QDBusConnection bus_;
 };

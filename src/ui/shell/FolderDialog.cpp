@@ -17,7 +17,7 @@
 namespace broomtide::ui {
 namespace {
 
-// Names of folders as the rest of the window shows them.
+// Escapes names as the rest of the window does.
 class NameDelegate final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -29,14 +29,15 @@ class NameDelegate final : public QStyledItemDelegate {
   }
 };
 
-// Files, their kinds and new folders are not to be chosen; places and dates have room.
-void arrangeForFolders(QFileDialog& dialog) {
+// Hides what is there for files and new folders, and makes room for bookmarks and dates. Qt has no
+// interface for that; a child with another name in another version stays as it is.
+void showFoldersOnly(QFileDialog& dialog) {
   for (const char* name : {"newFolderButton", "fileTypeLabel", "fileTypeCombo"}) {
     if (auto* part = dialog.findChild<QWidget*>(name)) part->hide();
   }
-  if (auto* places = dialog.findChild<QListView*>("sidebar")) {
-    constexpr int placesWidth = 140;
-    places->setMinimumWidth(placesWidth);
+  if (auto* sidebar = dialog.findChild<QListView*>("sidebar")) {
+    constexpr int sidebarWidth = 140;
+    sidebar->setMinimumWidth(sidebarWidth);
   }
   auto* folders = dialog.findChild<QTreeView*>("treeView");
   if (folders == nullptr) return;
@@ -47,15 +48,14 @@ void arrangeForFolders(QFileDialog& dialog) {
   for (const int column : {1, 2}) folders->hideColumn(column);  // size and kind
 }
 
-// All programs that show Qt's dialog share one file with the folders that were opened and the
-// bookmarks in any of them. Below /dev/null there can be no file, so nothing is read or written.
-void keepNothing() {
+// All programs share one settings file of Qt's dialog, with its history and bookmarks. Below
+// /dev/null there can be no file, so nothing is read or written.
+void disableSettings() {
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
 }
 
-// The desktop's own dialog has no place for a message and none for the name of a button on some
-// desktops; Qt's has both.
-void present(QFileDialog& dialog, const FolderRequest& request) {
+// Native dialogs have no place for a message, and some none for the text of the button.
+void setUp(QFileDialog& dialog, const FolderRequest& request) {
   dialog.setObjectName("folderPicker");
   dialog.setWindowTitle(enginetext::title(request.title));
   dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::ShowDirsOnly |
@@ -63,7 +63,7 @@ void present(QFileDialog& dialog, const FolderRequest& request) {
   dialog.setFileMode(QFileDialog::Directory);
   dialog.setLabelText(QFileDialog::Accept, enginetext::title(request.prompt));
   if (request.startingAt) dialog.setDirectory(QFile::decodeName(request.startingAt->c_str()));
-  arrangeForFolders(dialog);
+  showFoldersOnly(dialog);
   dialog.setItemDelegate(new NameDelegate(&dialog));
 
   auto* message = new Label(enginetext::title(request.message), TextStyle::body, Tone::secondary);
@@ -71,7 +71,7 @@ void present(QFileDialog& dialog, const FolderRequest& request) {
   message->setWordWrap(true);
   constexpr int edge = 12;
   message->setContentsMargins(edge, edge, edge, 0);
-  dialog.layout()->setMenuBar(message);
+  dialog.layout()->setMenuBar(message);  // the only place above the dialog's own grid
   dialog.setAccessibleDescription(message->text());
   constexpr QSize size(720, 480);
   dialog.resize(size);
@@ -80,9 +80,9 @@ void present(QFileDialog& dialog, const FolderRequest& request) {
 }  // namespace
 
 std::optional<std::string> FolderDialog::pickFolder(const FolderRequest& request) {
-  keepNothing();
+  disableSettings();
   QFileDialog dialog(window_);
-  present(dialog, request);
+  setUp(dialog, request);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return QFile::encodeName(dialog.selectedFiles().front()).toStdString();
 }

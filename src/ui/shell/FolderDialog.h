@@ -7,10 +7,10 @@
 
 namespace broomtide::ui {
 
-/// Lets people choose a folder in a dialog.
+/// Picks a folder in a modal dialog, with an event loop of its own.
 class FolderDialog final : public FolderPicking {
  public:
-  /// The window that the dialog belongs to from now on.
+  /// Sets the parent of the dialogs to come; it may be deleted before this object.
   void setWindow(QWidget* window) { window_ = window; }
 
   std::optional<std::string> pickFolder(const FolderRequest& request) override;

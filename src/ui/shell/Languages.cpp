@@ -1,3 +1,16 @@
+// Languages and translators.
+//
+// Texts in the sources are English. The build compiles translations/broomtide_<locale>.ts and keeps
+// the results as resources of the program. For the first preferred language that has one, use()
+// installs two translators: that of Qt's own texts, where Qt is installed with it, and ours. The
+// one installed last is asked first. English needs none.
+//
+// The locale is the preferred one, not that of the translation, so de_AT has broomtide_de.ts with
+// Austrian numbers. It is set for Qt, and for the dates and the order of names in the engine.
+//
+// tr() finds the texts of the window by class; those of the engine have the context "Engine"
+// (EngineText). No widget handles a LanguageChange event, so the language is set before the first.
+
 #include "ui/shell/Languages.h"
 
 #include <QCoreApplication>
@@ -14,12 +27,12 @@ namespace {
 const QString folder = QStringLiteral(":/translations");
 const QString prefix = QStringLiteral("broomtide_");
 
-// Languages that are written in several ways are one for each of them; countries share one.
-bool isSame(const QLocale& one, const QLocale& other) {
+// Each script is a language of its own, as in zh_CN and zh_TW; countries share one.
+bool isSameLanguage(const QLocale& one, const QLocale& other) {
   return one.language() == other.language() && one.script() == other.script();
 }
 
-// LANGUAGE counts only beside one of these, and not beside C, as in other programs.
+// LANGUAGE is ignored in the C locale, as gettext does.
 bool isLanguageSet() {
   for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
     const QByteArray name = qgetenv(variable);
@@ -37,14 +50,16 @@ void install(const QString& file, const QString& place) {
   }
 }
 
-void speak(const QLocale& language) {
+void setLocale(const QLocale& language) {
   QLocale::setDefault(language);
   setLanguage(language.name().toStdString());
 }
 
 }  // namespace
 
-QStringList wanted() { return isLanguageSet() ? QLocale::system().uiLanguages() : QStringList(); }
+QStringList preferred() {
+  return isLanguageSet() ? QLocale::system().uiLanguages() : QStringList();
+}
 
 QStringList builtIn() {
   QStringList languages;
@@ -57,12 +72,12 @@ void use(const QStringList& languages) {
   const QStringList known = builtIn();
   for (const QString& name : languages) {
     const QLocale language(name);
-    if (language.language() == QLocale::English) return speak(language);
+    if (language.language() == QLocale::English) return setLocale(language);
     for (const QString& translation : known) {
-      if (!isSame(language, QLocale(translation))) continue;
+      if (!isSameLanguage(language, QLocale(translation))) continue;
       install("qtbase_" + translation, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
       install(prefix + translation, folder);
-      return speak(language);
+      return setLocale(language);
     }
   }
 }

@@ -2,19 +2,20 @@
 
 #include <QStringList>
 
-/// The languages that the window speaks: English, and those whose translations are built in.
+/// The translators and the locale of the window. Its languages are English and those whose
+/// translations are built in; Languages.cpp explains how one is chosen.
 namespace broomtide::ui::languages {
 
-/// The languages that people want, the most welcome first, by LANGUAGE, LC_ALL, LC_MESSAGES and
-/// LANG; none where no language is set.
-QStringList wanted();
+/// The user's languages in order of preference, as locale names, by LANGUAGE, LC_ALL, LC_MESSAGES
+/// and LANG; none in the C locale.
+QStringList preferred();
 
-/// The languages that are built in, such as "zh_CN".
+/// The locale names of the built-in translations, such as "zh_CN".
 QStringList builtIn();
 
-/// Makes the first of these languages that the window speaks the one of the application, with
-/// Qt's own texts, sizes, dates and the order of names. Without one the window is in English, and
-/// the rest as it was. Needs an application, and no window yet.
+/// Uses the first of these that is one of the window's languages: installs its translators and
+/// makes it the default locale. Without one, the window is in English and the locale stays.
+/// REQUIRES: there is a QCoreApplication, which owns the translators, and no widget yet.
 void use(const QStringList& languages);
 
 }  // namespace broomtide::ui::languages

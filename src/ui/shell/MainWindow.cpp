@@ -18,10 +18,9 @@
 namespace broomtide::ui {
 namespace {
 
-constexpr QSize comfortable(1080, 760);
+constexpr QSize preferredSize(1080, 760);
 constexpr int markSide = 58;
 
-// Opens a page of the product's website.
 void openPage(const char* page) {
   QDesktopServices::openUrl(QUrl(QStringLiteral("https://broomtide.example/") + page));
 }
@@ -74,7 +73,7 @@ MainWindow::MainWindow(AppModel& model) : model_(model) {
   addApplicationMenu();
   addHelpMenu();
   setCentralWidget(new ContentView(model));
-  resize(comfortable.boundedTo(screen()->availableSize()));
+  resize(preferredSize.boundedTo(screen()->availableSize()));
 }
 
 void MainWindow::addApplicationMenu() {
@@ -116,8 +115,8 @@ void MainWindow::showAbout() {
   about->open();
 }
 
-// A scan ends here, without a word; a cleanup is asked to stop, and the model waits for that when
-// the program ends, right after this.
+// A scan is cancelled without a message. A cleanup is asked to stop, and the destructor of the
+// model waits for it after the event loop.
 void MainWindow::closeEvent(QCloseEvent* event) {
   model_.returnHome();
   model_.requestStop();

@@ -6,7 +6,7 @@
 
 namespace broomtide::ui {
 
-/// The one window: its content, and the menu commands.
+/// The main window: a `ContentView` and the menu bar.
 class MainWindow final : public QMainWindow {
   Q_OBJECT
  public:

@@ -10,13 +10,11 @@
 
 namespace broomtide::ui {
 
-/// The thread that made this object, through its event loop. What is posted runs in slices between
-/// which the window answers, however much comes.
+/// Runs callbacks in the event loop of the thread that constructs this object, in time slices that
+/// leave room for input and repaints. Those that are queued at its destruction are dropped.
 class QtMainThread final : public QObject, public MainThread {
   Q_OBJECT
  public:
-  QtMainThread() = default;
-
   void post(std::function<void()> work) override;
 
  protected:
@@ -27,9 +25,9 @@ class QtMainThread final : public QObject, public MainThread {
   bool runNext();
 
   std::mutex mutex_;
-  std::deque<std::function<void()>> work_;  // guarded by the mutex
-  bool isAwake_ = false;                    // guarded by it too: somebody will come for the work
-  QBasicTimer slices_;
+  std::deque<std::function<void()>> queue_;  // guarded by the mutex
+  bool isScheduled_ = false;  // guarded by the mutex: an event or the timer is on its way
+  QBasicTimer timer_;
 };
 
 }  // namespace broomtide::ui
