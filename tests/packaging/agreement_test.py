@@ -32,7 +32,7 @@ class Agreement(unittest.TestCase):
         takes = {name for command, options in helps().items() for name in [command, *options, *sum(options.values(), [])]}
         for shell, file, offered in [
             ("bash", "broomtide-cli.bash", r'(?<= choices=").+(?=")'),
-            ("fish", "broomtide-cli.fish", r"(?<= -l )[a-z-]+|(?<= -a )[a-z]+|(?<=    )[a-z]+(?=\\t)"),
+            ("fish", "broomtide-cli.fish", r"(?<= -l )[a-z-]+(?= -)|(?<= -a )[a-z]+|(?<=    )[a-z]+(?=\\t)"),
             ("zsh", "_broomtide-cli", r"--[a-z-]+|[a-z]+(?=\\:)"),  # each is a name before what it means
         ]:
             path = PACKAGING / "completions" / file

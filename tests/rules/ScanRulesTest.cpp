@@ -19,17 +19,6 @@ std::string ruleFor(const std::string& name, CandidateKind kind, ScanMode mode =
   return rule == nullptr ? "" : std::string(rule->id);
 }
 
-TEST(ScanRules, MatchNamesExactlyAndExtensionsWithoutCase) {
-  EXPECT_EQ(ruleFor("Pods", directory), "pods");
-  EXPECT_EQ(ruleFor(".DS_Store", file), "ds-store");
-  EXPECT_EQ(ruleFor("CMakeCache.txt", file), "cmake-cache-file");
-  for (const char* name : {"Debug.LOG", "x.tar.log"}) EXPECT_EQ(ruleFor(name, file), "log");
-  for (const char* name : {"build", "node_modules", ".log", "log", "a.log ", ".ds_store"})
-    EXPECT_EQ(ruleFor(name, file), "") << name;
-  for (const char* name : {"pods", "Node_Modules", "node_modules ", "server.log", ""})
-    EXPECT_EQ(ruleFor(name, directory), "") << name;
-}
-
 TEST(ScanRules, MatchDownloadsByAge) {
   struct Case {
     std::string name;

@@ -39,17 +39,6 @@ TEST(CacheScan, ReportsItsTargetsInOrder) {
             "Well-known developer cache location (~/Library/Caches/pip).");
 }
 
-TEST(CacheScan, ExpandsVisibleChildFoldersOnly) {
-  TemporaryTree tree;
-  const std::string derived = "Library/Developer/Xcode/DerivedData/";
-  for (const char* path : {"App/x", ".hidden/x", "Other/x", "loose"})
-    tree.file(derived + path, "x");
-  tree.link("App", derived + "Linked");
-  tree.folder(derived + "Empty");
-  EXPECT_EQ(pathsOf(ScanRecorder().scan(tree.root(), ScanMode::caches)),
-            (std::vector<std::string>{derived + "App", derived + "Other"}));
-}
-
 // Through a link, two rows can name one folder, or one location lie within another: only the inner
 // one is offered, whichever of them comes first, so that nothing counts twice and nothing goes
 // along unseen.

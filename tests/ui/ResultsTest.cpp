@@ -316,6 +316,16 @@ TEST_F(Results, KeepPlaceDetailsAndHeightsWhenSortedOrFiltered) {
   EXPECT_EQ(list().currentIndex().data().toString(), place);
 }
 
+TEST_F(Results, WrapTheSelectionInANarrowWindow) {
+  show(resultOf({makeCandidate("a")}));
+  test.window().resize(820, 624);
+  test.runUntil([&] { return test.window().width() == 820; });
+  auto& selection = find<QLabel>("selection");
+  selection.setText(QString("54321 selected ").repeated(10));  // as in a language of longer words
+  QCoreApplication::processEvents();
+  EXPECT_LE(selection.minimumSizeHint().width(), selection.width()) << "a part of it is cut off";
+}
+
 TEST_F(Results, OfferAMenuForTheCandidateItWasOpenedFor) {
   const test::TemporaryTree tree;
   ScanCandidate item = makeCandidate("web/we\xff%ird", 9);
