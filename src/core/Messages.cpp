@@ -22,9 +22,24 @@ std::size_t numberOfPlace(std::string_view pattern, std::size_t at) {
   return pattern[at + 1] == 'n' ? 0 : static_cast<std::size_t>(pattern[at + 1] - '1');
 }
 
+// A scan makes two labels for each item that it finds. Lists of initializers would copy them.
+MessageValue valueOf(MessageValue::Kind kind, std::string text) {
+  MessageValue value{.kind = kind, .parts = {}};
+  value.parts.push_back(std::move(text));
+  return value;
+}
+
+Message messageWith(std::string_view pattern, MessageValue value) {
+  Message message{.pattern = pattern, .values = {}};
+  message.values.push_back(std::move(value));
+  return message;
+}
+
 }  // namespace
 
-MessageValue nameValue(std::string name) { return namesValue({std::move(name)}); }
+MessageValue nameValue(std::string name) {
+  return valueOf(MessageValue::Kind::name, std::move(name));
+}
 
 MessageValue namesValue(std::vector<std::string> names) {
   return {.kind = MessageValue::Kind::name, .parts = std::move(names)};
@@ -35,7 +50,7 @@ MessageValue termsValue(std::vector<std::string> terms) {
 }
 
 MessageValue countValue(std::size_t count) {
-  return {.kind = MessageValue::Kind::count, .parts = {std::to_string(count)}};
+  return valueOf(MessageValue::Kind::count, std::to_string(count));
 }
 
 std::string Message::text() const {
@@ -45,12 +60,14 @@ std::string Message::text() const {
   return filled(pattern, texts);
 }
 
-Message bareName(std::string name) {
-  return {.pattern = messages::bare, .values = {nameValue(std::move(name))}};
+Message naming(std::string_view pattern, std::string name) {
+  return messageWith(pattern, nameValue(std::move(name)));
 }
 
+Message bareName(std::string name) { return naming(messages::bare, std::move(name)); }
+
 Message bareSentence(std::string text) {
-  return {.pattern = messages::bare, .values = {termsValue({std::move(text)})}};
+  return messageWith(messages::bare, valueOf(MessageValue::Kind::terms, std::move(text)));
 }
 
 Message messageOf(const std::exception& error) {

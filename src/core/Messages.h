@@ -48,6 +48,9 @@ struct Message {
   bool operator==(const Message&) const = default;
 };
 
+/// A sentence with one place, at which a name or a path stands.
+Message naming(std::string_view pattern, std::string name);
+
 /// A name or a path, alone.
 Message bareName(std::string name);
 

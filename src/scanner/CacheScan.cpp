@@ -130,7 +130,7 @@ class CacheScan {
 
     const CacheTarget& target = *item.target;
     const std::string path = paths::relativePath(item.location, root_);
-    const Message label{.pattern = messages::calculating, .values = {nameValue(path)}};
+    const Message label = naming(messages::calculating, path);
     reports_.report(entries_, reports_.totalBytes(), label);
     if (!folder.isOpen) return;
     Measurement::Result result = item.measurement->await(

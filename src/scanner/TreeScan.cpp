@@ -123,8 +123,7 @@ void TreeScan::visitMatch(const std::string& relativePath, const WalkMatch& matc
   const FileAttributes& attributes = isFolder ? folder.attributes : match.attributes;
   const std::error_code error = isFolder ? folder.error : match.error;
 
-  const Message label{.pattern = isFolder ? messages::calculating : messages::bare,
-                      .values = {nameValue(relativePath)}};
+  const Message label = naming(isFolder ? messages::calculating : messages::bare, relativePath);
   reports_.report(entries_, reports_.totalBytes(), label);
   if (error) {
     const bool hasVanished = error == std::errc::no_such_file_or_directory;

@@ -190,6 +190,18 @@ TEST_F(History, AcceptsWhatOtherWritersMayWrite) {
   EXPECT_EQ(iso8601(written[1].date), "1999-12-31T23:59:59Z");
 }
 
+TEST_F(History, WhatMayNotBeOnTheDiskReplacesNothing) {
+  store.append(entry("/old", "2025-03-01T09:30:00Z"));
+  const std::string before = text();
+  files.onChange = [](const std::string& called) {
+    return std::make_error_code(called == "synchronize" ? std::errc::no_space_on_device
+                                                        : std::errc());
+  };
+  EXPECT_THROW(store.append(entry("/new", "2025-03-02T00:00:00Z")), std::system_error);
+  EXPECT_EQ(text(), before);
+  EXPECT_EQ(names(), std::vector<std::string>{"history.json"});
+}
+
 TEST_F(History, TwoProcessesLoseNothing) {
   constexpr int each = 150;
   const auto appendAll = [&](const std::string& who) {

@@ -131,11 +131,12 @@ std::string joined(const std::vector<std::string>& paths) {
 TEST(GitSnapshot, ClassifiesEveryLocation) {
   const GitSnapshot snapshot{
       .root = "/r/./repo",
-      .trackedPaths = PathSet(joined({"src/main.c", "vendor/lib/a", "caf\xe9/x", "dist-x"})),
+      .trackedPaths =
+          PathSet(joined({"src/main.c", "vendor/lib/a", "caf\xe9/x", "dist-x", "bin/x", "bin.x"})),
       .ignoredPaths = PathSet(joined({"build/", "debug.log", "deep/er/cache/", "nested/"})),
       .isAvailable = true};
   const std::map<GitItemStatus, std::vector<std::string>> folders{
-      {tracked, {"/r/repo/src", "/r/repo/vendor", "/r/repo/caf\xe9"}},
+      {tracked, {"/r/repo/src", "/r/repo/vendor", "/r/repo/caf\xe9", "/r/repo/bin"}},
       {ignored, {"/r/repo/build", "/r/repo/deep/er/cache/z", "/r/repo/../repo/build/"}},
       {untracked,
        {"/r/repo/vendor/li", "/r/repo/dist", "/r/repo/build2", "/r/repo/deep/er", "/r/repo"}},

@@ -8,7 +8,6 @@
 #include "core/Paths.h"
 #include "core/Utf8.h"
 #include "fuzz/Input.h"
-#include "rules/ScanRules.h"
 
 namespace broomtide::fuzz {
 namespace {
@@ -64,17 +63,6 @@ void checkUrl(const std::string& path) {
   require(encoded.find_first_of("\\ \"\n\t?#;&") == std::string::npos, "nothing in a URL acts");
 }
 
-void checkRules(const std::string& name) {
-  const Date now{std::chrono::sys_days{std::chrono::year(2025) / 3 / 1}};
-  for (const CandidateKind kind : {CandidateKind::file, CandidateKind::directory}) {
-    for (const ScanMode mode : {ScanMode::project, ScanMode::downloads}) {
-      const ScanRule* rule = ScanRules::match(name, kind, mode, Date(), now);
-      require(ScanRules::recognises(name, kind, mode) == (rule != nullptr),
-              "a name is recognised when something old enough matches");
-    }
-  }
-}
-
 void check(std::string_view name, std::string_view other) {
   checkUtf8(name);
   const std::string shown = escaped(name);
@@ -84,7 +72,6 @@ void check(std::string_view name, std::string_view other) {
   require(!areText || name == other || shown != escaped(other),
           "different names are shown differently");
   checkUrl(std::string(name));
-  checkRules(std::string(name));
 }
 
 }  // namespace

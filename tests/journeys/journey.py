@@ -113,8 +113,8 @@ class Journey(unittest.TestCase):
         self.assertEqual(result.returncode, status, result.stderr)
         return json.loads(result.stdout)
 
-    def start(self, *arguments, git=None, stdout=subprocess.PIPE):
-        return subprocess.Popen([CLI, *arguments], stdout=stdout, stderr=subprocess.PIPE, env=self.surroundings(git))
+    def start(self, *arguments, git=None):
+        return subprocess.Popen([CLI, *arguments], stdout=subprocess.PIPE, stderr=subprocess.PIPE, env=self.surroundings(git))
 
     def stubbed_git(self, script):
         """The folder of developer tools in which this script is Git."""

@@ -23,8 +23,11 @@ std::map<std::string, std::string> trashedItems(const std::string& trash) {
     std::smatch parts;
     const bool isRight = entry.path().extension() == ".trashinfo" && exists(symlink_status(item)) &&
                          std::regex_match(text, parts, form) && dateFromIso8601(parts.str(2) + 'Z');
-    if (!isRight) throw std::runtime_error("tells of no item: " + entry.path().native());
-    items[paths::percentDecoded(parts.str(1)).value()] = item;
+    const auto place = isRight ? paths::percentDecoded(parts.str(1)) : std::nullopt;
+    if (!place || paths::percentEncoded(*place) != parts.str(1)) {
+      throw std::runtime_error("tells of no item: " + entry.path().native());
+    }
+    items[*place] = item;
   }
   const auto files = std::distance(fs::directory_iterator(trash + "/files"), {});
   if (static_cast<std::size_t>(files) != items.size()) {

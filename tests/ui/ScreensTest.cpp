@@ -142,9 +142,10 @@ TEST_F(Scanning, OnlyEscapeAndItsButtonLeaveIt) {
 class Confirmation : public test::AtTheWindow {
  protected:
   Confirmation() {
-    test.script.clean = [this](const std::vector<ScanCandidate>& items, const auto&) {
+    test.script.clean = [this](const std::vector<ScanCandidate>& items, const auto& stop) {
       hasBegun.release();
       mayEnd.acquire();
+      EXPECT_FALSE(stop.stop_requested()) << "only closing the window stops a cleanup";
       return CleanupResult{items, {}};
     };
   }

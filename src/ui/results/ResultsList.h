@@ -5,7 +5,7 @@
 // candidates of the AppModel. ResultsDelegate paints from roles alone; RowLayout has the geometry
 // for measuring, painting and hit tests.
 //
-// Input ends in setData(). CheckStateRole is passed on to the AppModel, whose observers turn each
+// Keys and clicks end in setData(); the context menu calls the AppModel itself. CheckStateRole is passed on to the AppModel, whose observers turn each
 // change of the selection into one dataChanged. ExpandedRole inserts or removes the rows below.
 // Sorting and filtering reset the model: the list saves the current row as a ResultsRow before and
 // restores it after, because a QModelIndex does not survive.

@@ -84,7 +84,6 @@ void ScanModeCard::enterEvent(QEnterEvent*) { setHovered(true); }
 void ScanModeCard::leaveEvent(QEvent*) { setHovered(false); }
 
 void ScanModeCard::setHovered(bool isHovered) {
-  isHovered_ = isHovered;
   highlight_.setDirection(isHovered ? QAbstractAnimation::Forward : QAbstractAnimation::Backward);
   if (highlight_.state() != QAbstractAnimation::Running) highlight_.start();
 }

@@ -11,7 +11,6 @@ class ScanModeCard final : public QAbstractButton {
  public:
   ScanModeCard(QString icon, const QString& title, QString detail, QWidget* parent = nullptr);
 
-  bool isHovered() const { return isHovered_; }
   QSize sizeHint() const override;
   int heightForWidth(int width) const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
@@ -27,7 +26,6 @@ class ScanModeCard final : public QAbstractButton {
 
   const QString icon_;
   const QString detail_;
-  bool isHovered_ = false;
   QVariantAnimation highlight_;  // from 0, at rest, to 1, hovered
 };
 
