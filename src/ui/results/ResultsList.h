@@ -5,10 +5,11 @@
 // candidates of the AppModel. ResultsDelegate paints from roles alone; RowLayout has the geometry
 // for measuring, painting and hit tests.
 //
-// Keys and clicks end in setData(); the context menu calls the AppModel itself. CheckStateRole is passed on to the AppModel, whose observers turn each
-// change of the selection into one dataChanged. ExpandedRole inserts or removes the rows below.
-// Sorting and filtering reset the model: the list saves the current row as a ResultsRow before and
-// restores it after, because a QModelIndex does not survive.
+// Keys and clicks end in setData(); the context menu calls the AppModel itself. CheckStateRole is
+// passed on to the AppModel, whose observers turn each change of the selection into one
+// dataChanged. ExpandedRole inserts or removes the rows below. Sorting and filtering reset the
+// model: the list saves the current row as a ResultsRow before and restores it after, because a
+// QModelIndex does not survive.
 //
 // Candidates have the default section size of the vertical header, so a reset does not measure
 // 100,000 rows. layOutRows() sets the other heights, and makes expanded details index widgets.
