@@ -3,9 +3,7 @@ find_package(GTest REQUIRED)
 include(GoogleTest)
 
 # Tests need to compile fast, not to run fast. The checks of library calls need some optimisation.
-if(BROOMTIDE_SANITIZE)
-  add_compile_options(-O0)
-else()
+if(NOT BROOMTIDE_SANITIZE)
   add_compile_options(-O1)
 endif()
 
@@ -18,7 +16,6 @@ add_library(support STATIC
   support/TreeSnapshot.cpp)
 target_include_directories(support PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
 target_link_libraries(support PUBLIC engine GTest::gmock GTest::gtest)
-target_precompile_headers(support PUBLIC <gmock/gmock.h> <gtest/gtest.h> <string> <vector>)
 
 add_executable(unit-tests
   app/AppModelTest.cpp
@@ -40,6 +37,7 @@ add_executable(unit-tests
   scanner/MeasurementTest.cpp
   scanner/TreeScanTest.cpp)
 by_folder(unit-tests)
+target_precompile_headers(unit-tests PRIVATE <gmock/gmock.h> <gtest/gtest.h> <string> <vector>)
 target_link_libraries(unit-tests PRIVATE support cli GTest::gtest_main ICU::i18n ICU::uc)
 gtest_discover_tests(unit-tests PROPERTIES TIMEOUT 300)
 
@@ -47,6 +45,7 @@ gtest_discover_tests(unit-tests PROPERTIES TIMEOUT 300)
 add_executable(reliability-tests
   reliability/FaultsTest.cpp
   reliability/RaceTest.cpp)
+target_precompile_headers(reliability-tests REUSE_FROM unit-tests)
 target_link_libraries(reliability-tests PRIVATE support GTest::gtest_main)
 gtest_discover_tests(reliability-tests TEST_PREFIX reliability. PROPERTIES TIMEOUT 600)
 
@@ -62,5 +61,5 @@ add_executable(ui-tests
   ui/main.cpp)
 set_target_properties(ui-tests PROPERTIES AUTOMOC ON)
 target_link_libraries(ui-tests PRIVATE support ui Qt6::Test ICU::uc)
-target_precompile_headers(ui-tests PRIVATE <QTest> <QtWidgets>)
+target_precompile_headers(ui-tests PRIVATE <gmock/gmock.h> <gtest/gtest.h> <QTest> <QtWidgets>)
 gtest_discover_tests(ui-tests TEST_PREFIX ui. PROPERTIES TIMEOUT 300)

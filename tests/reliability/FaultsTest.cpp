@@ -113,7 +113,7 @@ class ScanFaults : public EveryFault {
   ScanFaults() {
     files.maxBytesPerRead = 64;  // so that a folder can fail after its first entries
     // File systems list folders in orders of their own, so that some of these come before others.
-    for (const char* name : {"package.json", "Cargo.toml", "pom.xml", "mix.exs", "Pipfile"}) {
+    for (const char* name : {"package.json", "Cargo.toml", "mix.exs"}) {
       tree.file(std::string("web/") + name);
     }
     tree.file("web/.gitignore", "node_modules\n");
@@ -122,7 +122,7 @@ class ScanFaults : public EveryFault {
     tree.repository("web");
     tree.file("web/node_modules/m/index.js", "module");
     tree.file("web/node_modules/n/deep/index.js", "module");
-    for (const char* name : {"target", ".next", "_build", ".venv"}) {
+    for (const char* name : {"target", ".next"}) {
       tree.file(std::string("web/") + name + "/made", "made");
     }
     tree.file("plain/Cargo.toml");

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 namespace broomtide::test {
 
@@ -19,8 +18,9 @@ std::string contentsOf(const fs::path& path, const struct stat& status) {
   if (S_ISLNK(status.st_mode)) return fs::read_symlink(path);
   if (!S_ISREG(status.st_mode)) return {};
   if (status.st_size > largestRead) return std::to_string(status.st_size) + " bytes";
-  std::ifstream file(path);
-  return {std::istreambuf_iterator<char>(file), {}};
+  std::string contents(static_cast<std::size_t>(status.st_size), '\0');
+  std::ifstream(path).read(contents.data(), status.st_size);
+  return contents;
 }
 
 std::string lineOf(const fs::path& path, const std::string& root) {

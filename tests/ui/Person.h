@@ -60,8 +60,7 @@ class TestWindow {
   void scan(ScanResult result, ScanMode mode = ScanMode::project,
             const std::string& root = "/home/ada/src") {
     script.scans.push_back([result = std::move(result)](const auto& onUpdate, const auto&) {
-      tell(onUpdate, {.entriesScanned = 15767, .reclaimableBytes = 0, .currentPath = "end"},
-           result.candidates, 0);
+      tell(onUpdate, {15767, 0, "end"}, result.candidates, 0);
       return result;
     });
     model_.beginScan(root, mode, true);
