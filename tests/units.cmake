@@ -47,7 +47,7 @@ add_executable(reliability-tests
   reliability/RaceTest.cpp)
 target_precompile_headers(reliability-tests REUSE_FROM unit-tests)
 target_link_libraries(reliability-tests PRIVATE support GTest::gtest_main)
-gtest_discover_tests(reliability-tests TEST_PREFIX reliability. PROPERTIES TIMEOUT 600)
+gtest_discover_tests(reliability-tests TEST_PREFIX reliability. PROPERTIES TIMEOUT 600 COST 30)
 
 # The window, without a screen to show it on.
 add_executable(ui-tests

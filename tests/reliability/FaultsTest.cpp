@@ -114,22 +114,22 @@ class ScanFaults : public EveryFault {
     files.maxBytesPerRead = 64;  // so that a folder can fail after its first entries
     // File systems list folders in orders of their own, so that some of these come before others.
     for (const char* name : {"package.json", "Cargo.toml", "mix.exs"}) {
-      tree.file(std::string("web/") + name);
+      tree.file(std::string("work/web/") + name);
     }
-    tree.file("web/.gitignore", "node_modules\n");
-    tree.file("web/dist/tracked.js", "tracked");
-    tree.file("web/dist/tracked.css", "tracked");
-    tree.repository("web");
-    tree.file("web/node_modules/m/index.js", "module");
-    tree.file("web/node_modules/n/deep/index.js", "module");
+    tree.file("work/web/.gitignore", "node_modules\n");
+    tree.file("work/web/dist/tracked.js", "tracked");
+    tree.file("work/web/dist/tracked.css", "tracked");
+    tree.repository("work/web");
+    tree.file("work/web/node_modules/m/index.js", "module");
+    tree.file("work/web/node_modules/n/deep/index.js", "module");
     for (const char* name : {"target", ".next"}) {
-      tree.file(std::string("web/") + name + "/made", "made");
+      tree.file(std::string("work/web/") + name + "/made", "made");
     }
-    tree.file("plain/Cargo.toml");
-    tree.file("plain/target/debug/object", "object");
-    tree.file("plain/web/package.json");
-    tree.file("plain/web/.next/page", "page");
-    tree.link("../web", "plain/link");
+    tree.file("work/plain/Cargo.toml");
+    tree.file("work/plain/target/debug/object", "object");
+    tree.file("work/plain/web/package.json");
+    tree.file("work/plain/web/.next/page", "page");
+    tree.link("../web", "work/plain/link");
     tree.file("home/Library/Caches/pip/http/a", "cached");
     tree.file("home/Library/Developer/Xcode/DerivedData/A/b", "built");
     tree.file("home/.npm/_cacache/index", "cached");
@@ -184,7 +184,7 @@ class ScanFaults : public EveryFault {
   const Date now = std::chrono::system_clock::now() + std::chrono::hours(24 * 400);
 };
 
-TEST_F(ScanFaults, InProjects) { scanWithEachFault(ScanMode::project, ""); }
+TEST_F(ScanFaults, InProjects) { scanWithEachFault(ScanMode::project, "work"); }
 TEST_F(ScanFaults, InCaches) { scanWithEachFault(ScanMode::caches, "home"); }
 TEST_F(ScanFaults, InDownloads) { scanWithEachFault(ScanMode::downloads, "downloads"); }
 
