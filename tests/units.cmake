@@ -61,5 +61,4 @@ add_executable(ui-tests
   ui/main.cpp)
 set_target_properties(ui-tests PROPERTIES AUTOMOC ON)
 target_link_libraries(ui-tests PRIVATE support ui Qt6::Test ICU::uc)
-target_precompile_headers(ui-tests PRIVATE <gmock/gmock.h> <gtest/gtest.h> <QTest> <QtWidgets>)
 gtest_discover_tests(ui-tests TEST_PREFIX ui. PROPERTIES TIMEOUT 300)

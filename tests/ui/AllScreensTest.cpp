@@ -1,7 +1,10 @@
 // All screens in several languages: everything is translated and can be read to its end.
 
+#include <QAbstractButton>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QTableView>
 #include <latch>

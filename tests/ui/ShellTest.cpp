@@ -11,6 +11,7 @@
 #include <QMenuBar>
 #include <QProcess>
 #include <QSettings>
+#include <QStyledItemDelegate>
 #include <QTimer>
 #include <atomic>
 #include <thread>
@@ -279,3 +280,4 @@ TEST(QtMainThread, LetsEventsThroughAFlood) {
 }  // namespace broomtide
 
 #include "ShellTest.moc"
+#include "moc_Person.cpp"
