@@ -23,12 +23,6 @@ std::size_t numberOfPlace(std::string_view pattern, std::size_t at) {
 }
 
 // A scan makes two labels for each item that it finds. Lists of initializers would copy them.
-MessageValue valueOf(MessageValue::Kind kind, std::string text) {
-  MessageValue value{.kind = kind, .parts = {}};
-  value.parts.push_back(std::move(text));
-  return value;
-}
-
 Message messageWith(std::string_view pattern, MessageValue value) {
   Message message{.pattern = pattern, .values = {}};
   message.values.push_back(std::move(value));
@@ -38,25 +32,25 @@ Message messageWith(std::string_view pattern, MessageValue value) {
 }  // namespace
 
 MessageValue nameValue(std::string name) {
-  return valueOf(MessageValue::Kind::name, std::move(name));
+  return {.kind = MessageValue::Kind::name, .text = std::move(name)};
 }
 
-MessageValue namesValue(std::vector<std::string> names) {
-  return {.kind = MessageValue::Kind::name, .parts = std::move(names)};
-}
+MessageValue namesValue(const std::vector<std::string>& names) { return nameValue(joined(names)); }
 
 MessageValue termsValue(std::vector<std::string> terms) {
-  return {.kind = MessageValue::Kind::terms, .parts = std::move(terms)};
+  return {.kind = MessageValue::Kind::terms, .terms = std::move(terms)};
 }
 
 MessageValue countValue(std::size_t count) {
-  return valueOf(MessageValue::Kind::count, std::to_string(count));
+  return {.kind = MessageValue::Kind::count, .text = std::to_string(count)};
 }
 
 std::string Message::text() const {
   std::vector<std::string> texts;
   texts.reserve(values.size());
-  for (const MessageValue& value : values) texts.push_back(joined(value.parts));
+  for (const MessageValue& value : values) {
+    texts.push_back(value.kind == MessageValue::Kind::terms ? joined(value.terms) : value.text);
+  }
   return filled(pattern, texts);
 }
 
@@ -67,7 +61,7 @@ Message naming(std::string_view pattern, std::string name) {
 Message bareName(std::string name) { return naming(messages::bare, std::move(name)); }
 
 Message bareSentence(std::string text) {
-  return messageWith(messages::bare, valueOf(MessageValue::Kind::terms, std::move(text)));
+  return messageWith(messages::bare, termsValue({std::move(text)}));
 }
 
 Message messageOf(const std::exception& error) {

@@ -22,18 +22,19 @@ namespace broomtide {
 struct MessageValue {
   enum class Kind {
     name,   ///< names or paths: the same in every language
-    terms,  ///< texts that are translated on their own
+    terms,  ///< texts that are translated each on its own
     count,  ///< one whole number
   };
 
   Kind kind;
-  std::vector<std::string> parts;  ///< shown with commas between
+  std::string text = {};                ///< all names, with commas between, or the number
+  std::vector<std::string> terms = {};  ///< shown with commas between
 
   bool operator==(const MessageValue&) const = default;
 };
 
 MessageValue nameValue(std::string name);
-MessageValue namesValue(std::vector<std::string> names);
+MessageValue namesValue(const std::vector<std::string>& names);
 MessageValue termsValue(std::vector<std::string> terms);
 MessageValue countValue(std::size_t count);
 

@@ -17,10 +17,10 @@ std::string translated(std::string_view english, int count = -1) {
 }
 
 std::string textOf(const MessageValue& value) {
-  std::string text;
-  for (const std::string& part : value.parts) {
+  std::string text = value.text;
+  for (const std::string& term : value.terms) {
     if (!text.empty()) text += ", ";
-    text += value.kind == MessageValue::Kind::terms ? translated(part) : part;
+    text += translated(term);
   }
   return text;
 }
