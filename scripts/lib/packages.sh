@@ -10,9 +10,9 @@ packages_run=(
   qt6-translations-l10n uuid-dev
 )
 packages_test=(
-  at-spi2-core clang-14 dbus dbus-daemon fonts-dejavu-core fonts-noto-core
-  gir1.2-atspi-2.0 gvfs gvfs-daemons libglib2.0-bin libbenchmark-dev libgmock-dev libclang-rt-14-dev libgtest-dev openbox python3-gi trash-cli
-  util-linux xdotool xvfb
+  at-spi2-core clang-14 dbus dbus-daemon fonts-dejavu-core fonts-noto-core gir1.2-atspi-2.0 gvfs
+  gvfs-daemons libbenchmark-dev libclang-rt-14-dev libglib2.0-bin libgmock-dev libgtest-dev openbox
+  python3-gi trash-cli util-linux xdotool xvfb
 )
 packages_bench=(gdu libbenchmark-dev libglib2.0-bin ncdu trash-cli)
 packages_pictures=(fonts-noto-core imagemagick)

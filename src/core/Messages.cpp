@@ -31,25 +31,19 @@ Message messageWith(std::string_view pattern, MessageValue value) {
 
 }  // namespace
 
-MessageValue nameValue(std::string name) {
-  return {.kind = MessageValue::Kind::name, .text = std::move(name)};
-}
+MessageValue nameValue(std::string name) { return {.text = std::move(name)}; }
 
 MessageValue namesValue(const std::vector<std::string>& names) { return nameValue(joined(names)); }
 
-MessageValue termsValue(std::vector<std::string> terms) {
-  return {.kind = MessageValue::Kind::terms, .terms = std::move(terms)};
-}
+MessageValue termsValue(std::vector<std::string> terms) { return {.terms = std::move(terms)}; }
 
-MessageValue countValue(std::size_t count) {
-  return {.kind = MessageValue::Kind::count, .text = std::to_string(count)};
-}
+MessageValue countValue(std::size_t count) { return {.text = std::to_string(count)}; }
 
 std::string Message::text() const {
   std::vector<std::string> texts;
   texts.reserve(values.size());
   for (const MessageValue& value : values) {
-    texts.push_back(value.kind == MessageValue::Kind::terms ? joined(value.terms) : value.text);
+    texts.push_back(value.terms.empty() ? value.text : joined(value.terms));
   }
   return filled(pattern, texts);
 }
@@ -57,6 +51,8 @@ std::string Message::text() const {
 Message naming(std::string_view pattern, std::string name) {
   return messageWith(pattern, nameValue(std::move(name)));
 }
+
+bool hasCount(std::string_view pattern) { return pattern.find("%n") != pattern.npos; }
 
 Message bareName(std::string name) { return naming(messages::bare, std::move(name)); }
 

@@ -18,17 +18,11 @@
 /// the tables of rules say stand in their tables.
 namespace broomtide {
 
-/// What stands at one place of a sentence.
+/// What stands at one place of a sentence: a text or terms.
 struct MessageValue {
-  enum class Kind {
-    name,   ///< names or paths: the same in every language
-    terms,  ///< texts that are translated each on its own
-    count,  ///< one whole number
-  };
-
-  Kind kind;
-  std::string text = {};                ///< all names, with commas between, or the number
-  std::vector<std::string> terms = {};  ///< shown with commas between
+  std::string text = {};  ///< names or a number: the same in every language
+  std::vector<std::string> terms =
+      {};  ///< each is translated on its own; shown with commas between
 
   bool operator==(const MessageValue&) const = default;
 };
@@ -51,6 +45,9 @@ struct Message {
 
 /// A sentence with one place, at which a name or a path stands.
 Message naming(std::string_view pattern, std::string name);
+
+/// Whether the first value is a number that decides about the form of the words around it.
+bool hasCount(std::string_view pattern);
 
 /// A name or a path, alone.
 Message bareName(std::string name);

@@ -53,8 +53,8 @@ void TemporaryTree::run(const std::string& command, std::string_view relative) c
 
 void TemporaryTree::repository(std::string_view relative) const {
   folder(relative);
-  run("git init -q --template= && mkdir -p .git/info && git -c user.name=t -c "
-      "user.email=t@example.org add -A && "
+  // Of what Git would copy into each new repository, the tests need this folder alone.
+  run("git init -q --template= && mkdir -p .git/info && git add -A && "
       "git -c user.name=t -c user.email=t@example.org commit -q --allow-empty -m all",
       relative);
 }

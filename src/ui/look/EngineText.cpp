@@ -33,13 +33,8 @@ QString statement(std::string_view text) { return display::text(translated(text)
 
 QString sentence(const Message& message) {
   std::vector<std::string> texts;
-  int count = -1;
-  for (const MessageValue& value : message.values) {
-    texts.push_back(textOf(value));
-    if (value.kind == MessageValue::Kind::count) {
-      count = QString::fromStdString(texts.back()).toInt();
-    }
-  }
+  for (const MessageValue& value : message.values) texts.push_back(textOf(value));
+  const int count = hasCount(message.pattern) ? QString::fromStdString(texts.front()).toInt() : -1;
   const bool isBare = message.pattern == messages::bare;
   return display::text(isBare ? texts.front() : filled(translated(message.pattern, count), texts));
 }
