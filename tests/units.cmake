@@ -34,6 +34,7 @@ add_executable(unit-tests
   rules/ScanRulesTest.cpp
   scanner/CacheScanTest.cpp
   scanner/CancellationTest.cpp
+  scanner/CautionTest.cpp
   scanner/MeasurementTest.cpp
   scanner/TreeScanTest.cpp)
 by_folder(unit-tests)

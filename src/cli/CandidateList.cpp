@@ -40,9 +40,10 @@ std::string reasonLines(const ScanCandidate& candidate, const TerminalStyle& sty
     lines += indent + style(Role::quiet, "- " + escaped(reason.text())) + '\n';
   }
   if (candidate.regenerationCommand) {
-    lines += indent +
-             style(Role::quiet, "To get it back: " + std::string(*candidate.regenerationCommand)) +
-             '\n';
+    lines +=
+        indent +
+        style(Role::quiet, "To get it back: " + escaped(candidate.regenerationCommand->text())) +
+        '\n';
   }
   return lines;
 }

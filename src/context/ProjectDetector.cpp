@@ -6,14 +6,10 @@
 #include "core/Paths.h"
 #include "core/Utf8.h"
 #include "rules/ProjectManifests.h"
+#include "rules/VersionControl.h"
 
 namespace broomtide {
 namespace {
-
-bool endsIgnoringCase(std::string_view name, std::string_view suffix) {
-  return name.size() >= suffix.size() &&
-         paths::equalIgnoringCase(name.substr(name.size() - suffix.size()), suffix);
-}
 
 bool isXcodeBundle(std::string_view name) {
   return std::ranges::any_of(xcodeBundleSuffixes,
@@ -22,19 +18,6 @@ bool isXcodeBundle(std::string_view name) {
 
 bool isInside(std::string_view path, std::string_view folder) {
   return folder.empty() || path == folder || paths::isBelow(path, folder);
-}
-
-// The ecosystem that a regular file of this name marks its folder as belonging to.
-std::optional<ProjectKind> manifestKind(std::string_view name) {
-  const auto found =
-      std::ranges::lower_bound(manifestNames, name, paths::lessIgnoringCase, &Manifest::name);
-  if (found != manifestNames.end() && paths::equalIgnoringCase(found->name, name)) {
-    return found->kind;
-  }
-  for (const Manifest& suffix : manifestSuffixes) {
-    if (endsIgnoringCase(name, suffix.name)) return suffix.kind;
-  }
-  return std::nullopt;
 }
 
 // The paths with the longest first, in characters; equal ones keep their order.
@@ -71,6 +54,8 @@ void ProjectDetector::addEntry(std::string_view name, EntryType type) {
   ++discovery_.entriesInspected;
   if (name == ".git") {
     addRepository();  // of whatever kind it is: Git knows better, or nobody does
+  } else if (const VersionControlSystem* system = versionControlSystem(name)) {
+    addWorkingCopy(system->title);
   } else if (type == EntryType::link || type == EntryType::other) {
     return;
   } else if (type == EntryType::folder) {
@@ -108,6 +93,19 @@ void ProjectDetector::addRepository() {
       &repositories_.emplace_back(Repository{std::move(root), here.around.repository});
   if (here.project != nullptr) here.project->gitRoot = here.around.repository->root;
   onRepository_(here.around.repository->root);
+}
+
+// Jujutsu can keep its own knowledge beside a repository of Git, which comes first by name.
+void ProjectDetector::addWorkingCopy(std::string_view system) {
+  const std::string root = location(folder_);
+  if (!repositories_.empty() && repositories_.back().root == root) return;
+  addCaution({.pattern = messages::underVersionControl,
+              .values = {nameValue(std::string(system)), nameValue(root)}});
+}
+
+void ProjectDetector::addCaution(Message reason) {
+  Place& here = place();
+  here.around.caution = &cautions_.emplace_back(Caution{std::move(reason), here.around.caution});
 }
 
 void ProjectDetector::addManifest(ProjectKind kind, std::string_view name) {

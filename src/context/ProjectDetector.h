@@ -21,10 +21,19 @@ struct Repository {
   const Repository* around;  ///< the nearest one that it lies in; null when there is none
 };
 
+/// A reason against everything in a folder.
+struct Caution {
+  Message reason;
+  const Caution* around;  ///< the next one, of the same folder or of one around it; null at the end
+};
+
 /// What lies around an entry, the deepest of each; null when there is none.
 struct Surroundings {
   const ProjectContext* project = nullptr;
   const Repository* repository = nullptr;
+  const Caution* caution = nullptr;
+
+  bool operator==(const Surroundings&) const = default;
 };
 
 /// The projects and repositories below a folder.
@@ -35,9 +44,9 @@ struct ProjectDiscovery {
   std::vector<ScanIssue> issues;
 };
 
-/// Finds projects by their manifests and repositories by their ".git" entries, in what a walk
-/// through a tree tells of it. Nothing is looked for inside Xcode bundles. One object for one walk,
-/// used by one thread.
+/// Finds projects by their manifests, repositories by their ".git" entries and working copies of
+/// other version control systems by theirs, in what a walk through a tree tells of it. Nothing is
+/// looked for inside Xcode bundles. One object for one walk, used by one thread.
 class ProjectDetector {
  public:
   /// Called with each repository root as soon as it is found.
@@ -53,6 +62,9 @@ class ProjectDetector {
   /// Tells of an entry of the folder that was entered last. All entries of a folder are told of
   /// before the next one is entered.
   void addEntry(std::string_view name, EntryType type);
+
+  /// Speaks against everything in the folder that was entered last.
+  void addCaution(Message reason);
 
   /// Records a problem with a folder, given by its path below the root. When the folder is entered
   /// next, not all of its entries are known, and it counts as a repository: Git knows better.
@@ -78,6 +90,7 @@ class ProjectDetector {
   bool isInBundle(std::string_view path) const;
   Place& place();
   void addRepository();
+  void addWorkingCopy(std::string_view system);
   void addManifest(ProjectKind kind, std::string_view name);
   std::string location(std::string_view path) const;
 
@@ -86,6 +99,7 @@ class ProjectDetector {
   ProjectDiscovery discovery_;
   std::map<std::string, ProjectContext> projects_;  // by root; manifests as they come
   std::deque<Repository> repositories_;
+  std::deque<Caution> cautions_;
   std::vector<Place> places_;                   // from the root down
   std::string folder_;                          // entered last
   std::optional<std::string> folderWithIssue_;  // the last one

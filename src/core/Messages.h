@@ -102,6 +102,31 @@ inline constexpr std::string_view genericName =
 inline constexpr std::string_view nameAgrees = "The artifact name and project ecosystem agree.";
 inline constexpr std::string_view downloadsRule = "Matched the Downloads cleanup rule.";
 inline constexpr std::string_view cacheLocation = "Well-known developer cache location (~/%1).";
+inline constexpr std::string_view holdsRepository = "It holds a %1 repository of its own: %2";
+inline constexpr std::string_view holdsProtectedFile = "It holds a file that may be of value: %1";
+inline constexpr std::string_view holdsGuardedFolder = "It holds a folder that may be of value: %1";
+inline constexpr std::string_view holdsSource = "It holds a file that people write: %1";
+inline constexpr std::string_view holdsManifest = "It is a project of its own: %1";
+inline constexpr std::string_view noEnvironment =
+    "It has no pyvenv.cfg, so it may not be a Python environment.";
+inline constexpr std::string_view underVersionControl =
+    "It lies in a %1 working copy, and Broomtide can only ask Git: %2";
+inline constexpr std::string_view insideInstalled =
+    "It lies in a place where programs are installed: %1";
+inline constexpr std::string_view insideHiddenFolder =
+    "It lies in a hidden folder of a home, where programs keep what they need: %1";
+inline constexpr std::string_view projectIsHome = "The project around it is a home folder: %1";
+inline constexpr std::string_view builtByCMake = "CMake built it from the sources in %1.";
+inline constexpr std::string_view builtByMeson = "Meson built it from the sources in %1.";
+inline constexpr std::string_view builtByCargo = "Cargo wrote its build output here.";
+inline constexpr std::string_view taggedAsCache = "The program that wrote it calls it a cache.";
+inline constexpr std::string_view taggedAsCacheBy =
+    "The program that wrote it calls it a cache: %1";
+
+// Commands, the same in every language.
+inline constexpr std::string_view runCMake = "cmake -S %1 -B %2";
+inline constexpr std::string_view runMeson = "meson setup %2 %1";
+inline constexpr std::string_view runCargo = "cargo build --target-dir %1";
 
 // What a scan left out.
 inline constexpr std::string_view disappeared = "The item disappeared while it was being scanned.";
@@ -119,6 +144,8 @@ inline constexpr std::string_view replaced =
     "The item changed after the scan. Rescan before cleaning it.";
 inline constexpr std::string_view modified =
     "The item was modified after the scan. Rescan before cleaning it.";
+inline constexpr std::string_view contentsChanged =
+    "Something of value may have come into the item after the scan. Rescan before cleaning it.";
 inline constexpr std::string_view gitUnknown =
     "Git status could not be revalidated. Broomtide left the item untouched.";
 inline constexpr std::string_view nowTracked =
@@ -154,20 +181,24 @@ inline constexpr std::string_view cleanupComplete = "Cleanup complete";
 inline constexpr std::string_view noHistory = "No cleanup history";
 inline constexpr std::string_view historyAppears = "Completed cleanups will appear here.";
 
-/// All of them but the bare one, for translators.
+/// All of them but the bare one and the commands, for translators.
 inline constexpr std::array all{
-    invalidRoot,       permissionDenied, wholeFileSystem, operationCancelled,
-    scanCancelled,     noCachesFound,    yourHomeFolder,  preparing,
-    scanningDownloads, projectsDetected, calculating,     scanComplete,
-    projectDetected,   noProject,        ignoredByGit,    untrackedByGit,
-    gitUnverified,     noRepository,     genericName,     nameAgrees,
-    downloadsRule,     cacheLocation,    disappeared,     itemsSkipped,
-    cleanupCancelled,  noLongerInside,   becameLink,      gone,
-    replaced,          modified,         gitUnknown,      nowTracked,
-    noLongerIgnored,   notMoved,         historyNotSaved, chooseProject,
-    chooseDownloads,   chooseHome,       scanFolder,      scanCaches,
-    onlyThisFolder,    keepHomeSelected, nothingFound,    cachesClean,
-    nothingSupported,  moveToTrash,      cleanupComplete, noHistory,
+    invalidRoot,        permissionDenied,   wholeFileSystem,     operationCancelled,
+    scanCancelled,      noCachesFound,      yourHomeFolder,      preparing,
+    scanningDownloads,  projectsDetected,   calculating,         scanComplete,
+    projectDetected,    noProject,          ignoredByGit,        untrackedByGit,
+    gitUnverified,      noRepository,       genericName,         nameAgrees,
+    downloadsRule,      cacheLocation,      disappeared,         itemsSkipped,
+    holdsRepository,    holdsProtectedFile, holdsGuardedFolder,  holdsSource,
+    holdsManifest,      noEnvironment,      underVersionControl, insideInstalled,
+    insideHiddenFolder, projectIsHome,      builtByCMake,        builtByMeson,
+    builtByCargo,       taggedAsCache,      taggedAsCacheBy,     contentsChanged,
+    cleanupCancelled,   noLongerInside,     becameLink,          gone,
+    replaced,           modified,           gitUnknown,          nowTracked,
+    noLongerIgnored,    notMoved,           historyNotSaved,     chooseProject,
+    chooseDownloads,    chooseHome,         scanFolder,          scanCaches,
+    onlyThisFolder,     keepHomeSelected,   nothingFound,        cachesClean,
+    nothingSupported,   moveToTrash,        cleanupComplete,     noHistory,
     historyAppears,
 };
 

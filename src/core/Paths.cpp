@@ -110,6 +110,22 @@ std::string percentEncoded(std::string_view path) {
   return encoded;
 }
 
+std::string shellQuoted(std::string_view path) {
+  const auto isPlain = [](char byte) {
+    return isUnreserved(byte) || std::string_view("/+=:,@%").find(byte) != std::string_view::npos;
+  };
+  if (std::ranges::all_of(path, isPlain) && !path.starts_with('~')) return std::string(path);
+  std::string quoted = "'";
+  for (const char byte : path) {
+    if (byte == '\'') {
+      quoted += "'\\''";
+    } else {
+      quoted += byte;
+    }
+  }
+  return quoted + '\'';
+}
+
 std::string fileUrl(std::string_view path) { return "file://" + percentEncoded(path); }
 
 std::optional<std::string> percentDecoded(std::string_view text) {

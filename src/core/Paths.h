@@ -43,6 +43,9 @@ bool lessIgnoringCase(std::string_view left, std::string_view right);
 /// percent-encoded; slashes stay.
 std::string percentEncoded(std::string_view path);
 
+/// A path as one word of a command for a POSIX shell.
+std::string shellQuoted(std::string_view path);
+
 /// An absolute path as a `file://` URL, percent-encoded. There is no trailing slash except for the
 /// root folder.
 std::string fileUrl(std::string_view path);

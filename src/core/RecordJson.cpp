@@ -55,7 +55,7 @@ Json toJson(const ScanCandidate& candidate) {
       {"projectKinds", rawValues(candidate.projectKinds)},
       {"evidence", texts(candidate.evidence.lines())},
       {"regenerationCommand",
-       candidate.regenerationCommand ? Json(*candidate.regenerationCommand) : Json(nullptr)},
+       candidate.regenerationCommand ? Json(candidate.regenerationCommand->text()) : Json(nullptr)},
       {"confidence", rawValue(candidate.confidence)},
       {"gitStatus", rawValue(candidate.gitStatus)},
       {"isSelected", candidate.isSelected},

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/Contents.h"
 #include "core/Date.h"
 #include "core/Enumerations.h"
 #include "core/Messages.h"
@@ -57,7 +58,10 @@ struct ScanCandidate {
   std::vector<std::string> otherGitRoots = {};
   std::set<ProjectKind> projectKinds;
   Evidence evidence;
-  std::optional<std::string_view> regenerationCommand;
+  std::optional<Message> regenerationCommand;
+  /// What was looked for inside, null for nothing, and what was found.
+  const ContentsPolicy* contentsPolicy = nullptr;
+  std::uint64_t contentsFingerprint = 0;
   DetectionConfidence confidence = DetectionConfidence::low;
   GitItemStatus gitStatus = GitItemStatus::unavailable;
 

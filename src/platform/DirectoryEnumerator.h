@@ -76,6 +76,17 @@ class DirectoryEnumerator {
     }
   }
 
+  /// The open folder that holds the current entry; none while it cannot be found again. It belongs
+  /// to the enumeration.
+  int folder() const { return levels_.back().folder.get(); }
+
+  /// Passes over what is left of the current entry's folder, and over the entry. Only in the order
+  /// `byName`.
+  void skipRestOfFolder() {
+    levels_.back().nextPending = levels_.back().pendingEnd;
+    willEnter_ = false;
+  }
+
   /// Keeps the enumeration from entering the current entry.
   void skipDescendants() { willEnter_ = false; }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/Paths.h"
+#include "platform/PathSafety.h"
 
 namespace broomtide::UserFolders {
 namespace {
@@ -33,6 +34,14 @@ std::optional<std::string> realHome() {
     return paths::standardized(found->pw_dir);
   }
   return std::nullopt;
+}
+
+std::vector<std::string> homes() {
+  std::vector<std::string> found;
+  for (const std::optional<std::string>& home : {realHome(), folderOfVariable("HOME")}) {
+    if (home) found.push_back(PathSafety::resolved(*home));
+  }
+  return found;
 }
 
 std::optional<std::string> applicationData() {

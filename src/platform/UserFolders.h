@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 /// The folders that the system keeps for the user. All are absolute paths, which need not exist.
 namespace broomtide::UserFolders {
@@ -9,6 +10,9 @@ namespace broomtide::UserFolders {
 /// The home folder that the user database gives for the real user, whatever the environment says;
 /// nothing when it gives none.
 std::optional<std::string> realHome();
+
+/// The home folders of the real user and of the environment, symlinks resolved.
+std::vector<std::string> homes();
 
 /// Where applications keep the user's data: `$XDG_DATA_HOME`, else `.local/share` in the home
 /// folder of the environment, else in the real one; nothing when none of them is known.

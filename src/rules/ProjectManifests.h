@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string_view>
 
 #include "core/Enumerations.h"
@@ -57,5 +58,8 @@ inline constexpr std::array manifestSuffixes = std::to_array<Manifest>({
 /// Ends of the names of folders that are manifests of a Swift project as a whole. Letter case
 /// counts.
 inline constexpr std::array<std::string_view, 2> xcodeBundleSuffixes{".xcodeproj", ".xcworkspace"};
+
+/// The ecosystem that a regular file of this name marks its folder as belonging to.
+std::optional<ProjectKind> manifestKind(std::string_view name);
 
 }  // namespace broomtide

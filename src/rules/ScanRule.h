@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 
+#include "core/Contents.h"
 #include "core/Enumerations.h"
 #include "core/Records.h"
 
@@ -47,7 +48,8 @@ struct ScanRule {
   std::string_view category;
   SafetyLevel safety;
   std::string_view explanation;
-  ContextPolicy policy = {};  ///< the most cautious one unless a row says otherwise
+  ContextPolicy policy = {};     ///< the most cautious one unless a row says otherwise
+  ContentsPolicy contents = {};  ///< what is looked for in a folder
   SelectionPolicy selection = SelectionPolicy::unselected;
   std::optional<double> minimumAge = std::nullopt;  ///< seconds since the last modification
 };

@@ -1,16 +1,40 @@
 #include "rules/ScanRules.h"
 
 #include <algorithm>
+#include <iterator>
 #include <span>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "core/Paths.h"
 #include "rules/GuardedNames.h"
+#include "rules/ProjectManifests.h"
 #include "rules/ScanRule.h"
+#include "rules/VersionControl.h"
 
 namespace broomtide {
+namespace {
+
+bool endsIgnoringCase(std::string_view name, std::string_view suffix) {
+  return name.size() >= suffix.size() &&
+         paths::equalIgnoringCase(name.substr(name.size() - suffix.size()), suffix);
+}
+
+}  // namespace
+
+std::optional<ProjectKind> manifestKind(std::string_view name) {
+  const auto found =
+      std::ranges::lower_bound(manifestNames, name, paths::lessIgnoringCase, &Manifest::name);
+  if (found != manifestNames.end() && paths::equalIgnoringCase(found->name, name)) {
+    return found->kind;
+  }
+  for (const Manifest& suffix : manifestSuffixes) {
+    if (endsIgnoringCase(name, suffix.name)) return suffix.kind;
+  }
+  return std::nullopt;
+}
 
 bool ContextPolicy::accepts(const ProjectContext* context) const {
   if (context == nullptr) return allowsWithoutProject;
@@ -98,12 +122,28 @@ Message projectEvidence(const ProjectContext& context) {
           .values = {termsValue(std::move(titles)), namesValue(context.manifests)}};
 }
 
+bool isGuarded(const ContentsPolicy& policy, std::string_view name, bool isAtTop) {
+  if (!isSensitiveDirectory(name)) return false;
+  return !std::ranges::binary_search(guardedNamesOfSources, name) ||
+         (isAtTop && !policy.isNamedAsSources);
+}
+
+// Whether the tool itself writes files with this path extension.
+bool isWritten(const ContentsPolicy& policy, std::string_view extension) {
+  const std::size_t found =
+      extension.empty() ? policy.written.npos : policy.written.find(extension);
+  return found != policy.written.npos && policy.written[found - 1] == ' ' &&
+         policy.written[found + extension.size()] == ' ';
+}
+
 // A judgement that can only become more cautious.
 struct Judgement {
   SafetyLevel safety;
   DetectionConfidence confidence = DetectionConfidence::high;
 
-  void distrust() { confidence = DetectionConfidence::medium; }
+  void distrust() {
+    if (confidence == DetectionConfidence::high) confidence = DetectionConfidence::medium;
+  }
   void raiseCaution() {
     if (safety == SafetyLevel::safe) safety = SafetyLevel::usuallySafe;
   }
@@ -135,8 +175,70 @@ bool isProtectedFile(std::string_view name) {
                                     paths::lessIgnoringCase);
 }
 
+Sign signOf(const ContentsPolicy& policy, std::string_view name, std::optional<CandidateKind> kind,
+            bool isAtTop) {
+  if (versionControlSystem(name) != nullptr) return Sign::repository;
+  if (!kind) return Sign::none;
+  const bool isFile = *kind == CandidateKind::file;
+  if (policy.isEnvironment && isAtTop && isFile && name == environmentMark) {
+    return Sign::environment;
+  }
+  if (!policy.countsFiles) return Sign::none;
+  if (!isFile) return isGuarded(policy, name, isAtTop) ? Sign::guardedFolder : Sign::none;
+  if (isAtTop && !policy.hasManifest && manifestKind(name)) return Sign::manifest;
+  const std::string_view extension = paths::pathExtension(name);
+  if (isWritten(policy, extension)) return Sign::none;
+  if (isProtectedFile(name)) return Sign::protectedFile;
+  const bool isSource =
+      policy.countsSources &&
+      std::ranges::binary_search(sourceExtensions, extension, paths::lessIgnoringCase);
+  return isSource ? Sign::source : Sign::none;
+}
+
+std::vector<Message> reasonsOf(const ContentsPolicy& policy, const Contents& contents,
+                               const std::string& folder) {
+  std::vector<Message> reasons;
+  const auto below = [&folder](std::string_view path) {
+    return path.empty() ? folder : paths::appending(folder, path);
+  };
+  if (const std::string_view mark = contents.first(Sign::repository); !mark.empty()) {
+    const std::size_t end = mark.size() - paths::lastComponent(mark).size();
+    const std::string_view place = mark.substr(0, std::max<std::size_t>(end, 1) - 1);
+    const VersionControlSystem* system = versionControlSystem(mark.substr(end));
+    reasons.push_back({.pattern = messages::holdsRepository,
+                       .values = {nameValue(std::string(system->title)), nameValue(below(place))}});
+  }
+  using Line = std::pair<Sign, std::string_view>;
+  for (const auto& [sign, pattern] :
+       {Line{Sign::protectedFile, messages::holdsProtectedFile},
+        Line{Sign::guardedFolder, messages::holdsGuardedFolder},
+        Line{Sign::source, messages::holdsSource}, Line{Sign::manifest, messages::holdsManifest}}) {
+    const std::string_view path = contents.first(sign);
+    if (!path.empty()) reasons.push_back(naming(pattern, below(path)));
+  }
+  if (policy.isEnvironment && contents.first(Sign::environment).empty()) {
+    reasons.push_back({messages::noEnvironment});
+  }
+  return reasons;
+}
+
+RuleEvaluation withCaution(RuleEvaluation evaluation, std::vector<Message> reasons) {
+  if (reasons.empty()) return evaluation;
+  Judgement judgement{.safety = evaluation.safety, .confidence = evaluation.confidence};
+  judgement.distrust();
+  judgement.raiseCaution();
+  std::vector<Message> evidence = evaluation.evidence.lines();
+  std::ranges::move(reasons, std::back_inserter(evidence));
+  evaluation.safety = judgement.safety;
+  evaluation.confidence = judgement.confidence;
+  evaluation.isSelected = false;
+  evaluation.evidence = Evidence(std::move(evidence));
+  return evaluation;
+}
+
 std::optional<RuleEvaluation> evaluate(const ScanRule& rule, const ProjectContext* context,
-                                       GitItemStatus gitStatus, bool hasGitRepository) {
+                                       GitItemStatus gitStatus, bool hasGitRepository,
+                                       const Message* proof) {
   const ContextPolicy& policy = rule.policy;
   if (gitStatus == GitItemStatus::tracked || !policy.accepts(context)) return std::nullopt;
 
@@ -165,8 +267,8 @@ std::optional<RuleEvaluation> evaluate(const ScanRule& rule, const ProjectContex
     evidence.push_back({messages::noRepository});
   }
 
-  if (policy.isGenericName) {
-    evidence.push_back({messages::genericName});
+  if (proof != nullptr || policy.isGenericName) {
+    evidence.push_back(proof != nullptr ? *proof : Message{messages::genericName});
     judgement.distrust();
     judgement.raiseCaution();
   } else {
@@ -182,7 +284,7 @@ std::optional<RuleEvaluation> evaluate(const ScanRule& rule, const ProjectContex
       .evidence = Evidence(std::move(evidence)),
       .regenerationCommand = policy.regenerationCommand.empty()
                                  ? std::nullopt
-                                 : std::optional(policy.regenerationCommand),
+                                 : std::optional(Message{policy.regenerationCommand}),
   };
 }
 

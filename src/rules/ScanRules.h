@@ -1,8 +1,11 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
+#include "core/Contents.h"
 #include "core/Date.h"
 #include "core/Records.h"
 #include "rules/ScanRuleTables.h"
@@ -14,8 +17,8 @@ struct RuleEvaluation {
   SafetyLevel safety;
   DetectionConfidence confidence;
   bool isSelected;
-  Evidence evidence;  ///< three lines: project, Git, name
-  std::optional<std::string_view> regenerationCommand;
+  Evidence evidence;  ///< project, Git and name or proof, and what speaks against the item
+  std::optional<Message> regenerationCommand;
 
   bool operator==(const RuleEvaluation&) const = default;
 };
@@ -39,11 +42,26 @@ bool isSensitiveDirectory(std::string_view name);
 /// Whether a project scan must never offer files of this name.
 bool isProtectedFile(std::string_view name);
 
+/// What an entry below a folder says about it, by the entry's name. `kind` is nothing for a symlink
+/// and the like; `isAtTop` tells that the entry lies in the folder itself.
+Sign signOf(const ContentsPolicy& policy, std::string_view name, std::optional<CandidateKind> kind,
+            bool isAtTop);
+
+/// The line of evidence for each sign that counts; paths are shown below `folder`. None when the
+/// folder looks like what it is called.
+std::vector<Message> reasonsOf(const ContentsPolicy& policy, const Contents& contents,
+                               const std::string& folder);
+
+/// The judgement when further reasons speak against an item: never preselected, at most usually
+/// safe and medium. Each reason is a further line of evidence; without any, nothing changes.
+RuleEvaluation withCaution(RuleEvaluation evaluation, std::vector<Message> reasons);
+
 /// Judges a matched project rule. `context` is the nearest enclosing project, or null;
 /// `hasGitRepository` tells whether a repository encloses the entry. Nothing means that the entry
-/// must not be offered.
+/// must not be offered. What was recognised by what is in it has a proof in place of a name.
 std::optional<RuleEvaluation> evaluate(const ScanRule& rule, const ProjectContext* context,
-                                       GitItemStatus gitStatus, bool hasGitRepository);
+                                       GitItemStatus gitStatus, bool hasGitRepository,
+                                       const Message* proof = nullptr);
 
 }  // namespace ScanRules
 

@@ -15,6 +15,7 @@
 #include "platform/DirectoryEnumerator.h"
 #include "platform/PathSafety.h"
 #include "rules/CacheRules.h"
+#include "rules/ScanRules.h"
 #include "scanner/MeasurementPool.h"
 
 namespace broomtide {
@@ -33,6 +34,9 @@ struct CacheItem {
   std::string location;
   std::shared_ptr<Measurement> measurement;
 };
+
+// A cache is what its place says, but a repository in it is somebody's.
+constexpr ContentsPolicy repositoriesAlone{};
 
 class CacheScan {
  public:
@@ -120,7 +124,8 @@ class CacheScan {
                  const std::string& resolved) {
     checkForCancellation();
     std::string path = resolved.substr(resolvedRoot_.size() + 1);
-    items_.push_back({&target, location, measurements_.measure(std::move(path))});
+    items_.push_back(
+        {&target, location, measurements_.measure(std::move(path), repositoriesAlone)});
   }
 
   void report(const CacheItem& item) {
@@ -141,6 +146,16 @@ class CacheScan {
     std::ranges::move(result.issues, std::back_inserter(issues_));
     if (result.bytes < 1) return;
 
+    const auto command = target.regenerationCommand
+                             ? std::optional(Message{*target.regenerationCommand})
+                             : std::nullopt;
+    const RuleEvaluation judged = ScanRules::withCaution(
+        {.safety = target.safety,
+         .confidence = DetectionConfidence::high,
+         .isSelected = target.safety == SafetyLevel::safe,
+         .evidence = {naming(messages::cacheLocation, std::string(target.relativePath))},
+         .regenerationCommand = command},
+        ScanRules::reasonsOf(repositoriesAlone, result.contents, path));
     reports_.add({
         .url = item.location,
         .relativePath = path,
@@ -148,17 +163,18 @@ class CacheScan {
         .size = result.bytes,
         .modificationDate = folder.attributes.modificationDate,
         .category = target.category,
-        .safety = target.safety,
+        .safety = judged.safety,
         .explanation = target.explanation,
         .fileIdentity = FileIdentity::token(folder.attributes),
-        .isSelected = target.safety == SafetyLevel::safe,
+        .isSelected = judged.isSelected,
         .projectRoot = std::nullopt,
         .gitRoot = std::nullopt,
         .projectKinds = {},
-        .evidence = {Message{.pattern = messages::cacheLocation,
-                             .values = {nameValue(std::string(target.relativePath))}}},
-        .regenerationCommand = target.regenerationCommand,
-        .confidence = DetectionConfidence::high,
+        .evidence = judged.evidence,
+        .regenerationCommand = judged.regenerationCommand,
+        .contentsPolicy = &repositoriesAlone,
+        .contentsFingerprint = result.contents.fingerprint(),
+        .confidence = judged.confidence,
         .gitStatus = GitItemStatus::unavailable,
     });
     reports_.report(entries_, reports_.totalBytes(), bareName(path));

@@ -19,7 +19,8 @@ ScannerSettings ScannerSettings::forThisMachine() {
   return {.measuringThreads = std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, 8),
           .git = GitCommand::executable(),
           .gitRunLimit = GitCommand::runLimit,
-          .homeTrash = UserFolders::homeTrash()};
+          .homeTrash = UserFolders::homeTrash(),
+          .homes = UserFolders::homes()};
 }
 
 DefaultFileScanner::DefaultFileScanner(FileManager& fileManager, ScannerSettings settings)

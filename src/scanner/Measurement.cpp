@@ -13,12 +13,6 @@ namespace {
 
 constexpr std::chrono::milliseconds maxSilence{5};
 
-// The order of a depth-first walk with siblings by name: a slash sorts before every other byte.
-bool comesFirst(std::string_view left, std::string_view right) {
-  const auto rank = [](char byte) { return byte == '/' ? 0 : static_cast<unsigned char>(byte); };
-  return std::ranges::lexicographical_compare(left, right, {}, rank, rank);
-}
-
 }  // namespace
 
 // Waits a few milliseconds for the condition, or for a failure, and returns whether it holds.
@@ -51,7 +45,10 @@ Measurement::Result Measurement::await(const std::string& location, const std::s
     for (const Interval& interval : passed) onProgress(interval.bytes, interval.entries);
   }
   onProgress(bytes_, entries_);
-  return {.bytes = bytes_, .entries = entries_, .issues = issuesInOrder(location)};
+  return {.bytes = bytes_,
+          .entries = entries_,
+          .issues = issuesInOrder(location),
+          .contents = std::move(contents_)};
 }
 
 void Measurement::setFolder(const Folder& folder) {
@@ -87,13 +84,18 @@ void Measurement::add(std::int64_t bytes, std::int64_t entries, IntervalEnd end)
   intervals_.push_back({bytes_, intervals * progressInterval});
 }
 
+void Measurement::addSign(Sign sign, std::string_view relativePath) {
+  const std::scoped_lock lock(mutex_);
+  contents_.add(sign, relativePath);
+}
+
 void Measurement::addIssue(std::string relativePath, std::error_code error) {
   const std::scoped_lock lock(mutex_);
   problems_.push_back({std::move(relativePath), error});
 }
 
 std::vector<ScanIssue> Measurement::issuesInOrder(const std::string& location) {
-  std::ranges::stable_sort(problems_, comesFirst, &Problem::relativePath);
+  std::ranges::stable_sort(problems_, comesFirstInWalk, &Problem::relativePath);
   std::vector<ScanIssue> issues;
   issues.reserve(problems_.size());
   for (const Problem& problem : problems_) {

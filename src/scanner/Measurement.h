@@ -9,10 +9,12 @@
 #include <optional>
 #include <stop_token>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <utility>
 #include <vector>
 
+#include "core/Contents.h"
 #include "core/Records.h"
 #include "platform/FileManager.h"
 
@@ -33,7 +35,11 @@ class Measurement {
     std::int64_t bytes = 0;    ///< allocated bytes of the regular files
     std::int64_t entries = 0;  ///< everything below the folder, each entry once
     std::vector<ScanIssue> issues;
+    Contents contents;  ///< the signs that the policy counts
   };
+
+  /// `policy` says which signs count, and must outlive the measurement.
+  explicit Measurement(const ContentsPolicy& policy) : policy_(policy) {}
 
   /// Called with the bytes and entries counted so far.
   using ProgressFunction = std::function<void(std::int64_t bytes, std::int64_t entries)>;
@@ -69,6 +75,9 @@ class Measurement {
 
   /// Adds what was counted: at most one interval of entries at a time.
   void add(std::int64_t bytes, std::int64_t entries, IntervalEnd end);
+  const ContentsPolicy& policy() const { return policy_; }
+  /// Records a sign, given by its path below the folder.
+  void addSign(Sign sign, std::string_view relativePath);
   /// Records a problem with an entry, given by its path below the folder.
   void addIssue(std::string relativePath, std::error_code error);
 
@@ -89,6 +98,7 @@ class Measurement {
                    Condition condition);
   std::vector<ScanIssue> issuesInOrder(const std::string& location);
 
+  const ContentsPolicy& policy_;
   std::atomic<bool> isAbandoned_ = false;
 
   std::mutex mutex_;
@@ -100,6 +110,7 @@ class Measurement {
   std::int64_t entries_ = 0;
   std::vector<Interval> intervals_;  // not told of yet
   std::vector<Problem> problems_;
+  Contents contents_;
 };
 
 }  // namespace broomtide

@@ -5,6 +5,7 @@
 #include <iterator>
 #include <utility>
 
+#include "context/ContentsReader.h"
 #include "core/Paths.h"
 #include "platform/DirectoryEnumerator.h"
 
@@ -93,6 +94,7 @@ class MeasurementPool::Worker {
       if (stop_.stop_requested()) return false;
       if (part_.measurement->isAbandoned()) break;
       ++entriesToAdd_;
+      addSign();
       if (entries_.type() == EntryType::file) {
         addFile();
       } else if (entries_.type() == EntryType::unreadable) {
@@ -112,6 +114,14 @@ class MeasurementPool::Worker {
     } else if (attributes.isRegularFile()) {
       bytesToAdd_ += attributes.allocatedBytes;
     }
+  }
+
+  void addSign() {
+    const bool isAtTop = part_.path.empty() && entries_.folderPath().empty();
+    const Sign sign =
+        signOf(part_.measurement->policy(), entries_.name(), entries_.type(), isAtTop);
+    if (sign == Sign::none) return;
+    part_.measurement->addSign(sign, pathInMeasurement(entries_.relativePath()));
   }
 
   void addIssue(std::error_code error) {
@@ -162,8 +172,9 @@ MeasurementPool::MeasurementPool(FileManager& fileManager, FileDescriptor top, s
 
 MeasurementPool::~MeasurementPool() { stopping_.requestStop(); }
 
-std::shared_ptr<Measurement> MeasurementPool::measure(std::string path) {
-  auto measurement = std::make_shared<Measurement>();
+std::shared_ptr<Measurement> MeasurementPool::measure(std::string path,
+                                                      const ContentsPolicy& policy) {
+  auto measurement = std::make_shared<Measurement>(policy);
   collected_.push_back(
       {.measurement = measurement, .pathFromTop = std::move(path), .folder = {}, .path = {}});
   return measurement;

@@ -34,9 +34,9 @@ class MeasurementPool {
   MeasurementPool& operator=(const MeasurementPool&) = delete;
 
   /// Has a folder measured, from start() on; `path` leads there from the top, with no symlink on
-  /// the way. Folders come from one thread. Handing over several together costs that thread less
-  /// than each on its own.
-  std::shared_ptr<Measurement> measure(std::string path);
+  /// the way, and `policy` says what counts in it. Folders come from one thread. Handing over
+  /// several together costs that thread less than each on its own.
+  std::shared_ptr<Measurement> measure(std::string path, const ContentsPolicy& policy);
 
   /// Starts what was given to measure(), from the same thread, to which the threads leave a
   /// processor until finish().

@@ -6,10 +6,12 @@
 #include <set>
 #include <utility>
 
+#include "context/FolderSurroundings.h"
 #include "context/GitCommand.h"
 #include "core/Paths.h"
 #include "core/ServiceInterfaces.h"
 #include "platform/PathSafety.h"
+#include "rules/InstalledPlaces.h"
 
 namespace broomtide {
 namespace {
@@ -21,6 +23,7 @@ constexpr std::int64_t reportInterval = 64;
 TreeScan::TreeScan(std::string root, ScanMode mode, Date now, FileManager& fileManager,
                    const ScannerSettings& settings, ScanReports& reports, std::stop_token stop)
     : root_(std::move(root)),
+      resolvedRoot_(PathSafety::resolved(root_)),
       mode_(mode),
       now_(now),
       fileManager_(fileManager),
@@ -41,6 +44,7 @@ ScanOutcome TreeScan::run() {
                   .fileManager = fileManager_,
                   .measurements = measurements,
                   .trashes = TrashPlaces(settings_.homeTrash),
+                  .homes = settings_.homes,
                   .onRepository = [this](const std::string& root) { git_.add(root); }},
                  stop_);
   if (mode_ == ScanMode::project) {
@@ -87,7 +91,7 @@ void TreeScan::takeDiscovery(ProjectDiscovery discovery) {
 
 void TreeScan::visit(const WalkStep& step) {
   using enum WalkStep::Kind;
-  if (step.kind != folderIssue) ++entries_;
+  if (step.kind != folderIssue && step.kind != proven) ++entries_;
   switch (step.kind) {
     case passedOver:
       break;
@@ -97,6 +101,7 @@ void TreeScan::visit(const WalkStep& step) {
       }
       break;
     case matched:
+    case proven:
       visitMatch(step.relativePath(), *step.match);
       break;
     case entryIssue:
@@ -108,8 +113,10 @@ void TreeScan::visit(const WalkStep& step) {
 
 void TreeScan::visitMatch(const std::string& relativePath, const WalkMatch& match) {
   const std::string location = paths::appending(root_, relativePath);
-  const Judged around = askGit(location, match);
-  const std::optional<RuleEvaluation>& evaluation = evaluate(*match.rule, around);
+  const Judged around = lookAround(relativePath, location, match);
+  std::optional<RuleEvaluation> evaluation = match.proof
+                                                 ? judge(*match.rule, around, &match.proof->reason)
+                                                 : evaluate(*match.rule, around);
   if (!evaluation) {
     if (match.measurement) match.measurement->abandon();
     return;
@@ -131,17 +138,20 @@ void TreeScan::visitMatch(const std::string& relativePath, const WalkMatch& matc
     return;
   }
 
-  std::int64_t size = 0;
+  Measurement::Result measured;
   if (folder.isOpen) {
-    size = measure(location, label, *match.measurement);
+    measured = measure(location, label, *match.measurement);
+    evaluation = ScanRules::withCaution(
+        *std::move(evaluation),
+        ScanRules::reasonsOf(match.rule->contents, measured.contents, relativePath));
   } else if (!isFolder) {
-    size = attributes.allocatedBytes;
+    measured.bytes = attributes.allocatedBytes;
   }
   reports_.add({
       .url = location,
       .relativePath = relativePath,
       .kind = match.rule->kind,
-      .size = size,
+      .size = measured.bytes,
       .modificationDate = attributes.modificationDate,
       .category = match.rule->category,
       .safety = evaluation->safety,
@@ -153,11 +163,29 @@ void TreeScan::visitMatch(const std::string& relativePath, const WalkMatch& matc
       .otherGitRoots = around.otherGitRoots,
       .projectKinds = around.project ? around.project->kinds : std::set<ProjectKind>{},
       .evidence = evaluation->evidence,
-      .regenerationCommand = evaluation->regenerationCommand,
+      .regenerationCommand = match.proof ? match.proof->command : evaluation->regenerationCommand,
+      .contentsPolicy = folder.isOpen ? &match.rule->contents : nullptr,
+      .contentsFingerprint = measured.contents.fingerprint(),
       .confidence = evaluation->confidence,
       .gitStatus = around.gitStatus,
   });
   reports_.report(entries_, reports_.totalBytes(), bareName(relativePath));
+}
+
+TreeScan::Judged TreeScan::lookAround(const std::string& relativePath, const std::string& location,
+                                      const WalkMatch& match) {
+  Judged judged = askGit(location, match);
+  if (mode_ != ScanMode::project) return judged;
+  judged.caution = match.around.caution;
+  const std::string_view name = paths::lastComponent(relativePath);
+  const bool isHidden = match.rule->kind == CandidateKind::directory && name.starts_with('.');
+  if (isHidden) {
+    std::string place = paths::appending(resolvedRoot_, relativePath);
+    if (isHiddenInHome(paths::enclosingFolder(place), name, settings_.homes)) {
+      judged.hiddenInHome = std::move(place);
+    }
+  }
+  return judged;
 }
 
 TreeScan::Judged TreeScan::askGit(const std::string& location, const WalkMatch& match) {
@@ -191,28 +219,48 @@ const std::optional<RuleEvaluation>& TreeScan::evaluate(const ScanRule& rule,
   if (judgedRule_ == &rule && judgedAround_ == around) return judgement_;
   judgedRule_ = &rule;
   judgedAround_ = around;
-  if (mode_ == ScanMode::downloads) {
-    judgement_ = RuleEvaluation{.safety = rule.safety,
-                                .confidence = DetectionConfidence::high,
-                                .isSelected = rule.selection == SelectionPolicy::selected,
-                                .evidence = {Message{messages::downloadsRule}},
-                                .regenerationCommand = std::nullopt};
-  } else {
-    judgement_ =
-        ScanRules::evaluate(rule, around.project, around.gitStatus, around.gitRoot != nullptr);
-  }
+  judgement_ = judge(rule, around, nullptr);
   return judgement_;
 }
 
-std::int64_t TreeScan::measure(const std::string& location, const Message& label,
-                               Measurement& measurement) {
+std::optional<RuleEvaluation> TreeScan::judge(const ScanRule& rule, const Judged& around,
+                                              const Message* proof) const {
+  if (mode_ == ScanMode::downloads) {
+    return RuleEvaluation{.safety = rule.safety,
+                          .confidence = DetectionConfidence::high,
+                          .isSelected = rule.selection == SelectionPolicy::selected,
+                          .evidence = {Message{messages::downloadsRule}},
+                          .regenerationCommand = std::nullopt};
+  }
+  auto evaluation =
+      ScanRules::evaluate(rule, around.project, around.gitStatus, around.gitRoot != nullptr, proof);
+  if (!evaluation) return std::nullopt;
+  return ScanRules::withCaution(*std::move(evaluation), reasonsAround(around));
+}
+
+std::vector<Message> TreeScan::reasonsAround(const Judged& around) const {
+  std::vector<Message> reasons;
+  for (const Caution* caution = around.caution; caution != nullptr; caution = caution->around) {
+    reasons.push_back(caution->reason);
+  }
+  if (!around.hiddenInHome.empty()) {
+    reasons.push_back(naming(messages::insideHiddenFolder, around.hiddenInHome));
+  }
+  const bool isHomeProject = around.project != nullptr &&
+                             isHome(PathSafety::resolved(around.project->root), settings_.homes);
+  if (isHomeProject) reasons.push_back(naming(messages::projectIsHome, around.project->root));
+  return reasons;
+}
+
+Measurement::Result TreeScan::measure(const std::string& location, const Message& label,
+                                      Measurement& measurement) {
   const auto onProgress = [&](std::int64_t bytes, std::int64_t entries) {
     reports_.report(entries_ + entries, reports_.totalBytes() + bytes, label);
   };
   Measurement::Result result = measurement.await(location, stop_, onProgress);
   entries_ += result.entries;
   std::ranges::move(result.issues, std::back_inserter(issues_));
-  return result.bytes;
+  return result;
 }
 
 void TreeScan::addIssue(const std::string& path, std::string message) {

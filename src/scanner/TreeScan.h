@@ -36,6 +36,8 @@ class TreeScan {
     const std::string* gitRoot = nullptr;
     GitItemStatus gitStatus = GitItemStatus::unavailable;
     std::vector<std::string> otherGitRoots = {};
+    const Caution* caution = nullptr;
+    std::string hiddenInHome = {};  // the item, when it belongs to the programs of a user
 
     bool operator==(const Judged&) const = default;
   };
@@ -45,12 +47,19 @@ class TreeScan {
   void takeDiscovery(ProjectDiscovery discovery);
   void visit(const WalkStep& step);
   void visitMatch(const std::string& relativePath, const WalkMatch& match);
+  Judged lookAround(const std::string& relativePath, const std::string& location,
+                    const WalkMatch& match);
   Judged askGit(const std::string& location, const WalkMatch& match);
   const std::optional<RuleEvaluation>& evaluate(const ScanRule& rule, const Judged& around);
-  std::int64_t measure(const std::string& location, const Message& label, Measurement& measurement);
+  std::optional<RuleEvaluation> judge(const ScanRule& rule, const Judged& around,
+                                      const Message* proof) const;
+  std::vector<Message> reasonsAround(const Judged& around) const;
+  Measurement::Result measure(const std::string& location, const Message& label,
+                              Measurement& measurement);
   void addIssue(const std::string& path, std::string message);
 
   const std::string root_;
+  const std::string resolvedRoot_;
   const ScanMode mode_;
   const Date now_;
   FileManager& fileManager_;

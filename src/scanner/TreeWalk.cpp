@@ -1,16 +1,24 @@
 #include "scanner/TreeWalk.h"
 
+#include <algorithm>
 #include <chrono>
 #include <exception>
 #include <limits>
 #include <optional>
 #include <utility>
 
+#include "context/BuildProof.h"
+#include "context/FolderMarks.h"
+#include "context/FolderSurroundings.h"
+#include "core/Paths.h"
 #include "core/ServiceInterfaces.h"
 #include "platform/DirectoryEnumerator.h"
 #include "platform/PathSafety.h"
+#include "rules/InstalledPlaces.h"
+#include "rules/ProjectManifests.h"
 #include "rules/ScanRule.h"
 #include "rules/ScanRules.h"
+#include "rules/VersionControl.h"
 
 namespace broomtide {
 namespace {
@@ -48,8 +56,11 @@ class TreeWalk::Walker {
     entries_.begin(std::move(top));
     while (entries_.next()) {
       if (stop_.stop_requested()) throw CancellationError();
-      if (isProjectScan() && entries_.isFirstInFolder()) lookForProject();
-      visit();
+      if (entries_.isFirstInFolder() && !enterFolder()) {
+        entries_.skipRestOfFolder();
+      } else {
+        visit();
+      }
       if (isTimeToFlush()) flush();
     }
     setup_.measurements.finish();
@@ -72,11 +83,79 @@ class TreeWalk::Walker {
     batches_.push(steps_.take(), stop_);
   }
 
-  // All that a folder says of projects is known before anything in it is matched.
-  void lookForProject() {
-    projects_.enterFolder(entries_.folderPath());
+  // What a folder says about itself is known before anything in it is matched. False when nothing
+  // in it is to be looked at.
+  bool enterFolder() {
+    const std::string_view path = entries_.folderPath();
+    FolderMarks marks;
     entries_.forEachInFolder(
-        [this](std::string_view name, EntryType type) { projects_.addEntry(name, type); });
+        [&marks](std::string_view name, EntryType type) { marks.add(name, type); });
+    const bool isTop = path.empty();
+    const std::string_view name = paths::lastComponent(isTop ? resolvedRoot_ : path);
+    if (marks.isGitStore() || marks.isTrash(name)) return false;
+    if (!isProjectScan()) return true;
+    if (isTop ? !around_ : isInstalled(marks) || isGenerated(marks)) return false;
+    projects_.enterFolder(path);
+    entries_.forEachInFolder(
+        [this](std::string_view entry, EntryType type) { projects_.addEntry(entry, type); });
+    if (!isTop) addCautions(marks);
+    // What is around the scanned folder counts as if the walk had come from there.
+    if (isTop)
+      std::ranges::for_each(*around_,
+                            [this](Message& reason) { projects_.addCaution(std::move(reason)); });
+    return true;
+  }
+
+  bool isInstalled(const FolderMarks& marks) {
+    const std::string_view path = entries_.folderPath();
+    if (marks.isInstalled(projects_.around(path).project != nullptr || isProject())) return true;
+    return marks.has(FolderMarks::package) &&
+           paths::lastComponent(paths::enclosingFolder(path)) == "extensions" &&
+           isEditorExtension(setup_.fileManager, entries_.folder());
+  }
+
+  // Offers a whole build tree or cache that no rule knows by its name.
+  bool isGenerated(const FolderMarks& marks) {
+    if (!marks.mayBeGenerated() || isProject()) return false;
+    const std::string path(entries_.folderPath());
+    WalkMatch match{.around = projects_.around(path)};
+    auto proof = buildProof(setup_.fileManager, entries_.folder(),
+                            paths::appending(resolvedRoot_, path), marks, Proofs::all);
+    if (!proof || !proof->rule->policy.accepts(match.around.project)) return false;
+    prove(match, path, *std::move(proof));
+    steps_.addProven(path, std::move(match));
+    return true;
+  }
+
+  void prove(WalkMatch& match, const std::string& path, BuildProof proof) {
+    match.rule = proof.rule;
+    match.measurement = setup_.measurements.measure(path, proof.rule->contents);
+    match.proof = std::make_unique<BuildProof>(std::move(proof));
+  }
+
+  // Whether the current entry's folder is a project or a working copy.
+  bool isProject() const {
+    bool isFound = false;
+    entries_.forEachInFolder([&isFound](std::string_view name, EntryType type) {
+      isFound = isFound || versionControlSystem(name) != nullptr ||
+                (type == EntryType::file && manifestKind(name));
+    });
+    return isFound;
+  }
+
+  void addCautions(const FolderMarks& marks) {
+    const std::string place = placeOf(entries_.folderPath());
+    const std::string_view name = paths::lastComponent(place);
+    if (marks.has(FolderMarks::pythonEnvironment)) {
+      projects_.addCaution(naming(messages::insideInstalled, place));
+    }
+    if (isHiddenInHome(paths::enclosingFolder(place), name, setup_.homes)) {
+      projects_.addCaution(naming(messages::insideHiddenFolder, place));
+    }
+  }
+
+  std::string placeOf(std::string_view path) const {
+    return path.empty() ? resolvedRoot_ : paths::appending(resolvedRoot_, path);
   }
 
   void visit() {
@@ -98,7 +177,7 @@ class TreeWalk::Walker {
   }
 
   void visitFolder() {
-    if (isClosed(entries_.name()) || isTrash()) {
+    if (isClosed(entries_.name()) || isTrash() || isInstalledPlace()) {
       entries_.skipDescendants();
       steps_.addPassedOver();
       return;
@@ -109,18 +188,43 @@ class TreeWalk::Walker {
       return;
     }
     entries_.skipDescendants();
-    if (isAllowedHere(*rule)) {
-      addFolder(*rule);
-    } else {
+    if (!isAllowedHere(*rule)) {
+      visitRefused();
+    } else if (isEnvironmentAlone(*rule)) {
       steps_.addPassedOver();
+    } else {
+      WalkMatch match{.rule = rule};
+      match.measurement =
+          setup_.measurements.measure(std::string(entries_.relativePath()), rule->contents);
+      addMatch(std::move(match));
     }
   }
 
-  void addFolder(const ScanRule& rule) {
+  // A folder whose name says nothing where it lies may still be a build tree.
+  void visitRefused() {
+    const std::string path(entries_.relativePath());
+    auto proof = buildProofOf(setup_.fileManager, entries_.folder(), std::string(entries_.name()),
+                              placeOf(path));
+    if (!proof) {
+      steps_.addPassedOver();
+      return;
+    }
     WalkMatch match;
-    match.rule = &rule;
-    match.measurement = setup_.measurements.measure(std::string(entries_.relativePath()));
+    prove(match, path, *std::move(proof));
     addMatch(std::move(match));
+  }
+
+  // A Python environment that no project has made is where a program is installed.
+  bool isEnvironmentAlone(const ScanRule& rule) {
+    if (!rule.contents.isEnvironment ||
+        projects_.around(entries_.folderPath()).project != nullptr) {
+      return false;
+    }
+    const std::string mark = paths::appending(entries_.name(), environmentMark);
+    FileAttributes attributes;
+    return !setup_.fileManager.readAttributes(entries_.folder(), mark.c_str(),
+                                              LinkPolicy::doNotFollow, attributes) &&
+           attributes.isRegularFile();
   }
 
   void visitFile() {
@@ -153,7 +257,14 @@ class TreeWalk::Walker {
 
   // Files in a repository's own folder are called as its branches are, also like a download.
   bool isClosed(std::string_view name) const {
-    return isProjectScan() ? ScanRules::isSensitiveDirectory(name) : name == ".git";
+    if (isProjectScan() && ScanRules::isSensitiveDirectory(name)) return true;
+    const VersionControlSystem* system = versionControlSystem(name);
+    return system != nullptr && system->hasFolder;
+  }
+
+  bool isInstalledPlace() const {
+    return isProjectScan() && broomtide::isInstalledPlace(resolvedRoot_, entries_.folderPath(),
+                                                          entries_.name(), setup_.homes);
   }
 
   bool isTrash() const {
@@ -196,6 +307,8 @@ class TreeWalk::Walker {
   std::size_t entriesSeen_ = 0;
   Clock::time_point lastFlush_ = Clock::now();
   const std::string resolvedRoot_ = PathSafety::resolved(setup_.root);
+  std::optional<std::vector<Message>> around_ =
+      cautionsIn(setup_.fileManager, resolvedRoot_, setup_.homes);
 };
 
 TreeWalk::TreeWalk(FileDescriptor top, Setup setup, std::stop_token stop)

@@ -4,6 +4,7 @@
 #include <stop_token>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "context/ProjectDetector.h"
 #include "core/Date.h"
@@ -28,6 +29,7 @@ class TreeWalk {
     FileManager& fileManager;
     MeasurementPool& measurements;
     TrashPlaces trashes;                               ///< what the walk does not enter
+    const std::vector<std::string>& homes;             ///< of users, absolute paths
     ProjectDetector::RepositoryFunction onRepository;  ///< called on the thread of the walk
   };
 

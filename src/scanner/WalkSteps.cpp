@@ -43,6 +43,11 @@ void WalkWriter::addMatch(std::string_view folder, std::string_view name, WalkMa
   batch_.matches_.push_back(std::move(match));
 }
 
+void WalkWriter::addProven(std::string_view folder, WalkMatch match) {
+  add(proven, folder, {});
+  batch_.matches_.push_back(std::move(match));
+}
+
 void WalkWriter::addEntryIssue(std::string_view folder, std::string_view name, std::string issue) {
   add(entryIssue, folder, name);
   batch_.issues_.push_back(std::move(issue));
@@ -89,7 +94,7 @@ const WalkStep* WalkReader::next() {
 
   const WalkBatch::Record& record = batch_.records_[nextRecord_++];
   step_ = {.kind = record.kind, .folder = folder_, .name = nextText(record.textLength)};
-  if (record.kind == matched) step_.match = &batch_.matches_[nextMatch_++];
+  if (record.kind == matched || record.kind == proven) step_.match = &batch_.matches_[nextMatch_++];
   if (record.kind == entryIssue || record.kind == folderIssue) {
     step_.issue = &batch_.issues_[nextIssue_++];
   }

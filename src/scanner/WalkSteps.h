@@ -15,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+#include "context/BuildProof.h"
 #include "context/ProjectDetector.h"
 #include "platform/FileManager.h"
 #include "rules/ScanRule.h"
@@ -22,7 +23,7 @@
 
 namespace broomtide {
 
-/// An entry whose name and age a rule accepts.
+/// An entry whose name and age a rule accepts, or a folder that is proven to be disposable.
 struct WalkMatch {
   const ScanRule* rule = nullptr;
   Surroundings around;        ///< in a project scan
@@ -30,6 +31,7 @@ struct WalkMatch {
   FileAttributes attributes;  ///< of a file that can
 
   std::shared_ptr<Measurement> measurement;  ///< of a folder
+  std::unique_ptr<BuildProof> proof;         ///< of what is recognised by what is in it
 };
 
 /// One thing that a walk met.
@@ -38,6 +40,7 @@ struct WalkStep {
     passedOver,   ///< an entry that needs no further look; its path is not kept
     unmatched,    ///< an entry that no rule accepts
     matched,      ///< an entry with a match
+    proven,       ///< a match of a folder that was counted before; not an entry
     entryIssue,   ///< an entry with a problem
     folderIssue,  ///< a problem with a folder that was counted before; not an entry
   };
@@ -45,7 +48,7 @@ struct WalkStep {
   Kind kind;
   std::string_view folder;             ///< the path below the scanned folder
   std::string_view name;               ///< empty for the folder itself
-  const WalkMatch* match = nullptr;    ///< of a matched entry
+  const WalkMatch* match = nullptr;    ///< of a matched entry or a proven folder
   const std::string* issue = nullptr;  ///< what the problem is
 
   /// The path below the scanned folder.
@@ -83,6 +86,7 @@ class WalkWriter {
   void addPassedOver();
   void addUnmatched(std::string_view folder, std::string_view name);
   void addMatch(std::string_view folder, std::string_view name, WalkMatch match);
+  void addProven(std::string_view folder, WalkMatch match);
   void addEntryIssue(std::string_view folder, std::string_view name, std::string issue);
   void addFolderIssue(std::string_view folder, std::string issue);
 

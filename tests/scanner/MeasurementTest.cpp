@@ -21,7 +21,7 @@ class Measuring : public testing::Test {
                                   LinkPolicy::doNotFollow, top));
     MeasurementPool pool(files, std::move(top), threads, {});
     calls.clear();
-    const auto measurement = pool.measure(root.filename());
+    const auto measurement = pool.measure(root.filename(), policy);
     pool.finish();
     EXPECT_TRUE(measurement->awaitFolder({}).isOpen);
     return measurement->await(tree.root(), {}, [this](std::int64_t bytes, std::int64_t entries) {
@@ -35,6 +35,7 @@ class Measuring : public testing::Test {
     return entries;
   }
 
+  static constexpr ContentsPolicy policy{.countsFiles = true};
   TemporaryTree tree;
   FaultyFileManager files;
   std::vector<std::pair<std::int64_t, std::int64_t>> calls;
@@ -59,12 +60,14 @@ TEST_F(Measuring, ReportsEveryIntervalAndTheEnd) {
 TEST_F(Measuring, SharesOneFolderAmongThreadsWithoutLosingAnything) {
   tree.run(
       "for d in $(seq 60); do for i in a b c; do for j in x y; do "
-      "mkdir -p $d/$i/$j && echo 1 > $d/$i/$j/f; done; done; done");
+      "mkdir -p $d/$i/$j && echo 1 > $d/$i/$j/a.sql; done; done; done");
   const Measurement::Result alone = measure(1);
   for (int round = 0; round < 20; ++round) {
     const Measurement::Result shared = measure(4);
     EXPECT_EQ(shared.entries, alone.entries);
     EXPECT_EQ(shared.bytes, alone.bytes);
+    EXPECT_EQ(shared.contents.fingerprint(), alone.contents.fingerprint());
+    EXPECT_EQ(shared.contents.first(Sign::protectedFile), "1/a/x/a.sql");
     EXPECT_EQ(calls.size(), static_cast<std::size_t>(alone.entries / 128 + 1));
     EXPECT_TRUE(std::ranges::is_sorted(calls));
   }

@@ -15,7 +15,8 @@ ScanResult ScanRecorder::scan(const std::string& root, ScanMode mode, Date now) 
   DefaultFileScanner scanner(fileManager_, {.measuringThreads = 2,
                                             .git = GitCommand::executable(),
                                             .gitRunLimit = GitCommand::runLimit,
-                                            .homeTrash = root + "/share/Trash"});
+                                            .homeTrash = root + "/share/Trash",
+                                            .homes = {PathSafety::resolved(root) + "/home"}});
   std::vector<ScanCandidate> before;
   return scanner.scan(root, mode, now,
                       [&](std::span<const ScanUpdate> told,

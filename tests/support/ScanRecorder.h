@@ -14,7 +14,7 @@ class ScanRecorder {
   explicit ScanRecorder(FileManager& fileManager = systemFileManager())
       : fileManager_(fileManager) {}
 
-  /// The user's own Trash is `share/Trash` below the root.
+  /// The user's own Trash is `share/Trash` below the root, and the user's home `home`.
   ScanResult scan(const std::string& root, ScanMode mode = ScanMode::project,
                   Date now = std::chrono::system_clock::now());
 

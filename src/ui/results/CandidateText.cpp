@@ -60,7 +60,7 @@ QString accessibleDetails(const ScanCandidate& candidate) {
   for (const Message& reason : candidate.evidence.lines()) lines << enginetext::sentence(reason);
   if (candidate.regenerationCommand)
     lines << CandidateText::tr("How to regenerate: %1")
-                 .arg(enginetext::statement(*candidate.regenerationCommand));
+                 .arg(enginetext::sentence(*candidate.regenerationCommand));
   return display::unmarked(lines.join(u'\n'));
 }
 
