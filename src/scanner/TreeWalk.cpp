@@ -98,17 +98,15 @@ class TreeWalk::Walker {
     projects_.enterFolder(path);
     entries_.forEachInFolder(
         [this](std::string_view entry, EntryType type) { projects_.addEntry(entry, type); });
-    if (!isTop) addCautions(marks);
-    // What is around the scanned folder counts as if the walk had come from there.
-    if (isTop)
-      std::ranges::for_each(*around_,
-                            [this](Message& reason) { projects_.addCaution(std::move(reason)); });
+    isTop ? addCautionsAround() : addCautions(marks);
     return true;
   }
 
   bool isInstalled(const FolderMarks& marks) {
     const std::string_view path = entries_.folderPath();
-    if (marks.isInstalled(projects_.around(path).project != nullptr || isProject())) return true;
+    const bool mayBelong = marks.has(FolderMarks::pythonEnvironment);
+    const bool belongs = mayBelong && (projects_.around(path).project != nullptr || isProject());
+    if (marks.isInstalled(belongs)) return true;
     return marks.has(FolderMarks::package) &&
            paths::lastComponent(paths::enclosingFolder(path)) == "extensions" &&
            isEditorExtension(setup_.fileManager, entries_.folder());
@@ -118,19 +116,27 @@ class TreeWalk::Walker {
   bool isGenerated(const FolderMarks& marks) {
     if (!marks.mayBeGenerated() || isProject()) return false;
     const std::string path(entries_.folderPath());
-    WalkMatch match{.around = projects_.around(path)};
+    const Surroundings around = projects_.around(path);
     auto proof = buildProof(setup_.fileManager, entries_.folder(),
                             paths::appending(resolvedRoot_, path), marks, Proofs::all);
-    if (!proof || !proof->rule->policy.accepts(match.around.project)) return false;
-    prove(match, path, *std::move(proof));
+    if (!proof || !proof->rule->policy.accepts(around.project)) return false;
+    WalkMatch match = proven(path, *std::move(proof));
+    match.around = around;
     steps_.addProven(path, std::move(match));
     return true;
   }
 
-  void prove(WalkMatch& match, const std::string& path, BuildProof proof) {
-    match.rule = proof.rule;
-    match.measurement = setup_.measurements.measure(path, proof.rule->contents);
+  WalkMatch proven(const std::string& path, BuildProof proof) {
+    WalkMatch match = measured(path, *proof.rule);
     match.proof = std::make_unique<BuildProof>(std::move(proof));
+    return match;
+  }
+
+  WalkMatch measured(const std::string& path, const ScanRule& rule) {
+    WalkMatch match;
+    match.rule = &rule;
+    match.measurement = setup_.measurements.measure(path, rule.contents);
+    return match;
   }
 
   // Whether the current entry's folder is a project or a working copy.
@@ -143,12 +149,17 @@ class TreeWalk::Walker {
     return isFound;
   }
 
+  // What is around the scanned folder counts as if the walk had come from there.
+  void addCautionsAround() {
+    for (Message& reason : *around_) projects_.addCaution(std::move(reason));
+  }
+
   void addCautions(const FolderMarks& marks) {
+    const std::string_view name = paths::lastComponent(entries_.folderPath());
+    const bool isEnvironment = marks.has(FolderMarks::pythonEnvironment);
+    if (!isEnvironment && !name.starts_with('.')) return;
     const std::string place = placeOf(entries_.folderPath());
-    const std::string_view name = paths::lastComponent(place);
-    if (marks.has(FolderMarks::pythonEnvironment)) {
-      projects_.addCaution(naming(messages::insideInstalled, place));
-    }
+    if (isEnvironment) projects_.addCaution(naming(messages::insideInstalled, place));
     if (isHiddenInHome(paths::enclosingFolder(place), name, setup_.homes)) {
       projects_.addCaution(naming(messages::insideHiddenFolder, place));
     }
@@ -193,10 +204,7 @@ class TreeWalk::Walker {
     } else if (isEnvironmentAlone(*rule)) {
       steps_.addPassedOver();
     } else {
-      WalkMatch match{.rule = rule};
-      match.measurement =
-          setup_.measurements.measure(std::string(entries_.relativePath()), rule->contents);
-      addMatch(std::move(match));
+      addMatch(measured(std::string(entries_.relativePath()), *rule));
     }
   }
 
@@ -205,13 +213,11 @@ class TreeWalk::Walker {
     const std::string path(entries_.relativePath());
     auto proof = buildProofOf(setup_.fileManager, entries_.folder(), std::string(entries_.name()),
                               placeOf(path));
-    if (!proof) {
+    if (proof) {
+      addMatch(proven(path, *std::move(proof)));
+    } else {
       steps_.addPassedOver();
-      return;
     }
-    WalkMatch match;
-    prove(match, path, *std::move(proof));
-    addMatch(std::move(match));
   }
 
   // A Python environment that no project has made is where a program is installed.
