@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
+#include <utility>
 
+#include "context/ContentsReader.h"
 #include "core/Paths.h"
+#include "core/ServiceInterfaces.h"
 #include "platform/PathSafety.h"
 
 namespace broomtide {
@@ -34,7 +37,8 @@ bool isModified(Date recorded, Date current) {
 Revalidation::Problem Revalidation::problemOf(const ScanCandidate& candidate) const {
   if (stop_.stop_requested()) return messages::cleanupCancelled;
   if (const Problem problem = problemOnDisk(candidate)) return problem;
-  return problemInGit(candidate);
+  if (const Problem problem = problemInGit(candidate)) return problem;
+  return problemInContents(candidate);
 }
 
 Revalidation::Problem Revalidation::problemOnDisk(const ScanCandidate& candidate) const {
@@ -51,6 +55,24 @@ Revalidation::Problem Revalidation::problemOnDisk(const ScanCandidate& candidate
     return messages::modified;
   }
   return std::nullopt;
+}
+
+// What was found in the scan is known to whoever has confirmed the item; what came since is not.
+Revalidation::Problem Revalidation::problemInContents(const ScanCandidate& candidate) const {
+  if (candidate.contentsPolicy == nullptr) return std::nullopt;
+  FileDescriptor folder;
+  if (fileManager_.openFolder(workingDirectory, candidate.url.c_str(), LinkPolicy::doNotFollow,
+                              folder)) {
+    return messages::contentsChanged;
+  }
+  try {
+    const Contents contents =
+        readContents(fileManager_, std::move(folder), *candidate.contentsPolicy, stop_);
+    const bool isSame = contents.fingerprint() == candidate.contentsFingerprint;
+    return isSame ? std::nullopt : Problem(messages::contentsChanged);
+  } catch (const CancellationError&) {
+    return messages::cleanupCancelled;
+  }
 }
 
 Revalidation::Problem Revalidation::problemInGit(const ScanCandidate& candidate) const {

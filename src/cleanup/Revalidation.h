@@ -29,6 +29,7 @@ class Revalidation {
 
  private:
   Problem problemOnDisk(const ScanCandidate& candidate) const;
+  Problem problemInContents(const ScanCandidate& candidate) const;
   Problem problemInGit(const ScanCandidate& candidate) const;
 
   FileManager& fileManager_;

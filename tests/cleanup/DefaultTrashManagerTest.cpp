@@ -26,6 +26,7 @@ class Cleanup : public testing::Test {
   ScanCandidate candidate(const std::string& relative) const {
     ScanCandidate result = test::candidateBelow(tree.path("work"), relative);
     result.size = 4096;
+    if (result.kind == CandidateKind::directory) result.contentsPolicy = &policy;
     return result;
   }
 
@@ -60,6 +61,7 @@ class Cleanup : public testing::Test {
 
   std::string outcome(const ScanCandidate& item) { return outcomes({item}).at(0); }
 
+  static constexpr ContentsPolicy policy{.countsFiles = true};
   test::TemporaryTree tree;
   test::FaultyFileManager files;
   std::map<std::string, GitSnapshot> snapshots;
@@ -108,8 +110,10 @@ TEST_F(Cleanup, LeavesAloneWhatIsNoLongerWhatWasScanned) {
       {"touch app/node_modules/new", modified},
       {"touch -d 2001-01-01 app/node_modules", modified},
       {"touch -d 1600-01-01 app/node_modules", modified},
-      {"touch app/node_modules/m/new", "moved"},  // deeper changes are not looked for
-      {"mv app x; ln -s x app", "moved"},         // the same item, still inside
+      {"touch app/node_modules/m/new", "moved"},  // deeper changes that say nothing
+      {"mkdir app/node_modules/m/.git", contentsChanged},
+      {"touch app/node_modules/m/a.sqlite", contentsChanged},
+      {"mv app x; ln -s x app", "moved"},  // the same item, still inside
       {"true", "moved"},
   };
   const auto source = tree.path("work"), kept = tree.path("kept");
