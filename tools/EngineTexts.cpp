@@ -10,6 +10,7 @@
 
 #include "core/Messages.h"
 #include "rules/CacheRules.h"
+#include "rules/ProvenRules.h"
 #include "rules/ScanRules.h"
 
 namespace broomtide {
@@ -32,6 +33,7 @@ std::set<std::string> engineTexts() {
   for (const ScanRule& rule : ScanRules::project)
     add(rule.category, rule.explanation, rule.policy.regenerationCommand);
   for (const ScanRule& rule : ScanRules::downloads) add(rule.category, rule.explanation);
+  for (const ScanRule* rule : ProvenRules::all) add(rule->category, rule->explanation);
   for (const CacheTarget& target : CacheRules::locations)
     add(target.category, target.explanation, target.regenerationCommand.value_or(""));
   for (const std::string_view message : messages::all) add(message);

@@ -9,8 +9,11 @@
 
 #include "rules/CacheRules.h"
 #include "rules/GuardedNames.h"
+#include "rules/InstalledPlaces.h"
 #include "rules/ProjectManifests.h"
+#include "rules/ProvenRules.h"
 #include "rules/ScanRuleTables.h"
+#include "rules/VersionControl.h"
 
 namespace broomtide {
 namespace {
@@ -116,6 +119,48 @@ std::string listed(const auto& names, std::string_view before = "") {
   return joined(all, ", ");
 }
 
+std::string proven() {
+  std::vector<std::string> rows;
+  const std::vector<std::vector<std::string>> proofs = {
+      {"`CMakeCache.txt` that names a folder with `CMakeLists.txt`", "`cmake -S … -B …`"},
+      {"`meson-private/coredata.dat`, and `meson-info` that names a folder with `meson.build`",
+       "`meson setup … …`"},
+      {"`.rustc_info.json` and `CACHEDIR.TAG`", "`cargo build --target-dir …`"},
+      {"`CACHEDIR.TAG` with its signature, in a project", "nothing to do"}};
+  for (std::size_t index = 0; index < proofs.size(); ++index) {
+    const ScanRule& rule = *ProvenRules::all[index];
+    rows.push_back(row({proofs[index][0], std::string(rule.explanation), std::string(rule.category),
+                        std::string(title(rule.safety)), proofs[index][1]}));
+  }
+  return joined(rows, "\n");
+}
+
+std::string installed() {
+  std::vector<std::string> all;
+  for (const InstalledPlace& place : installedPlaces) {
+    using enum InstalledPlace::Base;
+    const std::string_view base = place.base == home ? "~/" : place.base == fileSystem ? "/" : "";
+    all.push_back(code(base, place.path));
+  }
+  return joined(all, ", ");
+}
+
+std::string stores() {
+  std::vector<std::string> all;
+  for (const VersionControlSystem& system : versionControlSystems) {
+    all.push_back(code("", system.mark) + " (" + std::string(system.title) + ")");
+  }
+  return joined(all, ", ");
+}
+
+std::string withSources() {
+  std::vector<std::string> names;
+  for (const ScanRule& rule : ScanRules::project) {
+    if (rule.contents.countsSources) names.push_back(nameOf(rule));
+  }
+  return joined(names, ", ");
+}
+
 std::string withTables(std::istream& text) {
   const std::map<std::string, std::string> tables = {
       {"projects", projects()},
@@ -127,6 +172,15 @@ std::string withTables(std::istream& text) {
       {"environment file", code("", ScanRules::environmentFile)},
       {"protected files", listed(ScanRules::protectedFileNames)},
       {"protected extensions", listed(ScanRules::protectedExtensions, ".")},
+      {"stores", stores()},
+      {"sources' folders", listed(ScanRules::guardedNamesOfSources)},
+      {"with sources", withSources()},
+      {"source extensions", listed(ScanRules::sourceExtensions, ".")},
+      {"environment", code("", environmentMark)},
+      {"conda", code("", condaMark, "/")},
+      {"electron", listed(electronMarks)},
+      {"proven", proven()},
+      {"installed", installed()},
   };
   std::string result;
   bool isName = false;

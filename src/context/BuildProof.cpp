@@ -7,9 +7,12 @@
 #include <utility>
 
 #include "core/Paths.h"
+#include "platform/DirectoryEnumerator.h"
 #include "platform/PathSafety.h"
 #include "platform/WholeFile.h"
+#include "rules/ProjectManifests.h"
 #include "rules/ProvenRules.h"
+#include "rules/VersionControl.h"
 
 namespace broomtide {
 namespace {
@@ -112,6 +115,21 @@ std::optional<std::string> readTag(FileManager& fileManager, int folder) {
   return tag;
 }
 
+// Whether an open folder is a project or a working copy. One that cannot be read may be.
+bool isProject(FileManager& fileManager, int folder) {
+  FileDescriptor again;
+  if (fileManager.openFolder(folder, ".", LinkPolicy::doNotFollow, again)) return true;
+  bool isFound = false;
+  DirectoryEnumerator entries(fileManager, DirectoryEnumerator::Order::foldersAfter,
+                              [&isFound](std::string_view, std::error_code) { isFound = true; });
+  entries.begin(std::move(again));
+  while (entries.next() && !isFound) {
+    entries.skipDescendants();
+    isFound = isOfProject(entries.name(), entries.type());
+  }
+  return isFound;
+}
+
 // The comment in the second line, shortened: who wrote the tag.
 std::string writerOf(std::string_view tag) {
   constexpr std::size_t maxLength = 120;
@@ -123,6 +141,11 @@ std::string writerOf(std::string_view tag) {
 }
 
 }  // namespace
+
+bool isOfProject(std::string_view name, EntryType type) {
+  return versionControlSystem(name) != nullptr ||
+         (type == EntryType::file && manifestKind(name).has_value());
+}
 
 std::optional<BuildProof> buildProof(FileManager& fileManager, int folder,
                                      const std::string& location, const FolderMarks& marks,
@@ -156,11 +179,8 @@ std::optional<BuildProof> buildProofOf(FileManager& fileManager, int folder,
   if (fileManager.openFolder(folder, name.c_str(), LinkPolicy::doNotFollow, opened)) {
     return std::nullopt;
   }
-  FileAttributes repository;
-  if (!fileManager.readAttributes(opened.get(), ".git", LinkPolicy::doNotFollow, repository)) {
-    return std::nullopt;
-  }
   const FolderMarks marks = FolderMarks::of(fileManager, opened.get(), ".");
+  if (!marks.mayBeGenerated() || isProject(fileManager, opened.get())) return std::nullopt;
   return buildProof(fileManager, opened.get(), location, marks, Proofs::ofBuilds);
 }
 

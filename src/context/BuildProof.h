@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "context/FolderMarks.h"
 #include "core/Messages.h"
@@ -24,6 +25,10 @@ enum class Proofs {
   all,       ///< and the tag that programs put into their caches
 };
 
+/// Whether an entry makes the folder that holds it a project or a working copy, which no build has
+/// made.
+bool isOfProject(std::string_view name, EntryType type);
+
 /// The proof for an open folder with these marks, nothing when there is none. `location` is its
 /// absolute path, symlinks resolved. The sources that a build names must be there, and neither be
 /// the folder nor lie in it.
@@ -31,9 +36,8 @@ std::optional<BuildProof> buildProof(FileManager& fileManager, int folder,
                                      const std::string& location, const FolderMarks& marks,
                                      Proofs proofs);
 
-/// The same for a folder of which nothing was read yet and that is no repository, whole build trees
-/// alone. `folder` holds it,
-/// and `location` is its path.
+/// The same for a folder of which nothing was read yet, whole build trees alone; none for a
+/// project. `folder` holds it, and `location` is its path.
 std::optional<BuildProof> buildProofOf(FileManager& fileManager, int folder,
                                        const std::string& name, const std::string& location);
 

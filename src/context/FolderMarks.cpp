@@ -4,6 +4,7 @@
 #include <array>
 
 #include "core/Paths.h"
+#include "rules/InstalledPlaces.h"
 
 namespace broomtide {
 namespace {
@@ -28,15 +29,15 @@ constexpr std::array table = [] {
       {"files", trashFiles, true},
       {"objects", gitObjects, true},
       {"resources", resources, true},
-      {"conda-meta", conda, true},
-      {"pyvenv.cfg", pythonEnvironment},
+      {condaMark, conda, true},
+      {environmentMark, pythonEnvironment},
       {"CACHEDIR.TAG", cacheTag},
       {"package.json", package},
       {"meson-private", meson, true},
       {"CMakeCache.txt", cmakeCache},
-      {"chrome-sandbox", electron},
+      {electronMarks[0], electron},
       {".rustc_info.json", cargo},
-      {"chrome_100_percent.pak", electron},
+      {electronMarks[1], electron},
   });
 }();
 static_assert(std::ranges::is_sorted(table, comesBefore, &Named::name));

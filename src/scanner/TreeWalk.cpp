@@ -15,7 +15,6 @@
 #include "platform/DirectoryEnumerator.h"
 #include "platform/PathSafety.h"
 #include "rules/InstalledPlaces.h"
-#include "rules/ProjectManifests.h"
 #include "rules/ScanRule.h"
 #include "rules/ScanRules.h"
 #include "rules/VersionControl.h"
@@ -143,8 +142,7 @@ class TreeWalk::Walker {
   bool isProject() const {
     bool isFound = false;
     entries_.forEachInFolder([&isFound](std::string_view name, EntryType type) {
-      isFound = isFound || versionControlSystem(name) != nullptr ||
-                (type == EntryType::file && manifestKind(name));
+      isFound = isFound || isOfProject(name, type);
     });
     return isFound;
   }

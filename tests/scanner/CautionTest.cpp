@@ -244,7 +244,9 @@ TEST(Caution, OffersWholeBuildTreesByProof) {
   tree.file("src/meson.build");
   cmake("my build", tree.path("src"));
   cmake("src/deep/tree", tree.path("src"));
-  cmake("out", tree.path("src"));  // refused by its name: no project is around it
+  cmake("out", tree.path("src"));   // refused by its name: no project is around it
+  cmake("dist", tree.path("src"));  // and so is this one, but it is a project of its own
+  tree.file("dist/Cargo.toml");
   cmake("src", tree.path("src"));  // in the sources
   cmake("src/gone", tree.path("nowhere"));
   cmake("src/around", tree.path("src/around/in"));
