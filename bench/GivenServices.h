@@ -38,7 +38,7 @@ inline std::vector<ScanCandidate> makeCandidates(std::size_t count) {
     candidate.projectKinds = {ProjectKind::javascript};
     candidate.evidence = {bareName("package.json is in the same folder"),
                           bareName("Git ignores this folder")};
-    candidate.regenerationCommand = "npm ci";
+    candidate.regenerationCommand = Message{"npm ci"};
     candidate.confidence = DetectionConfidence::high;
     candidate.gitStatus = GitItemStatus::ignored;
   }

@@ -1,5 +1,6 @@
 #include "core/Messages.h"
 
+#include <algorithm>
 #include <system_error>
 #include <utility>
 
@@ -53,6 +54,10 @@ Message naming(std::string_view pattern, std::string name) {
 }
 
 bool hasCount(std::string_view pattern) { return pattern.find("%n") != pattern.npos; }
+
+bool isCaution(const Message& reason) {
+  return std::ranges::find(messages::cautions, reason.pattern) != messages::cautions.end();
+}
 
 Message bareName(std::string name) { return naming(messages::bare, std::move(name)); }
 

@@ -49,6 +49,9 @@ Message naming(std::string_view pattern, std::string name);
 /// Whether the first value is a number that decides about the form of the words around it.
 bool hasCount(std::string_view pattern);
 
+/// Whether a line of evidence is one of `messages::cautions`.
+bool isCaution(const Message& reason);
+
 /// A name or a path, alone.
 Message bareName(std::string name);
 
@@ -180,6 +183,12 @@ inline constexpr std::string_view moveToTrash = "Move selected items to Trash?";
 inline constexpr std::string_view cleanupComplete = "Cleanup complete";
 inline constexpr std::string_view noHistory = "No cleanup history";
 inline constexpr std::string_view historyAppears = "Completed cleanups will appear here.";
+
+/// What speaks against an item although its name, its project and Git do not.
+inline constexpr std::array cautions{
+    holdsRepository, holdsProtectedFile,  holdsGuardedFolder, holdsSource,        holdsManifest,
+    noEnvironment,   underVersionControl, insideInstalled,    insideHiddenFolder, projectIsHome,
+};
 
 /// All of them but the bare one and the commands, for translators.
 inline constexpr std::array all{

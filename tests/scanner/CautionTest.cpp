@@ -18,7 +18,7 @@ std::string verdict(const ScanResult& result, const std::string& path) {
     if (candidate.isSelected) return "ticked";
     EXPECT_NE(candidate.safety, SafetyLevel::safe) << path;
     const auto& lines = candidate.evidence.lines();
-    if (lines.size() > 3) EXPECT_EQ(candidate.confidence, DetectionConfidence::medium) << path;
+    EXPECT_TRUE(lines.size() == 3 || candidate.confidence == DetectionConfidence::medium) << path;
     return lines.back().text();
   }
   return "no";

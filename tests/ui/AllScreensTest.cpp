@@ -45,10 +45,11 @@ ScanCandidate item(int number, SafetyLevel safety, GitItemStatus status) {
                      {genericName},
                      {nameAgrees},
                      {downloadsRule},
+                     {holdsRepository, {nameValue("Git"), nameValue(".next/inner")}},
                      {cacheLocation, {nameValue("1/2")}}};
-  result.regenerationCommand =
+  result.regenerationCommand = Message{
       "Recreate the environment and install dependencies from the project "
-      "lock or requirements file.";
+      "lock or requirements file."};
   if (status == GitItemStatus::untracked) result.confidence = DetectionConfidence::medium;
   result.gitStatus = status;
   return result;

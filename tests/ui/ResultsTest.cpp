@@ -247,7 +247,7 @@ TEST_F(Results, OpenDetailsAndCopyTheirCommand) {
   ScanCandidate full = makeCandidate("web/אבג", 9);
   full.projectRoot = "/home/ada/אבג";
   full.evidence = {bareName("Detected by אבג/דהו")};
-  full.regenerationCommand = "npm ci";
+  full.regenerationCommand = Message{"npm ci"};
   show(resultOf({full, makeCandidate("bare", 1)}));
   press(Qt::Key_Right);
   const auto texts = [&] { return test::texts(*details()); };
@@ -330,7 +330,7 @@ TEST_F(Results, OfferAMenuForTheCandidateItWasOpenedFor) {
   const test::TemporaryTree tree;
   ScanCandidate item = makeCandidate("web/we\xff%ird", 9);
   item.url = tree.folder("w\xc3\xa9%b/we\xff%ird");
-  item.regenerationCommand = "make";
+  item.regenerationCommand = Message{"make"};
   show(resultOf({item, makeCandidate("b", 1)}));
   const QString path = QString::fromStdString("$'" + tree.path("w\xc3\xa9%b") + "/we\\xff%ird'");
   press(Qt::Key_C, Qt::ControlModifier);

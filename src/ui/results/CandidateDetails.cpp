@@ -74,7 +74,8 @@ CandidateDetails::CandidateDetails(const ScanCandidate& candidate, QWidget* pare
     addWithSymbol("shippingbox", tr("Project: %1").arg(display::name(*candidate.projectRoot)),
                   "project");
   for (const Message& reason : candidate.evidence.lines())
-    addWithSymbol("checkmark.circle", enginetext::sentence(reason), "evidence");
+    addWithSymbol(isCaution(reason) ? "exclamationmark.triangle" : "checkmark.circle",
+                  enginetext::sentence(reason), "evidence");
   if (candidate.regenerationCommand)
     addCommand(enginetext::sentence(*candidate.regenerationCommand));
   lines_->addStretch();
@@ -108,8 +109,9 @@ CandidateMenu::CandidateMenu(AppModel& model, const ScanCandidate& candidate, QW
   const std::string folder(paths::enclosingFolder(candidate.url));
   addAction(tr("Open Containing Folder"), this, [folder] { openFolder(folder); });
   addAction(tr("Copy Path"), this, [path = candidate.url] { copyText(display::pasteable(path)); });
-  const QString commandText =
-      candidate.regenerationCommand ? enginetext::sentence(*candidate.regenerationCommand) : QString();
+  const QString commandText = candidate.regenerationCommand
+                                  ? enginetext::sentence(*candidate.regenerationCommand)
+                                  : QString();
   QAction* command = addAction(tr("Copy Command"), this, [commandText] { copyText(commandText); });
   command->setEnabled(candidate.regenerationCommand.has_value());
 }
