@@ -29,8 +29,15 @@ namespace {
 // A pipe that a child writes to, and what came out of it.
 class Stream {
  public:
-  // Takes how many bytes may come. The stream is not open when there are no descriptors left.
-  explicit Stream(std::size_t most);
+  // Takes how many bytes may come, and what they are taken from, if anything. The stream is not
+  // open when there are no descriptors left.
+  Stream(std::size_t most, Allowance* allowance);
+
+  // Gives back what was not given away.
+  ~Stream();
+
+  Stream(const Stream&) = delete;
+  Stream& operator=(const Stream&) = delete;
 
   // True until the end of what is written was read.
   bool isOpen() const { return readEnd_.isOpen(); }
@@ -50,10 +57,12 @@ class Stream {
 
  private:
   const std::size_t most_;
+  Allowance* const allowance_;
   FileDescriptor readEnd_;
   FileDescriptor writeEnd_;
   std::string text_;
   std::size_t length_ = 0;
+  std::size_t taken_ = 0;  // from the allowance
 };
 
 // A child in a process group of its own. Kills the group and waits for the child when it was not
@@ -124,11 +133,15 @@ pid_t spawn(const Command& command, int output, int errors) {
   return error == 0 ? process : -1;
 }
 
-Stream::Stream(std::size_t most) : most_(most) {
+Stream::Stream(std::size_t most, Allowance* allowance) : most_(most), allowance_(allowance) {
   std::array<int, 2> ends{};
   if (::pipe2(ends.data(), O_CLOEXEC) != 0) return;
   readEnd_ = FileDescriptor(ends[0]);
   writeEnd_ = FileDescriptor(ends[1]);
+}
+
+Stream::~Stream() {
+  if (allowance_ != nullptr) allowance_->giveBack(taken_);
 }
 
 bool Stream::read() {
@@ -137,13 +150,17 @@ bool Stream::read() {
   const ssize_t count = ::read(readEnd_.get(), text_.data() + length_, text_.size() - length_);
   if (count < 0) return errno == EINTR;
   if (count == 0) readEnd_.reset();
-  length_ += static_cast<std::size_t>(count);
-  return length_ <= most_;
+  const auto arrived = static_cast<std::size_t>(count);
+  length_ += arrived;
+  if (length_ > most_ || (allowance_ != nullptr && !allowance_->take(arrived))) return false;
+  taken_ += arrived;
+  return true;
 }
 
 std::string Stream::take() {
   text_.resize(length_);
   text_.shrink_to_fit();
+  taken_ = 0;
   return std::move(text_);
 }
 
@@ -235,10 +252,18 @@ class Wait {
 
 }  // namespace
 
+bool Allowance::take(std::size_t bytes) {
+  std::size_t left = left_;
+  do {
+    if (left < bytes) return false;
+  } while (!left_.compare_exchange_weak(left, left - bytes));
+  return true;
+}
+
 std::optional<Output> run(const Command& command, const Limits& limits, std::stop_token stop) {
   const FileDescriptor interrupt(::eventfd(0, EFD_CLOEXEC));
-  Stream output(limits.output);
-  Stream errors(limits.errors);
+  Stream output(limits.output, limits.allowance);
+  Stream errors(limits.errors, nullptr);
   if (!interrupt.isOpen() || !output.isOpen() || !errors.isOpen()) return std::nullopt;
   const std::stop_callback interruptOnStop(stop, [&interrupt] {
     const std::uint64_t one = 1;

@@ -85,6 +85,14 @@ TEST(ChildProcess, GivesUpAChildThatSaysTooMuch) {
   EXPECT_EQ(shell("head -c 1001 /dev/zero", limits), std::nullopt);
   EXPECT_EQ(shell("head -c 1001 /dev/zero >&2", limits), std::nullopt);
   EXPECT_EQ(shell("cat /dev/zero", limits), std::nullopt);
+
+  ChildProcess::Allowance allowance(1000);  // what fails, or is given back, leaves it as it was
+  const ChildProcess::Limits shared{.time = 1min, .allowance = &allowance};
+  EXPECT_EQ(shell("cat /dev/zero", shared), std::nullopt);
+  EXPECT_EQ(shell("head -c 600 /dev/zero; exit 1", shared), std::nullopt);
+  EXPECT_EQ(shell("head -c 600 /dev/zero", shared)->size(), 600U);
+  EXPECT_EQ(shell("head -c 401 /dev/zero", shared), std::nullopt);
+  EXPECT_EQ(shell("head -c 400 /dev/zero", shared)->size(), 400U);
 }
 
 TEST_F(EndlessChild, IsKilledWhenItOnlyWaits) {
