@@ -1,6 +1,5 @@
 #include "cleanup/Revalidation.h"
 
-#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <utility>
@@ -82,19 +81,13 @@ Revalidation::Problem Revalidation::problemInGit(const ScanCandidate& candidate)
                ? GitItemStatus::unavailable
                : found->second.status(candidate.url, candidate.kind == CandidateKind::directory);
   };
-  const auto& others = candidate.otherGitRoots;
   const std::string* gitRoot = candidate.gitRoot ? &*candidate.gitRoot : nullptr;
-  const GitItemStatus status = statusAmong(gitRoot, others, statusIn);
-  if (status == GitItemStatus::tracked) return messages::nowTracked;
-  if (gitRoot == nullptr) {
-    const bool areSilent = std::ranges::any_of(others, [&](const std::string& other) {
-      return statusIn(other) == GitItemStatus::unavailable;
-    });
-    return areSilent ? Problem(messages::gitUnknown) : std::nullopt;
-  }
-  if (status == GitItemStatus::unavailable) return messages::gitUnknown;
+  const GitJudgement judged = statusAmong(gitRoot, candidate.otherGitRoots, statusIn);
+  if (judged.status == GitItemStatus::tracked) return messages::nowTracked;
+  if (!judged.hasRepository) return std::nullopt;
+  if (judged.status == GitItemStatus::unavailable) return messages::gitUnknown;
   const bool wasIgnored = candidate.gitStatus == GitItemStatus::ignored;
-  if (wasIgnored && status != GitItemStatus::ignored) return messages::noLongerIgnored;
+  if (wasIgnored && judged.status != GitItemStatus::ignored) return messages::noLongerIgnored;
   return std::nullopt;
 }
 

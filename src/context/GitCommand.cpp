@@ -1,5 +1,6 @@
 #include "context/GitCommand.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <utility>
 
@@ -8,22 +9,39 @@
 namespace broomtide::GitCommand {
 namespace {
 
-ChildProcess::Command commandIn(const std::string& git, const std::string& folder, Asked asked) {
-  ChildProcess::Command command{
+// No index can name what the system cannot open.
+constexpr std::size_t maxPathLength = 4095;
+
+ChildProcess::Command commandIn(const std::string& git, const std::string& folder) {
+  return {
       .executable = git,
-      .arguments = {"-C", folder, "-c", "core.quotepath=false", "-c", "core.fsmonitor=false"},
-      .environment = {"LC_ALL=C", "PATH=/usr/bin:/bin",
-                      "GIT_ALLOW_PROTOCOL=", "GIT_LITERAL_PATHSPECS=1"},
+      // Threads reserve memory, each its own part; so do packs, unless they are mapped in pieces.
+      .arguments = {"-C", folder, "-c", "core.quotepath=false", "-c", "core.fsmonitor=false", "-c",
+                    "index.threads=1", "-c", "core.packedGitWindowSize=32m", "-c",
+                    "core.packedGitLimit=256m"},
+      // Where it finds no repository, or one that is broken, Git would answer for one around it.
+      // The folder above is named in a way that no colon in its path can end.
+      .environment = {"LC_ALL=C", "PATH=/usr/bin:/bin", "GIT_ALLOW_PROTOCOL=",
+                      "GIT_LITERAL_PATHSPECS=1", "GIT_CEILING_DIRECTORIES=/proc/self/cwd/.."},
   };
-  if (asked == Asked::own) {
-    // Where it finds no repository, or one that is broken, Git would answer for one around it. The
-    // folder above is named in a way that no colon in its path can end.
-    command.environment.emplace_back("GIT_CEILING_DIRECTORIES=/proc/self/cwd/..");
-  }
-  return command;
 }
 
 }  // namespace
+
+std::optional<ChildProcess::Limits> Budget::next() {
+  const std::chrono::milliseconds lost = lost_;
+  if (lost >= mostLost) return std::nullopt;
+  const bool isPatient = lost < patience;
+  return ChildProcess::Limits{.time = isPatient ? runLimit_ : std::min(runLimit_, hastyRunLimit),
+                              .idleTime = isPatient ? idleLimit : hastyIdleLimit,
+                              .allowance = &listings_};
+}
+
+void Budget::lose(std::chrono::milliseconds time) {
+  std::chrono::milliseconds lost = lost_;
+  while (!lost_.compare_exchange_weak(lost, lost + time)) {
+  }
+}
 
 std::optional<std::string> locate(FileManager& fileManager, const char* developerFolder) {
   std::vector<std::string> places;
@@ -57,17 +75,18 @@ Mark markOf(FileManager& fileManager, const std::string& folder) {
                                                                       : Mark::unusable;
 }
 
-bool isInsideRepository(FileManager& fileManager, const std::string& folder) {
+std::vector<std::string> repositoriesAround(FileManager& fileManager, const std::string& folder) {
+  std::vector<std::string> found;
   for (std::string above = folder; above != "/";) {
     above = std::string(paths::enclosingFolder(above));
-    if (markOf(fileManager, above) != Mark::none) return true;
+    if (markOf(fileManager, above) != Mark::none) found.push_back(above);
   }
-  return false;
+  return found;
 }
 
 ChildProcess::Command listingCommand(const std::string& git, const std::string& folder,
-                                     Listing listing, Asked asked) {
-  ChildProcess::Command command = commandIn(git, folder, asked);
+                                     Listing listing) {
+  ChildProcess::Command command = commandIn(git, folder);
   command.arguments.insert(command.arguments.end(), {"ls-files", "-z"});
   if (listing == Listing::tracked) {
     command.arguments.emplace_back("--cached");
@@ -82,13 +101,13 @@ ChildProcess::Command listingCommand(const std::string& git, const std::string& 
 }
 
 ChildProcess::Command indexCommand(const std::string& git, const std::string& folder) {
-  ChildProcess::Command command = commandIn(git, folder, Asked::own);
+  ChildProcess::Command command = commandIn(git, folder);
   command.arguments.insert(command.arguments.end(), {"rev-parse", "--git-path", "index"});
   return command;
 }
 
 ChildProcess::Command countCommand(const std::string& git, const std::string& folder) {
-  ChildProcess::Command command = commandIn(git, folder, Asked::own);
+  ChildProcess::Command command = commandIn(git, folder);
   command.arguments.insert(command.arguments.end(), {"count-objects", "-v"});
   return command;
 }
@@ -106,6 +125,31 @@ bool namesMissingIndex(FileManager& fileManager, const std::string& folder,
   FileAttributes ignored;
   return fileManager.readAttributes(workingDirectory, index.c_str(), LinkPolicy::follow, ignored) ==
          std::errc::no_such_file_or_directory;
+}
+
+bool hasWorkTrees(FileManager& fileManager, const std::string& folder) {
+  FileAttributes ignored;
+  return fileManager.readAttributes(
+             workingDirectory, paths::appending(folder, ".git/worktrees").c_str(),
+             LinkPolicy::doNotFollow, ignored) != std::errc::no_such_file_or_directory;
+}
+
+ChildProcess::Command workTreesCommand(const std::string& git, const std::string& folder) {
+  ChildProcess::Command command = commandIn(git, folder);
+  command.arguments.insert(command.arguments.end(), {"worktree", "list", "--porcelain"});
+  return command;
+}
+
+std::string workTreesBelow(const std::string& folder, std::string_view printed) {
+  const std::string label = "worktree " + paths::appending(folder, "");
+  std::string found;
+  for (std::size_t start = 0; start < printed.size();) {
+    const std::size_t end = std::min(printed.find('\n', start), printed.size());
+    const std::string_view line = printed.substr(start, end - start);
+    if (line.starts_with(label)) found.append(line.substr(label.size())).push_back('\0');
+    start = end + 1;
+  }
+  return found;
 }
 
 bool tellsOfFailure(std::string_view messages) {
@@ -127,11 +171,28 @@ bool isListingOfIndex(std::string_view listing) {
     const std::string_view path = listing.substr(0, end);
     const bool leadsAside =
         path.starts_with('/') || path.starts_with("./") || path.starts_with("../");
-    if (path.empty() || leadsAside || path < last) return false;
+    const bool isPath = !path.empty() && path.size() <= maxPathLength && !leadsAside;
+    if (!isPath || path < last) return false;
     last = path;
     listing.remove_prefix(end + 1);
   }
   return true;
+}
+
+void keepBelow(std::string& listing, std::string_view folder) {
+  std::size_t kept = 0;
+  for (std::size_t start = 0; start < listing.size();) {
+    const std::size_t end = std::min(listing.find('\0', start), listing.size());
+    if (paths::isBelow(std::string_view(listing).substr(start, end - start), folder)) {
+      const std::size_t first = start + folder.size() + 1;
+      std::copy_n(listing.data() + first, end - first, listing.data() + kept);
+      kept += end - first;
+      listing[kept++] = '\0';
+    }
+    start = end + 1;
+  }
+  listing.resize(kept);
+  listing.shrink_to_fit();
 }
 
 bool isListingBelow(std::string_view listing) {

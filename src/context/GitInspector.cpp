@@ -18,7 +18,8 @@
 // Whoever asks for one waits on `snapshotReady_`, which is woken up once for each repository. Git's
 // answer counts as none when it fails, complains, takes too long, lists what no index can hold, or
 // when a repository to which something was added has lost its index: Git would list nothing as
-// tracked then, and every tracked file would pass for an unknown one.
+// tracked then, and every tracked file would pass for an unknown one. All runs share a budget of
+// time without answers and of memory for listings; what is beyond it has no answer either.
 
 namespace broomtide {
 namespace {
@@ -31,7 +32,7 @@ std::size_t maxThreads() {
 
 GitInspection::GitInspection(std::optional<std::string> git, std::chrono::milliseconds limit,
                              std::stop_token stop)
-    : git_(std::move(git)), limit_(limit), stopping_(std::move(stop)) {}
+    : git_(std::move(git)), budget_(limit), stopping_(std::move(stop)) {}
 
 GitInspection::~GitInspection() { stopping_.requestStop(); }
 
@@ -39,17 +40,18 @@ void GitInspection::add(const std::string& root) {
   using enum GitCommand::Listing;
   using enum GitCommand::Mark;
   const std::string key = paths::standardized(root);
-  const GitCommand::Mark mark = GitCommand::markOf(systemFileManager(), root);
-  const auto asked = mark == none ? GitCommand::Asked::enclosing : GitCommand::Asked::own;
+  std::optional<std::string> inside = folderOfRootsAround(root);
+  const GitCommand::Mark mark = inside ? none : GitCommand::markOf(systemFileManager(), root);
+  if (mark == none && !inside) inside = root;
   const std::scoped_lock lock(mutex_);
   const auto [place, isNew] = repositories_.try_emplace(key);
   if (!isNew) return;
   Repository& repository = place->second;
   repository.snapshot = std::make_shared<GitSnapshot>();
-  repository.snapshot->root = root;
+  repository.snapshot->root = inside.value_or(root);
   if (mark == unusable) return;  // it stays unavailable
-  runs_.push_back({key, tracked, asked});
-  if (mark == usable) runs_.push_back({key, ignored, asked});
+  runs_.push_back({key, tracked, std::move(inside)});
+  if (mark == usable) runs_.push_back({key, ignored});
   repository.listingsLeft = mark == usable ? 2 : 1;
   runAdded_.notify_all();
   if (threads_.size() < maxThreads()) {
@@ -82,28 +84,76 @@ void GitInspection::work(const std::stop_token& stop) {
   }
 }
 
-std::optional<PathSet> GitInspection::list(const Run& run, const std::stop_token& stop) const {
+std::optional<PathSet> GitInspection::list(const Run& run, const std::stop_token& stop) {
   if (!git_) return std::nullopt;
   try {
-    // To a repository a symlink in it is an entry, and leads nowhere.
-    const bool isRoot = run.asked == GitCommand::Asked::own;
-    const std::string folder = isRoot ? run.key : PathSafety::resolved(run.key);
-    std::optional<std::string> listing =
-        answer(GitCommand::listingCommand(*git_, folder, run.listing, run.asked), stop);
-    if (!listing) return std::nullopt;
-    const bool isOfIndex = run.listing == GitCommand::Listing::tracked;
-    const bool isBelievable =
-        isOfIndex ? GitCommand::isListingOfIndex(*listing) : GitCommand::isListingBelow(*listing);
-    if (!isBelievable) return std::nullopt;
-    if (isOfIndex && isRoot && listing->empty() && hasLostIndex(folder, stop)) return std::nullopt;
-    return PathSet(*std::move(listing));
+    std::optional<std::string> listed =
+        run.inside ? listingAround(*run.inside, stop) : listing(run.key, run.listing, stop);
+    if (!listed) return std::nullopt;
+    return PathSet(*std::move(listed));
   } catch (const std::bad_alloc&) {
     return std::nullopt;  // as good as a Git that does not answer
   }
 }
 
+// What all repositories around a folder track below it; nothing when one of them is silent.
+std::optional<std::string> GitInspection::listingAround(const std::string& folder,
+                                                        const std::stop_token& stop) {
+  // To a repository a symlink in it is an entry, and leads nowhere.
+  const std::string real = PathSafety::resolved(folder);
+  const std::vector<std::string> roots = GitCommand::repositoriesAround(systemFileManager(), real);
+  if (roots.empty() || roots.size() > maxOtherRepositories) return std::nullopt;
+  std::string all;
+  for (const std::string& root : roots) {
+    // All of it is listed, because a part does not show whether it can be believed.
+    std::optional<std::string> listed;
+    if (GitCommand::markOf(systemFileManager(), root) == GitCommand::Mark::usable) {
+      listed = listing(root, GitCommand::Listing::tracked, stop);
+    }
+    if (!listed) {
+      budget_.drop(all.size());
+      return std::nullopt;
+    }
+    const std::size_t size = listed->size();
+    const std::size_t start = paths::appending(root, "").size();
+    GitCommand::keepBelow(*listed, std::string_view(real).substr(start));
+    budget_.drop(size - listed->size());
+    all += *listed;
+  }
+  return all;
+}
+
+// What the repository at a root tracks or ignores, when that can be believed.
+std::optional<std::string> GitInspection::listing(const std::string& root,
+                                                  GitCommand::Listing listed,
+                                                  const std::stop_token& stop) {
+  std::optional<std::string> paths = answer(GitCommand::listingCommand(*git_, root, listed), stop);
+  if (!paths) return std::nullopt;
+  if (listed == GitCommand::Listing::ignored) {
+    if (GitCommand::isListingBelow(*paths)) return paths;
+  } else if (GitCommand::isListingOfIndex(*paths) &&
+             !(paths->empty() && hasLostIndex(root, stop))) {
+    if (const auto workTrees = workTreesBelow(root, stop)) {
+      *paths += *workTrees;
+      return paths;
+    }
+  }
+  budget_.drop(paths->size());
+  return std::nullopt;
+}
+
+// A linked work tree holds files that the repository tracks too, in its own index. It can lie in a
+// folder that is ignored.
+std::optional<std::string> GitInspection::workTreesBelow(const std::string& root,
+                                                         const std::stop_token& stop) {
+  if (!GitCommand::hasWorkTrees(systemFileManager(), root)) return std::string();
+  const auto printed = answer(GitCommand::workTreesCommand(*git_, root), stop);
+  if (!printed) return std::nullopt;
+  return GitCommand::workTreesBelow(PathSafety::resolved(root), *printed);
+}
+
 // Without an index, Git lists nothing as tracked, which is right only where nothing was ever added.
-bool GitInspection::hasLostIndex(const std::string& folder, const std::stop_token& stop) const {
+bool GitInspection::hasLostIndex(const std::string& folder, const std::stop_token& stop) {
   const auto index = answer(GitCommand::indexCommand(*git_, folder), stop);
   if (!index) return true;
   if (!GitCommand::namesMissingIndex(systemFileManager(), folder, *index)) return false;
@@ -113,11 +163,16 @@ bool GitInspection::hasLostIndex(const std::string& folder, const std::stop_toke
 
 // What Git prints, unless it fails or complains.
 std::optional<std::string> GitInspection::answer(const ChildProcess::Command& command,
-                                                 const std::stop_token& stop) const {
-  std::optional<ChildProcess::Output> output =
-      ChildProcess::run(command, {.time = limit_, .idleTime = GitCommand::idleLimit}, stop);
-  if (!output || GitCommand::tellsOfFailure(output->errors)) return std::nullopt;
-  return std::move(output->text);
+                                                 const std::stop_token& stop) {
+  const std::optional<ChildProcess::Limits> limits = budget_.next();
+  if (!limits) return std::nullopt;
+  const auto start = std::chrono::steady_clock::now();
+  std::optional<ChildProcess::Output> output = ChildProcess::run(command, *limits, stop);
+  if (output && !GitCommand::tellsOfFailure(output->errors)) return std::move(output->text);
+  if (output) budget_.drop(output->text.size());
+  budget_.lose(
+      std::chrono::ceil<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start));
+  return std::nullopt;
 }
 
 // Nobody believes one listing without the other.

@@ -35,8 +35,8 @@ class GitInspection {
   GitInspection(const GitInspection&) = delete;
   GitInspection& operator=(const GitInspection&) = delete;
 
-  /// Adds a repository root, an absolute path, unless it was added before; or any other folder, of
-  /// which the repository around it will tell what it tracks.
+  /// Adds a repository root, an absolute path, unless it was added before; or what `rootsAround` a
+  /// folder names. Any other folder stands for what is around it as well.
   void add(const std::string& root);
 
   /// The snapshot of an added root; blocks until Git has answered. Null for a root that was never
@@ -52,19 +52,23 @@ class GitInspection {
   struct Run {
     std::string key;
     GitCommand::Listing listing;
-    GitCommand::Asked asked;
+    std::optional<std::string> inside = std::nullopt;  // what the repositories around are asked of
   };
 
   void work(const std::stop_token& stop);
-  std::optional<PathSet> list(const Run& run, const std::stop_token& stop) const;
-  bool hasLostIndex(const std::string& folder, const std::stop_token& stop) const;
+  std::optional<PathSet> list(const Run& run, const std::stop_token& stop);
+  std::optional<std::string> listingAround(const std::string& folder, const std::stop_token& stop);
+  std::optional<std::string> listing(const std::string& root, GitCommand::Listing listed,
+                                     const std::stop_token& stop);
+  std::optional<std::string> workTreesBelow(const std::string& root, const std::stop_token& stop);
+  bool hasLostIndex(const std::string& folder, const std::stop_token& stop);
   std::optional<std::string> answer(const ChildProcess::Command& command,
-                                    const std::stop_token& stop) const;
+                                    const std::stop_token& stop);
   bool hasFailed(const std::string& key);
   void finish(const Run& run, std::optional<PathSet> listed);
 
   const std::optional<std::string> git_;
-  const std::chrono::milliseconds limit_;
+  GitCommand::Budget budget_;
 
   std::mutex mutex_;
   std::condition_variable_any runAdded_;
@@ -81,8 +85,9 @@ namespace GitInspector {
 
 /// One snapshot for each repository root, by standardised root path. Blocks until Git has answered
 /// for all; a repository that Git cannot list within `limit`, or before `stop` is asked to stop,
-/// gets a snapshot that is not available. For a folder that is no root, the repository around it
-/// tells what it tracks there, and nothing of what it ignores.
+/// gets a snapshot that is not available. For what `rootsAround` a folder names, and for a folder
+/// that is no root, the repositories around tell what they track there, and nothing of what they
+/// ignore.
 std::map<std::string, GitSnapshot> inspect(const std::vector<std::string>& roots,
                                            std::stop_token stop,
                                            std::chrono::milliseconds limit = GitCommand::runLimit);

@@ -6,6 +6,11 @@
 #include "core/Paths.h"
 
 namespace broomtide {
+namespace {
+
+constexpr std::string_view nameAround = "/..";  // no root that is found ends like this
+
+}  // namespace
 
 PathSet::PathSet(std::string zeroTerminatedPaths) : block_(std::move(zeroTerminatedPaths)) {
   paths_.reserve(static_cast<std::size_t>(std::count(block_.begin(), block_.end(), '\0')));
@@ -15,7 +20,10 @@ PathSet::PathSet(std::string zeroTerminatedPaths) : block_(std::move(zeroTermina
     std::size_t last = end;
     while (first < last && block_[first] == '/') ++first;
     while (first < last && block_[last - 1] == '/') --last;
-    if (first < last) paths_.push_back({first, last - first});
+    if (first < last) {
+      paths_.push_back(
+          {static_cast<std::uint32_t>(first), static_cast<std::uint32_t>(last - first)});
+    }
     start = end + 1;
   }
   const auto byText = [this](Slice slice) { return text(slice); };
@@ -55,20 +63,34 @@ GitItemStatus GitSnapshot::status(std::string_view location, bool isDirectory) c
   return ignoredPaths.covers(path) ? GitItemStatus::ignored : GitItemStatus::untracked;
 }
 
-GitItemStatus statusAmong(const std::string* root, const std::vector<std::string>& others,
-                          const std::function<GitItemStatus(const std::string& root)>& statusIn) {
-  GitItemStatus status = root != nullptr ? statusIn(*root) : GitItemStatus::unavailable;
-  if (others.size() > maxOtherRepositories && status != GitItemStatus::tracked) {
-    return GitItemStatus::unavailable;
+std::string rootsAround(const std::string& folder) { return folder + std::string(nameAround); }
+
+std::optional<std::string> folderOfRootsAround(const std::string& root) {
+  if (!root.ends_with(nameAround)) return std::nullopt;
+  return root.substr(0, root.size() - nameAround.size());
+}
+
+GitJudgement statusAmong(const std::string* root, const std::vector<std::string>& others,
+                         const std::function<GitItemStatus(const std::string& root)>& statusIn) {
+  using enum GitItemStatus;
+  GitJudgement judged{.status = root != nullptr ? statusIn(*root) : unavailable,
+                      .hasRepository = root != nullptr};
+  if (others.size() > maxOtherRepositories && judged.status != tracked) {
+    return {.status = unavailable, .hasRepository = true};
   }
+  const auto liesBetween = [root](const std::string& other) {
+    return paths::isBelow(paths::standardized(other), paths::standardized(*root));
+  };
   for (const std::string& other : others) {
-    if (status == GitItemStatus::tracked) break;
+    if (judged.status == tracked) break;
     const GitItemStatus said = statusIn(other);
-    const bool isUnknown =
-        said == GitItemStatus::unavailable && root != nullptr && paths::isBelow(other, *root);
-    if (said == GitItemStatus::tracked || isUnknown) status = said;
+    if (said == tracked || said == unavailable) {
+      judged = {.status = said, .hasRepository = true};
+    } else if (said == untracked && judged.status == ignored && liesBetween(other)) {
+      judged.status = untracked;
+    }
   }
-  return status;
+  return judged;
 }
 
 }  // namespace broomtide

@@ -54,7 +54,7 @@ struct ScanCandidate {
   bool isSelected = false;   ///< the only field that changes after the scan
   std::optional<std::string> projectRoot;
   std::optional<std::string> gitRoot;
-  /// Further repositories around it. The scanned folder stands for one that it lies in.
+  /// Further repositories around it. One name stands for all those that the scanned folder lies in.
   std::vector<std::string> otherGitRoots = {};
   std::set<ProjectKind> projectKinds;
   Evidence evidence;

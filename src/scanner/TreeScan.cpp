@@ -75,9 +75,8 @@ FileDescriptor TreeScan::open(int folder, const std::string& name) {
 // What a repository tracks that the scanned folder lies in, is not offered either. Nothing else is
 // asked of it: what it ignores may be a folder that is worth scanning.
 void TreeScan::askAroundRoot() {
-  isRootAsked_ = GitCommand::markOf(fileManager_, root_) == GitCommand::Mark::none &&
-                 GitCommand::isInsideRepository(fileManager_, PathSafety::resolved(root_));
-  if (isRootAsked_) git_.add(root_);
+  if (GitCommand::repositoriesAround(fileManager_, PathSafety::resolved(root_)).empty()) return;
+  git_.add(rootsAround_.emplace(rootsAround(root_)));
 }
 
 void TreeScan::takeDiscovery(ProjectDiscovery discovery) {
@@ -167,7 +166,7 @@ void TreeScan::visitMatch(const std::string& relativePath, const WalkMatch& matc
       .contentsPolicy = folder.isOpen ? &match.rule->contents : nullptr,
       .contentsFingerprint = measured.contents.fingerprint(),
       .confidence = evaluation->confidence,
-      .gitStatus = around.gitStatus,
+      .gitStatus = around.git.status,
   });
   reports_.report(entries_, reports_.totalBytes(), bareName(relativePath));
 }
@@ -208,9 +207,8 @@ TreeScan::Judged TreeScan::askGit(const std::string& location, const WalkMatch& 
        nearest = nearest->around) {
     if (nearest->root != *judged.gitRoot) judged.otherGitRoots.push_back(nearest->root);
   }
-  const bool isKnownAround = isRootAsked_ && statusIn(root_) != GitItemStatus::unavailable;
-  if (isKnownAround) judged.otherGitRoots.push_back(root_);
-  judged.gitStatus = statusAmong(judged.gitRoot, judged.otherGitRoots, statusIn);
+  if (rootsAround_) judged.otherGitRoots.push_back(*rootsAround_);
+  judged.git = statusAmong(judged.gitRoot, judged.otherGitRoots, statusIn);
   return judged;
 }
 

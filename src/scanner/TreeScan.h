@@ -34,8 +34,8 @@ class TreeScan {
   struct Judged {
     const ProjectContext* project = nullptr;
     const std::string* gitRoot = nullptr;
-    GitItemStatus gitStatus = GitItemStatus::unavailable;
     std::vector<std::string> otherGitRoots = {};
+    GitJudgement git = {};
     const Caution* caution = nullptr;
     std::string hiddenInHome = {};  // the item, when it belongs to the programs of a user
 
@@ -67,7 +67,7 @@ class TreeScan {
   const std::stop_token stop_;
 
   GitInspection git_;
-  bool isRootAsked_ = false;  // the repository around the scanned folder is asked about that
+  std::optional<std::string> rootsAround_;  // those of the scanned folder, if it has any
   ProjectDiscovery discovery_;
   ScanReports& reports_;
 

@@ -202,6 +202,9 @@ TEST_F(Cleanup, AsksGitOnceAndBelievesIt) {
                                   .isAvailable = true};
   EXPECT_EQ(outcome(item), messages::nowTracked);
   EXPECT_EQ(askedRoots.back(), (std::vector{tree.path("work"), *item.gitRoot}));
+  snapshots[tree.path("work")].isAvailable = false;
+  EXPECT_EQ(outcome(item), messages::gitUnknown);
+  snapshots[tree.path("work")].isAvailable = true;
 
   // In no repository below the scanned folder, which lies in one itself.
   other.gitRoot.reset();

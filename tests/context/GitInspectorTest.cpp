@@ -18,7 +18,7 @@ using test::TemporaryTree;
 class Git : public testing::Test {
  protected:
   GitSnapshot inspect(const std::string& root) {
-    return GitInspector::inspect({root}, {}, 1min).at(root);
+    return GitInspector::inspect({root}, {}, 1min).begin()->second;
   }
 
   TemporaryTree tree;
@@ -32,7 +32,10 @@ TEST_F(Git, TellsTrackedFromIgnoredFromUntracked) {
   tree.file("repo/node_modules/a/b");
   tree.file("repo/old.log");
   tree.file("repo/dist/x");
-  tree.run("mkdir -p dist/empty node_modules2 && git add -f node_modules/a", "repo");
+  tree.run(
+      "mkdir -p dist/empty node_modules2 && git add -f node_modules/a &&"
+      "git worktree add -q next.log/wt",
+      "repo");
 
   const GitSnapshot snapshot = inspect(tree.path("repo"));
   ASSERT_TRUE(snapshot.isAvailable);
@@ -45,6 +48,7 @@ TEST_F(Git, TellsTrackedFromIgnoredFromUntracked) {
   EXPECT_EQ(status("node_modules", true), tracked);
   EXPECT_EQ(status("old.log", false), ignored);
   EXPECT_EQ(status("dist", true), untracked);
+  EXPECT_EQ(status("next.log", true), tracked);  // in a linked work tree
 }
 
 TEST_F(Git, IsUnavailableWhereGitFails) {
@@ -76,6 +80,69 @@ TEST_F(Git, IsUnavailableWhereItWouldAnswerForAnotherRepository) {
   }
 }
 
+TEST_F(Git, TellsWhatAllRepositoriesAroundAFolderTrack) {
+  tree.file("a/b/c/far/x");
+  tree.repository("a");
+  tree.file("a/b/c/near/x");
+  tree.file("a/b/csv");
+  tree.repository("a/b");
+  tree.file("a/b/c/x");
+  const std::string folder = tree.path("a/b/c");
+  const GitSnapshot snapshot = inspect(rootsAround(folder));
+  for (const auto& [name, status] : std::map<std::string, GitItemStatus>{
+           {"/far", tracked}, {"/near", tracked}, {"/x", untracked}, {"", untracked}}) {
+    EXPECT_EQ(snapshot.status(folder + name, true), status) << name;
+  }
+  // Git does not say whether an index was cut off in a place that nobody asked about.
+  for (const char* damage : {"truncate -s 50 index", "rm HEAD",
+                             "mv ../.git ../store;"
+                             "ln -s store ../.git",
+                             "rm ../.git; mkfifo ../.git"}) {
+    tree.run(damage, "a/.git");
+    EXPECT_FALSE(inspect(rootsAround(folder)).isAvailable) << damage;
+  }
+}
+
+TEST(GitJudgement, IsTheMostCautious) {
+  struct Row {
+    const char* judging;
+    GitItemStatus said;
+    GitItemStatus between;
+    GitItemStatus outside;
+    GitJudgement judged;
+  };
+  for (const Row& row : std::vector<Row>{
+           {"/r", ignored, ignored, untracked, {ignored, true}},
+           {"/r", ignored, untracked, ignored, {untracked, true}},
+           {"/r", untracked, ignored, ignored, {untracked, true}},
+           {"/r", ignored, unavailable, untracked, {unavailable, true}},
+           {"/r", ignored, untracked, unavailable, {unavailable, true}},
+           {"/r", unavailable, unavailable, tracked, {tracked, true}},
+           {"", ignored, ignored, untracked, {unavailable, false}},
+           {"", ignored, ignored, unavailable, {unavailable, true}},
+       }) {
+    const std::map<std::string, GitItemStatus> said{
+        {"/r", row.said}, {"/r/in", row.between}, {"/r/..", row.outside}};
+    const std::string root = row.judging;
+    EXPECT_EQ(statusAmong(root.empty() ? nullptr : &root, {"/r/in", "/r/.."},
+                          [&](const std::string& asked) { return said.at(asked); }),
+              row.judged);
+  }
+}
+
+// Many silent repositories cost little more than a few.
+TEST(GitBudget, ShrinksWithWhatIsLost) {
+  GitCommand::Budget budget(5min);
+  EXPECT_EQ(budget.next()->time, 5min);
+  for (const std::chrono::milliseconds idleTime : {30s, 2s, 2s}) {
+    ASSERT_EQ(budget.next()->idleTime, idleTime);
+    budget.lose(idleTime);
+  }
+  EXPECT_LT(budget.next()->time, 5min);
+  budget.lose(10min);
+  EXPECT_FALSE(budget.next());
+}
+
 TEST(GitAnswer, IsDoubted) {
   using namespace std::string_literals;
   using Rows = std::vector<std::pair<std::string, bool>>;
@@ -86,6 +153,8 @@ TEST(GitAnswer, IsDoubted) {
            {"b\0a\0"s, false},
            {"\0a\0"s, false},
            {"./\0"s, false},
+           {std::string(4095, 'x') + '\0', true},
+           {std::string(4096, 'x') + '\0', false},
            {"../a\0"s, false},
            {"/a\0"s, false},
            {"a\0b"s, false},

@@ -50,8 +50,7 @@ class HostileRepository : public testing::Test {
   // Lists as the program does, but without one of its protections.
   void listWithout(const std::string& protection) const {
     for (const Listing listing : {Listing::tracked, Listing::ignored}) {
-      ChildProcess::Command command =
-          GitCommand::listingCommand(git, root, listing, GitCommand::Asked::own);
+      ChildProcess::Command command = GitCommand::listingCommand(git, root, listing);
       std::erase(command.environment, protection);
       if (const auto place = std::ranges::find(command.arguments, protection);
           place != command.arguments.end()) {

@@ -131,26 +131,37 @@ def is_passed_by(root):
     return run_git(root, b"rev-parse --absolute-git-dir") not in ([place + b"/.git\n"], [place + b"\n"])
 
 
-def lies_in_repository(root):
-    folder = os.path.realpath(root)
+def repositories_above(root):
+    """The folders above, the real ones, that have the mark of a repository."""
+    folder, found = os.path.realpath(root), []
     while folder != b"/":
         folder = os.path.dirname(folder)
         if os.path.lexists(folder + b"/.git"):
-            return True
-    return False
+            found.append(folder)
+    return found
 
 
 class Snapshot:
-    """What the repository of a folder tracks and ignores; of one around the folder, only what it tracks there."""
+    """What a repository tracks and ignores; of one above the scanned folder, only what it tracks below that."""
 
-    def __init__(self, root, is_part=False):
+    def __init__(self, root, scanned=None):
         self.root = root
-        is_asked = is_part or not is_passed_by(root)
-        self.tracked = run_git(root, b"ls-files -z --cached") if is_asked else None
-        if self.tracked == [] and not is_part and self.has_lost_index():
+        self.tracked = None if is_passed_by(root) else run_git(root, b"ls-files -z --cached")
+        if self.tracked == [] and self.has_lost_index():
             self.tracked = None
-        self.ignored = [] if is_part else run_git(
-            root, b"ls-files -z --others --ignored --exclude-standard --directory --no-empty-directory")
+        if self.tracked is not None and (os.path.lexists(root + b"/.git/worktrees") or os.path.isfile(root + b"/.git")):
+            start = b"worktree " + os.path.realpath(root) + b"/"
+            listed = run_git(root, b"worktree list --porcelain")
+            self.tracked = listed and self.tracked + [
+                line[len(start):] for line in listed[0].split(b"\n") if line.startswith(start)]
+        if scanned is None:
+            self.ignored = run_git(
+                root, b"ls-files -z --others --ignored --exclude-standard --directory --no-empty-directory")
+        else:
+            self.root, self.ignored = scanned, []
+            start = os.path.realpath(scanned)[len(root.rstrip(b"/")) + 1:] + b"/"
+            if self.tracked is not None:
+                self.tracked = [path[len(start):] for path in self.tracked if path.startswith(start)]
 
     def has_lost_index(self):
         if b"count: 0\nsize: 0\nin-pack: 0\n" in run_git(self.root, b"count-objects -v")[0]:
@@ -169,24 +180,28 @@ class Snapshot:
 
 
 def status_among(entry, git_root, snapshots):
-    """As the repository says by which it is judged, unless another tracks it, or one between says nothing."""
+    """The most cautious of what is said, and whether a repository has a say: tracked before silence; then untracked
+    before ignored, by the repository that judges and those between."""
     said = {root: each.status(entry) for root, each in snapshots.items() if is_or_lies_below(entry.path, root)}
     own = said.get(git_root, "unavailable")
-    if own != "tracked" and len(said) > 9:
-        return "unavailable"
+    if own != "tracked" and len(said) > (8 if git_root is None else 9):
+        return "unavailable", True
     if "tracked" in said.values():
-        return "tracked"
+        return "tracked", True
+    if "unavailable" in said.values():
+        return "unavailable", True
     between = [status for root, status in said.items() if git_root and is_or_lies_below(root, git_root)]
-    return "unavailable" if "unavailable" in between else own
+    return "untracked" if "untracked" in between else own, git_root is not None
 
 
 def snapshots_around(root, git_roots):
-    """Of every repository below the folder, and of one that the folder lies in."""
+    """Of every repository below the folder, and of all those that the folder lies in together."""
     snapshots = {git_root: Snapshot(git_root) for git_root in git_roots}
-    if root not in snapshots and lies_in_repository(root):
-        part = Snapshot(root, is_part=True)
-        if part.tracked is not None:
-            snapshots[root] = part
+    above = [Snapshot(each, root) for each in repositories_above(root)]
+    if above:
+        together = snapshots[os.path.dirname(root)] = above[0]
+        tracked = [each.tracked for each in above]
+        together.tracked = None if None in tracked or len(above) > 8 else sum(tracked, [])
     return snapshots
 
 
@@ -284,8 +299,8 @@ class Scan:
                 return False
             project = self.projects.get(nearest(entry.path, self.projects))
             git_root = project and project.git_root or nearest(entry.path, self.git_roots)
-            status = status_among(entry, git_root, snapshots)
-            judgement = rules.judge(rule, project, status, git_root is not None) if in_projects else {
+            status, has_repository = status_among(entry, git_root, snapshots)
+            judgement = rules.judge(rule, project, status, has_repository) if in_projects else {
                 "safety": rule.safety, "confidence": "high", "isSelected": False, "regenerationCommand": None,
                 "evidence": ["Matched the Downloads cleanup rule."]}
             if judgement is None:

@@ -171,11 +171,12 @@ TEST(TreeScan, OffersNothingThatAnyRepositoryAroundItTracks) {
   for (const ScanCandidate& candidate : ScanRecorder().scan(tree.root()).candidates) {
     found.push_back(candidate.relativePath + ": " + candidate.evidence.lines()[1].text());
   }
-  EXPECT_THAT(found, testing::UnorderedElementsAre(
-                         "nearer/d/.next: The path is ignored by Git.",
-                         "broken/.next: Git status could not be verified.",
-                         "deep/r/r/r/r/r/r/r/r/.next: Git status could not be verified.",
-                         "late/c/.next: The path is ignored by Git."));
+  EXPECT_THAT(found,
+              testing::UnorderedElementsAre(
+                  "nearer/d/.next: The path is untracked, but not explicitly ignored by Git.",
+                  "broken/.next: Git status could not be verified.",
+                  "deep/r/r/r/r/r/r/r/r/.next: Git status could not be verified.",
+                  "late/c/.next: The path is ignored by Git."));
 }
 
 // What lies above is not scanned, but its repository is asked what it tracks.
@@ -196,10 +197,17 @@ TEST(TreeScan, OffersNothingThatTheRepositoryAroundTheFolderTracks) {
     EXPECT_EQ(found[0].relativePath, "coverage");
     EXPECT_EQ(found[0].gitStatus, GitItemStatus::unavailable);
     EXPECT_EQ(found[0].gitRoot, std::nullopt);
-    EXPECT_EQ(found[0].otherGitRoots, std::vector{tree.path(folder)});
+    EXPECT_EQ(found[0].otherGitRoots, std::vector{rootsAround(tree.path(folder))});
   }
   tree.file(".git/index", "broken");
-  EXPECT_EQ(ScanRecorder().scan(tree.path("app")).candidates.size(), 3U);
+  for (const auto& [folder, count] : {std::pair("app", 3U), std::pair("app/own", 1U)}) {
+    const std::vector<ScanCandidate> found = ScanRecorder().scan(tree.path(folder)).candidates;
+    EXPECT_EQ(found.size(), count) << folder;
+    for (const ScanCandidate& candidate : found) {
+      EXPECT_EQ(candidate.evidence.lines()[1].text(), "Git status could not be verified.");
+      EXPECT_FALSE(candidate.isSelected);
+    }
+  }
 }
 
 TEST(TreeScan, MeasuresNothingThatItCannotIdentify) {
