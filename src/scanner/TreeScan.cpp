@@ -231,7 +231,7 @@ std::optional<RuleEvaluation> TreeScan::judge(const ScanRule& rule, const Judged
                           .regenerationCommand = std::nullopt};
   }
   auto evaluation =
-      ScanRules::evaluate(rule, around.project, around.gitStatus, around.gitRoot != nullptr, proof);
+      ScanRules::evaluate(rule, around.project, around.git.status, around.git.hasRepository, proof);
   if (!evaluation) return std::nullopt;
   return ScanRules::withCaution(*std::move(evaluation), reasonsAround(around));
 }
