@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iostream>
 #include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -161,6 +162,20 @@ std::string withSources() {
   return joined(names, ", ");
 }
 
+std::string exceptions() {
+  std::vector<std::string> rows;
+  for (const ScanRule& rule : ScanRules::project) {
+    const ContentsPolicy& contents = rule.contents;
+    std::vector<std::string> parts;
+    std::istringstream written{std::string(contents.written)};
+    for (std::string extension; written >> extension;) parts.push_back(code(".", extension));
+    if (contents.isNamedAsSources) parts.emplace_back("folders called as those of sources");
+    if (contents.hasManifest) parts.emplace_back("a manifest");
+    if (!parts.empty()) rows.push_back(row({nameOf(rule), joined(parts, ", ")}));
+  }
+  return joined(rows, "\n");
+}
+
 std::string withTables(std::istream& text) {
   const std::map<std::string, std::string> tables = {
       {"projects", projects()},
@@ -175,6 +190,7 @@ std::string withTables(std::istream& text) {
       {"stores", stores()},
       {"sources' folders", listed(ScanRules::guardedNamesOfSources)},
       {"with sources", withSources()},
+      {"exceptions", exceptions()},
       {"source extensions", listed(ScanRules::sourceExtensions, ".")},
       {"environment", code("", environmentMark)},
       {"conda", code("", condaMark, "/")},
