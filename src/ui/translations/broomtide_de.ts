@@ -1351,6 +1351,86 @@ Mehr dazu zeigt broomtide --help.
         <source>This is the whole file system. Choose a folder below it.</source>
         <translation>Das ist das gesamte Dateisystem. Wählen Sie einen Ordner darin.</translation>
     </message>
+    <message>
+        <source>A folder that a program has marked as a cache. Review before cleaning.</source>
+        <translation>Ein Ordner, den ein Programm als Cache gekennzeichnet hat. Vor dem Aufräumen prüfen.</translation>
+    </message>
+    <message>
+        <source>A whole CMake build tree that can be configured and built again.</source>
+        <translation>Ein ganzer Build-Ordner von CMake, der sich neu konfigurieren und bauen lässt.</translation>
+    </message>
+    <message>
+        <source>A whole Meson build tree that can be set up and built again.</source>
+        <translation>Ein ganzer Build-Ordner von Meson, der sich neu einrichten und bauen lässt.</translation>
+    </message>
+    <message>
+        <source>CMake built it from the sources in %1.</source>
+        <translation>CMake hat ihn aus den Quellen in %1 gebaut.</translation>
+    </message>
+    <message>
+        <source>Cargo build output that can be built again.</source>
+        <translation>Build-Ausgabe von Cargo, die sich neu bauen lässt.</translation>
+    </message>
+    <message>
+        <source>Cargo wrote its build output here.</source>
+        <translation>Cargo hat seine Build-Ausgabe hierher geschrieben.</translation>
+    </message>
+    <message>
+        <source>It has no pyvenv.cfg, so it may not be a Python environment.</source>
+        <translation>Es fehlt pyvenv.cfg; vielleicht ist es keine Python-Umgebung.</translation>
+    </message>
+    <message>
+        <source>It holds a %1 repository of its own: %2</source>
+        <translation>Enthält ein eigenes %1-Repository: %2</translation>
+    </message>
+    <message>
+        <source>It holds a file that may be of value: %1</source>
+        <translation>Enthält eine Datei, die wertvoll sein kann: %1</translation>
+    </message>
+    <message>
+        <source>It holds a file that people write: %1</source>
+        <translation>Enthält eine Datei, wie Menschen sie schreiben: %1</translation>
+    </message>
+    <message>
+        <source>It holds a folder that may be of value: %1</source>
+        <translation>Enthält einen Ordner, der wertvoll sein kann: %1</translation>
+    </message>
+    <message>
+        <source>It is a project of its own: %1</source>
+        <translation>Ist selbst ein Projekt: %1</translation>
+    </message>
+    <message>
+        <source>It lies in a %1 working copy, and Broomtide can only ask Git: %2</source>
+        <translation>Liegt in einer %1-Arbeitskopie, und Broomtide kann nur Git fragen: %2</translation>
+    </message>
+    <message>
+        <source>It lies in a hidden folder of a home, where programs keep what they need: %1</source>
+        <translation>Liegt in einem versteckten Ordner eines Benutzerordners, in dem Programme aufbewahren, was sie brauchen: %1</translation>
+    </message>
+    <message>
+        <source>It lies in a place where programs are installed: %1</source>
+        <translation>Liegt dort, wo Programme installiert sind: %1</translation>
+    </message>
+    <message>
+        <source>Meson built it from the sources in %1.</source>
+        <translation>Meson hat ihn aus den Quellen in %1 gebaut.</translation>
+    </message>
+    <message>
+        <source>Something of value may have come into the item after the scan. Rescan before cleaning it.</source>
+        <translation>Nach dem Scan ist vielleicht etwas Wertvolles in das Objekt gekommen. Scannen Sie vor der Bereinigung erneut.</translation>
+    </message>
+    <message>
+        <source>The program that wrote it calls it a cache.</source>
+        <translation>Das Programm, das ihn geschrieben hat, nennt ihn einen Cache.</translation>
+    </message>
+    <message>
+        <source>The program that wrote it calls it a cache: %1</source>
+        <translation>Das Programm, das ihn geschrieben hat, nennt ihn einen Cache: %1</translation>
+    </message>
+    <message>
+        <source>The project around it is a home folder: %1</source>
+        <translation>Das Projekt darum ist ein Benutzerordner: %1</translation>
+    </message>
 </context>
 <context>
     <name>broomtide::ui::BusyIndicator</name>

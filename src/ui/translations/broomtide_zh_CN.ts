@@ -1347,6 +1347,86 @@ Run broomtide --help for more information.
         <source>This is the whole file system. Choose a folder below it.</source>
         <translation>这是整个文件系统。请选择其中的一个文件夹。</translation>
     </message>
+    <message>
+        <source>A folder that a program has marked as a cache. Review before cleaning.</source>
+        <translation>被某个程序标记为缓存的文件夹。清理前请检查。</translation>
+    </message>
+    <message>
+        <source>A whole CMake build tree that can be configured and built again.</source>
+        <translation>完整的 CMake 构建目录，可以重新配置和构建。</translation>
+    </message>
+    <message>
+        <source>A whole Meson build tree that can be set up and built again.</source>
+        <translation>完整的 Meson 构建目录，可以重新设置和构建。</translation>
+    </message>
+    <message>
+        <source>CMake built it from the sources in %1.</source>
+        <translation>由 CMake 从 %1 中的源代码构建。</translation>
+    </message>
+    <message>
+        <source>Cargo build output that can be built again.</source>
+        <translation>Cargo 构建输出，可以重新构建。</translation>
+    </message>
+    <message>
+        <source>Cargo wrote its build output here.</source>
+        <translation>Cargo 将其构建输出写入此处。</translation>
+    </message>
+    <message>
+        <source>It has no pyvenv.cfg, so it may not be a Python environment.</source>
+        <translation>没有 pyvenv.cfg，因此可能不是 Python 环境。</translation>
+    </message>
+    <message>
+        <source>It holds a %1 repository of its own: %2</source>
+        <translation>包含自己的 %1 仓库：%2</translation>
+    </message>
+    <message>
+        <source>It holds a file that may be of value: %1</source>
+        <translation>包含可能有价值的文件：%1</translation>
+    </message>
+    <message>
+        <source>It holds a file that people write: %1</source>
+        <translation>包含由人编写的文件：%1</translation>
+    </message>
+    <message>
+        <source>It holds a folder that may be of value: %1</source>
+        <translation>包含可能有价值的文件夹：%1</translation>
+    </message>
+    <message>
+        <source>It is a project of its own: %1</source>
+        <translation>本身就是一个项目：%1</translation>
+    </message>
+    <message>
+        <source>It lies in a %1 working copy, and Broomtide can only ask Git: %2</source>
+        <translation>位于 %1 工作副本中，而 Broomtide 只能询问 Git：%2</translation>
+    </message>
+    <message>
+        <source>It lies in a hidden folder of a home, where programs keep what they need: %1</source>
+        <translation>位于主目录的隐藏文件夹中，程序在那里保存所需内容：%1</translation>
+    </message>
+    <message>
+        <source>It lies in a place where programs are installed: %1</source>
+        <translation>位于安装程序的位置：%1</translation>
+    </message>
+    <message>
+        <source>Meson built it from the sources in %1.</source>
+        <translation>由 Meson 从 %1 中的源代码构建。</translation>
+    </message>
+    <message>
+        <source>Something of value may have come into the item after the scan. Rescan before cleaning it.</source>
+        <translation>扫描后可能有有价值的内容进入该项目。清理前请重新扫描。</translation>
+    </message>
+    <message>
+        <source>The program that wrote it calls it a cache.</source>
+        <translation>写入它的程序称其为缓存。</translation>
+    </message>
+    <message>
+        <source>The program that wrote it calls it a cache: %1</source>
+        <translation>写入它的程序称其为缓存：%1</translation>
+    </message>
+    <message>
+        <source>The project around it is a home folder: %1</source>
+        <translation>其所在项目是主目录：%1</translation>
+    </message>
 </context>
 <context>
     <name>broomtide::ui::BusyIndicator</name>
