@@ -1353,7 +1353,7 @@ Mehr dazu zeigt broomtide --help.
     </message>
     <message>
         <source>A folder that a program has marked as a cache. Review before cleaning.</source>
-        <translation>Ein Ordner, den ein Programm als Cache gekennzeichnet hat. Vor dem Aufräumen prüfen.</translation>
+        <translation>Ein Ordner, den ein Programm als Cache gekennzeichnet hat. Prüfen Sie ihn vor der Bereinigung.</translation>
     </message>
     <message>
         <source>A whole CMake build tree that can be configured and built again.</source>
