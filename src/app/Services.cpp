@@ -39,4 +39,9 @@ std::unique_ptr<AppModel> makeModel(MainThread& mainThread, FolderPicking& folde
                                                            .homeFolder = UserFolders::realHome()});
 }
 
+std::optional<std::string_view> refusal() {
+  if (UserFolders::isHomeOfAnother()) return messages::homeOfAnother;
+  return std::nullopt;
+}
+
 }  // namespace broomtide::services

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string_view>
 
 #include "app/AppModel.h"
 
@@ -12,5 +14,9 @@ namespace broomtide::services {
 /// end the process, is an error like others from then on.
 std::unique_ptr<AppModel> makeModel(MainThread& mainThread, FolderPicking& folderPicker,
                                     AccessGranting& access);
+
+/// Why Broomtide must not run as whom it was started, a sentence for people; nothing when it may.
+/// To be asked before anything is created.
+std::optional<std::string_view> refusal();
 
 }  // namespace broomtide::services

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "core/Enumerations.h"
+#include "platform/Interruption.h"
 
 namespace broomtide {
 

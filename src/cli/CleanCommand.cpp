@@ -7,7 +7,6 @@
 #include <iterator>
 
 #include "cli/Failure.h"
-#include "cli/Interruption.h"
 #include "cli/Reports.h"
 #include "core/ByteCount.h"
 #include "core/Paths.h"

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "app/Services.h"
 #include "cli/CleanCommand.h"
 #include "cli/HistoryCommand.h"
 #include "cli/ScanCommand.h"
@@ -62,6 +63,7 @@ ExitStatus runCommandLine(int argumentCount, char** arguments) {
     if (isAnswer) application.exit(stop);
     return isAnswer ? ExitStatus::done : reject(application, stop);
   }
+  if (const auto refusal = services::refusal()) return fail(*refusal);
   if (scan.isChosen()) return scan.run();
   if (clean.isChosen()) return clean.run();
   return history.run();

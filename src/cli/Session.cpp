@@ -11,7 +11,6 @@
 
 #include "app/Services.h"
 #include "cli/Failure.h"
-#include "cli/Interruption.h"
 #include "cli/ProgressLine.h"
 
 namespace broomtide::cli {

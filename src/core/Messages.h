@@ -155,6 +155,8 @@ inline constexpr std::string_view nowTracked =
     "The item is now tracked by Git. Broomtide left it untouched.";
 inline constexpr std::string_view noLongerIgnored =
     "The item is no longer ignored by Git. Rescan before cleaning it.";
+inline constexpr std::string_view inUse =
+    "The item is in use by %1 (%2). Broomtide left it untouched.";
 inline constexpr std::string_view notMoved =
     "Broomtide could not move this item to Trash. It may be locked, in use, or require additional "
     "permission.";
@@ -183,6 +185,9 @@ inline constexpr std::string_view moveToTrash = "Move selected items to Trash?";
 inline constexpr std::string_view cleanupComplete = "Cleanup complete";
 inline constexpr std::string_view noHistory = "No cleanup history";
 inline constexpr std::string_view historyAppears = "Completed cleanups will appear here.";
+inline constexpr std::string_view homeOfAnother =
+    "Broomtide runs as root with the home folder of another user, in which it would keep what "
+    "belongs to root. Run it as that user, or with the home folder of root (sudo -H).";
 
 /// What speaks against an item although its name, its project and Git do not.
 inline constexpr std::array cautions{
@@ -192,23 +197,73 @@ inline constexpr std::array cautions{
 
 /// All of them but the bare one and the commands, for translators.
 inline constexpr std::array all{
-    invalidRoot,        permissionDenied,   wholeFileSystem,     operationCancelled,
-    scanCancelled,      noCachesFound,      yourHomeFolder,      preparing,
-    scanningDownloads,  projectsDetected,   calculating,         scanComplete,
-    projectDetected,    noProject,          ignoredByGit,        untrackedByGit,
-    gitUnverified,      noRepository,       genericName,         nameAgrees,
-    downloadsRule,      cacheLocation,      disappeared,         itemsSkipped,
-    holdsRepository,    holdsProtectedFile, holdsGuardedFolder,  holdsSource,
-    holdsManifest,      noEnvironment,      underVersionControl, insideInstalled,
-    insideHiddenFolder, projectIsHome,      builtByCMake,        builtByMeson,
-    builtByCargo,       taggedAsCache,      taggedAsCacheBy,     contentsChanged,
-    cleanupCancelled,   noLongerInside,     becameLink,          gone,
-    replaced,           modified,           gitUnknown,          nowTracked,
-    noLongerIgnored,    notMoved,           historyNotSaved,     chooseProject,
-    chooseDownloads,    chooseHome,         scanFolder,          scanCaches,
-    onlyThisFolder,     keepHomeSelected,   nothingFound,        cachesClean,
-    nothingSupported,   moveToTrash,        cleanupComplete,     noHistory,
+    invalidRoot,
+    permissionDenied,
+    wholeFileSystem,
+    operationCancelled,
+    scanCancelled,
+    noCachesFound,
+    yourHomeFolder,
+    preparing,
+    scanningDownloads,
+    projectsDetected,
+    calculating,
+    scanComplete,
+    projectDetected,
+    noProject,
+    ignoredByGit,
+    untrackedByGit,
+    gitUnverified,
+    noRepository,
+    genericName,
+    nameAgrees,
+    downloadsRule,
+    cacheLocation,
+    disappeared,
+    itemsSkipped,
+    holdsRepository,
+    holdsProtectedFile,
+    holdsGuardedFolder,
+    holdsSource,
+    holdsManifest,
+    noEnvironment,
+    underVersionControl,
+    insideInstalled,
+    insideHiddenFolder,
+    projectIsHome,
+    builtByCMake,
+    builtByMeson,
+    builtByCargo,
+    taggedAsCache,
+    taggedAsCacheBy,
+    contentsChanged,
+    cleanupCancelled,
+    noLongerInside,
+    becameLink,
+    gone,
+    replaced,
+    modified,
+    gitUnknown,
+    nowTracked,
+    noLongerIgnored,
+    inUse,
+    notMoved,
+    historyNotSaved,
+    chooseProject,
+    chooseDownloads,
+    chooseHome,
+    scanFolder,
+    scanCaches,
+    onlyThisFolder,
+    keepHomeSelected,
+    nothingFound,
+    cachesClean,
+    nothingSupported,
+    moveToTrash,
+    cleanupComplete,
+    noHistory,
     historyAppears,
+    homeOfAnother,
 };
 
 }  // namespace messages

@@ -1,6 +1,7 @@
 #include "platform/UserFolders.h"
 
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -42,6 +43,12 @@ std::vector<std::string> homes() {
     if (home) found.push_back(PathSafety::resolved(*home));
   }
   return found;
+}
+
+bool isHomeOfAnother() {
+  const std::optional<std::string> home = folderOfVariable("HOME");
+  struct stat status;
+  return ::geteuid() == 0 && home && ::stat(home->c_str(), &status) == 0 && status.st_uid != 0;
 }
 
 std::optional<std::string> applicationData() {

@@ -14,6 +14,10 @@ std::optional<std::string> realHome();
 /// The home folders of the real user and of the environment, symlinks resolved.
 std::vector<std::string> homes();
 
+/// Whether this process is root with the home folder of another user in its environment. What it
+/// created there, that user could not change.
+bool isHomeOfAnother();
+
 /// Where applications keep the user's data: `$XDG_DATA_HOME`, else `.local/share` in the home
 /// folder of the environment, else in the real one; nothing when none of them is known.
 std::optional<std::string> applicationData();

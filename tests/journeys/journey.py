@@ -57,8 +57,8 @@ class EndlessGit:
     Git may not write anything, so it opens the pipe for reading: `script` is the part of the tool that does.
     """
 
-    def __init__(self, journey):
-        self.pipe = journey.path("alive")
+    def __init__(self, journey, name="alive"):
+        self.pipe = journey.path(name)
         os.mkfifo(self.pipe)
         self.script = f"exec 9<'{self.pipe}'; exec sleep 1000"
 

@@ -3,13 +3,15 @@
 BROOMTIDE   the program to test
 """
 
+import json
 import os
 import re
+import signal
 import subprocess
 import unittest
 
 from desktop import NOTHING, Application, Desktop
-from journey import PATIENCE, Journey
+from journey import PATIENCE, EndlessGit, Journey
 
 # What Qt says of the list in its folder dialog when it is read while the folder is still being read.
 QT_AT_FAULT = re.compile(r'QAccessibleTree::indexFromLogical: invalid index: .* name="treeView"\)\n')
@@ -89,6 +91,38 @@ class Projects(WindowJourney):
     def below(self, folder):
         return {os.path.relpath(os.path.join(place, name), self.path(folder))
                 for place, _, names in os.walk(self.path(folder)) for name in names}
+
+    def test_whatever_ends_it_a_cleanup_is_recorded(self):
+        self.write("work/app/package.json")
+        self.write("work/app/.next/page")
+        os.makedirs(self.path("work/app/.git"))
+        os.mkfifo(self.path("turns"))
+        turns = os.open(self.path("turns"), os.O_RDWR)
+        self.addCleanup(os.close, turns)
+        # The server of the display comes last, because it does not come back.
+        ends = [lambda: self.app.process.terminate(), lambda: os.killpg(self.desktop.started[0].pid, signal.SIGKILL)]
+        for number, end in enumerate(ends):
+            os.write(turns, b"list\nlist\nwait\n")
+            endless = EndlessGit(self, f"alive-{number}")
+            self.start(DEVELOPER_DIR=self.stubbed_git(f"""
+                read turn <'{self.root}/turns'
+                case "$turn $*" in
+                  list*--ignored*) printf '.next/\\0';;
+                  list*) printf 'package.json\\0';;
+                  *) {endless.script};;
+                esac"""))
+            self.choose(self.work)
+            self.await_rows(next=True)
+            self.tab_to(".next, ")
+            self.app.press("Return")
+            self.await_focus("push button", "Move to Trash")
+            self.app.press("Return")
+            self.assertTrue(endless.has_started())
+            end()
+            self.assertEqual(self.app.process.wait(timeout=PATIENCE), number, self.app.output())
+            self.assertTrue(endless.has_ended())
+            with open(self.path("data/Broomtide/history.json")) as file:
+                self.assertEqual(len(json.load(file)["entries"]), number + 1)
 
     def test_from_the_first_card_to_the_trash_and_home_again(self):
         self.write("work/app/package.json")

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <stop_token>
 
 #include "app/AppModel.h"
 #include "app/Surroundings.h"
@@ -14,9 +16,12 @@ QT_FORWARD_DECLARE_CLASS(QApplication)
 namespace broomtide::ui {
 
 /// Owns the model with its real services and the main window. The QApplication must outlive it.
+/// There can be one at a time. Quitting, a request of the system to end (SIGTERM and the like) and
+/// the loss of the display all end alike: a cleanup finishes its current item and is recorded.
 class BroomtideApp final {
  public:
   BroomtideApp();
+  ~BroomtideApp();
 
   MainWindow& window() { return window_; }
 
@@ -25,12 +30,16 @@ class BroomtideApp final {
   static void configure(QApplication& application);
 
  private:
+  static void endTasks();
+
+  Interruption interruption_;
   QtMainThread mainThread_;
   DesktopColours colours_;
   FolderDialog folderDialog_;
   UnrestrictedAccess access_;
   std::unique_ptr<AppModel> model_;
   MainWindow window_;
+  std::stop_callback<std::function<void()>> quitting_;
 };
 
 }  // namespace broomtide::ui

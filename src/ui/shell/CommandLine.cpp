@@ -3,8 +3,11 @@
 #include <QCoreApplication>
 #include <QtGlobal>
 #include <cstdio>
+#include <string_view>
 
+#include "app/Services.h"
 #include "ui/look/DisplayText.h"
+#include "ui/look/EngineText.h"
 #include "ui/shell/Languages.h"
 
 namespace broomtide::ui::commandline {
@@ -62,8 +65,13 @@ std::optional<int> answerWithoutWindow(const QStringList& arguments) {
     std::puts("broomtide " BROOMTIDE_VERSION);
     return done;
   }
-  if (hasDisplay(arguments)) return std::nullopt;
+  const std::optional<std::string_view> refusal = services::refusal();
+  if (!refusal && hasDisplay(arguments)) return std::nullopt;
   const ConsoleApplication application;
+  if (refusal) {
+    print("broomtide: " + enginetext::title(*refusal) + '\n', stderr);
+    return failed;
+  }
   print(CommandLine::tr("broomtide: There is no display to open a window on. In a terminal, use "
                         "broomtide-cli.\n"),
         stderr);

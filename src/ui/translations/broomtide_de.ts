@@ -276,6 +276,10 @@ Mehr dazu zeigt broomtide --help.
         <translation>Broomtide darf nicht auf diesen Ordner zugreifen. Wählen Sie ihn noch einmal aus oder erlauben Sie den Zugriff in den Systemeinstellungen.</translation>
     </message>
     <message>
+        <source>Broomtide runs as root with the home folder of another user, in which it would keep what belongs to root. Run it as that user, or with the home folder of root (sudo -H).</source>
+        <translation>Broomtide läuft als root, aber mit dem persönlichen Ordner eines anderen Benutzers, in dem dann Daten von root lägen. Starten Sie es als dieser Benutzer oder mit dem persönlichen Ordner von root (sudo -H).</translation>
+    </message>
+    <message>
         <source>Broomtide scans only the folder you choose. Nothing is uploaded.</source>
         <translation>Broomtide scannt nur den Ordner, den Sie auswählen. Es wird nichts hochgeladen.</translation>
     </message>
@@ -922,6 +926,10 @@ Mehr dazu zeigt broomtide --help.
     <message>
         <source>The item is no longer inside the selected folder.</source>
         <translation>Das Objekt befindet sich nicht mehr im gewählten Ordner.</translation>
+    </message>
+    <message>
+        <source>The item is in use by %1 (%2). Broomtide left it untouched.</source>
+        <translation>Das Objekt wird von %1 (%2) verwendet und blieb unangetastet.</translation>
     </message>
     <message>
         <source>The item is now tracked by Git. Broomtide left it untouched.</source>

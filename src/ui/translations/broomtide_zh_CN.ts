@@ -272,6 +272,10 @@ Run broomtide --help for more information.
         <translation>Broomtide 没有访问此文件夹的权限。请重新选择，或在系统设置中授予访问权限。</translation>
     </message>
     <message>
+        <source>Broomtide runs as root with the home folder of another user, in which it would keep what belongs to root. Run it as that user, or with the home folder of root (sudo -H).</source>
+        <translation>Broomtide 以 root 身份运行，但使用的是其他用户的主文件夹，属于 root 的数据会保存在其中。请以该用户身份运行，或使用 root 自己的主文件夹（sudo -H）。</translation>
+    </message>
+    <message>
         <source>Broomtide scans only the folder you choose. Nothing is uploaded.</source>
         <translation>Broomtide 只扫描您选择的文件夹。不会上传任何内容。</translation>
     </message>
@@ -918,6 +922,10 @@ Run broomtide --help for more information.
     <message>
         <source>The item is no longer inside the selected folder.</source>
         <translation>该条目已不在所选文件夹中。</translation>
+    </message>
+    <message>
+        <source>The item is in use by %1 (%2). Broomtide left it untouched.</source>
+        <translation>该条目正被 %1（%2）使用。Broomtide 未改动它。</translation>
     </message>
     <message>
         <source>The item is now tracked by Git. Broomtide left it untouched.</source>
