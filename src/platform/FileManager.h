@@ -139,6 +139,9 @@ class FileManager {
   /// Creates an empty folder; fails with file_exists when the name is taken.
   virtual std::error_code createFolder(int folder, const char* name) = 0;
 
+  /// Removes an empty folder; anything else stays. Only for those that Broomtide itself created.
+  virtual std::error_code removeFolder(int folder, const char* name) = 0;
+
   /// Renames an item atomically, in the same or into another folder of the same mount.
   virtual std::error_code rename(int folder, const char* name, int newFolder, const char* newName,
                                  IfExists ifExists) = 0;

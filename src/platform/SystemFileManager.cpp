@@ -190,6 +190,10 @@ class SystemFileManager final : public FileManager {
     return error;
   }
 
+  std::error_code removeFolder(int folder, const char* name) override {
+    return outcome(::unlinkat(folder, name, AT_REMOVEDIR));
+  }
+
   std::error_code rename(int folder, const char* name, int newFolder, const char* newName,
                          IfExists ifExists) override {
     const unsigned flags = ifExists == IfExists::fail ? RENAME_NOREPLACE : 0;

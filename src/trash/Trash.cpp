@@ -1,11 +1,12 @@
 #include "trash/Trash.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "core/Paths.h"
+#include "platform/MountTable.h"
 #include "platform/PathSafety.h"
 #include "platform/WholeFile.h"
-#include "trash/MountTable.h"
 #include "trash/TrashFormat.h"
 
 namespace broomtide {
@@ -61,7 +62,8 @@ std::string climbed(std::string path, int depth) {
 
 std::error_code Trash::move(const TrashItem& item) {
   const std::string path = paths::appending(item.folder, item.name);
-  if (known_.hold(path)) return std::make_error_code(std::errc::operation_not_permitted);
+  if (known_.hold(fileManager_, path))
+    return std::make_error_code(std::errc::operation_not_permitted);
   FileDescriptor folder;
   if (const std::error_code error = fileManager_.openFolder(workingDirectory, item.folder.c_str(),
                                                             LinkPolicy::refuse, folder)) {
@@ -75,9 +77,6 @@ std::error_code Trash::move(const TrashItem& item) {
   if (FileIdentity::token(attributes) != item.identity) {
     return std::make_error_code(std::errc::operation_canceled);
   }
-  if (attributes.isFolder()) {
-    if (const std::error_code error = refuseMountsBelow(path)) return error;
-  }
   FileAttributes folderAttributes;
   if (const std::error_code error = fileManager_.readAttributes(
           folder.get(), "", LinkPolicy::doNotFollow, folderAttributes)) {
@@ -85,21 +84,23 @@ std::error_code Trash::move(const TrashItem& item) {
   }
   std::unique_ptr<Place>& place = places_[{folderAttributes.device, folderAttributes.mount}];
   if (place == nullptr) {
-    auto opened = std::make_unique<Place>(Place{.folder = TrashFolder(fileManager_), .top = {}});
+    auto opened = std::make_unique<Place>(fileManager_);
     if (const auto error = open(folder.get(), item.folder, folderAttributes, *opened)) return error;
     place = std::move(opened);
+  }
+  if (attributes.isFolder()) {
+    if (const std::error_code error = refuseMountsBelow(path)) return error;
   }
   return place->folder.take(folder.get(), item, recordedPath(path, place->top));
 }
 
+// Read for every folder anew, because something may be mounted while others move.
 std::error_code Trash::refuseMountsBelow(const std::string& path) {
-  if (!mountPoints_) {
-    std::vector<std::string> mountPoints;
-    if (const std::error_code error = MountTable::read(fileManager_, mountPoints)) return error;
-    mountPoints_ = std::move(mountPoints);
-  }
-  const bool isMounted = std::ranges::any_of(
-      *mountPoints_, [&path](const std::string& point) { return paths::isBelow(point, path); });
+  std::vector<MountTable::Mount> mounts;
+  if (const std::error_code error = MountTable::read(fileManager_, mounts)) return error;
+  const bool isMounted = std::ranges::any_of(mounts, [&path](const MountTable::Mount& mount) {
+    return paths::isBelow(mount.point, path);
+  });
   return isMounted ? std::make_error_code(std::errc::device_or_resource_busy) : std::error_code();
 }
 
@@ -118,7 +119,7 @@ std::error_code Trash::open(int folder, const std::string& path, const FileAttri
   MountTop top;
   if (const auto error = findTop(fileManager_, folder, attributes, top)) return error;
   place.top = climbed(path, top.depth);
-  return openAtTop(top.folder.get(), place);
+  return openAtTop(std::move(top.folder), place);
 }
 
 // Whether a folder lies on the mount of the user's own Trash, judged by the nearest folder that
@@ -136,14 +137,19 @@ std::error_code Trash::compareWithHome(const FileAttributes& attributes, bool& i
 }
 
 std::error_code Trash::openHome(Place& place) {
-  FileDescriptor folder;
-  if (const auto error = WholeFile::openOrCreateFolder(fileManager_, *home_, folder)) return error;
-  return place.folder.open(std::move(folder), TrashSharing::allowed);
+  FileDescriptor above;
+  if (const auto error = WholeFile::openOrCreateFolder(
+          fileManager_, std::string(paths::enclosingFolder(*home_)), above)) {
+    return error;
+  }
+  return place.folder.open(std::move(above), std::string(paths::lastComponent(*home_)),
+                           TrashSharing::allowed);
 }
 
-std::error_code Trash::openAtTop(int top, Place& place) {
-  if (!openShared(top, place)) return {};
-  return openOwn(top, ".Trash-" + std::to_string(currentUser()), place);
+std::error_code Trash::openAtTop(FileDescriptor top, Place& place) {
+  if (!openShared(top.get(), place)) return {};
+  return place.folder.open(std::move(top), ".Trash-" + std::to_string(currentUser()),
+                           TrashSharing::refused);
 }
 
 // The one that an administrator has made for all users. Without the sticky bit, any of them could
@@ -160,18 +166,7 @@ std::error_code Trash::openShared(int top, Place& place) {
     return error;
   }
   if (!attributes.isSticky()) return std::make_error_code(std::errc::permission_denied);
-  return openOwn(shared.get(), std::to_string(currentUser()), place);
-}
-
-std::error_code Trash::openOwn(int folder, const std::string& name, Place& place) {
-  const std::error_code created = fileManager_.createFolder(folder, name.c_str());
-  if (created && created != std::errc::file_exists) return created;
-  FileDescriptor opened;
-  if (const std::error_code error =
-          fileManager_.openFolder(folder, name.c_str(), LinkPolicy::doNotFollow, opened)) {
-    return error;
-  }
-  return place.folder.open(std::move(opened), TrashSharing::refused);
+  return place.folder.open(std::move(shared), std::to_string(currentUser()), TrashSharing::refused);
 }
 
 }  // namespace broomtide

@@ -7,7 +7,6 @@
 #include <string>
 #include <system_error>
 #include <utility>
-#include <vector>
 
 #include "trash/TrashFolder.h"
 #include "trash/TrashPlaces.h"
@@ -25,8 +24,8 @@ class Trash {
       : fileManager_(fileManager), home_(std::move(home)), known_(home_) {}
 
   /// Moves an item, unless it has turned into another one, lies in a Trash already, or something is
-  /// mounted below it: that would move along, and be erased with the Trash. What a failure leaves
-  /// behind is told at `TrashFolder::take`.
+  /// mounted below it by now: that would move along, and be erased with the Trash. What a failure
+  /// leaves behind is told at `TrashFolder::take`.
   std::error_code move(const TrashItem& item);
 
   /// To be called after the last item: tells file managers the sizes of the folders that were
@@ -36,6 +35,8 @@ class Trash {
  private:
   // A Trash, and where the paths that it writes down begin.
   struct Place {
+    explicit Place(FileManager& fileManager) : folder(fileManager) {}
+
     TrashFolder folder;
     std::string top;  ///< an absolute path; empty when the paths are absolute
   };
@@ -46,15 +47,13 @@ class Trash {
                        Place& place);
   std::error_code compareWithHome(const FileAttributes& attributes, bool& isSame);
   std::error_code openHome(Place& place);
-  std::error_code openAtTop(int top, Place& place);
+  std::error_code openAtTop(FileDescriptor top, Place& place);
   std::error_code openShared(int top, Place& place);
-  std::error_code openOwn(int folder, const std::string& name, Place& place);
 
   FileManager& fileManager_;
   const std::optional<std::string> home_;
   const TrashPlaces known_;
   std::map<Mount, std::unique_ptr<Place>> places_;
-  std::optional<std::vector<std::string>> mountPoints_;  // read when they are first needed
 };
 
 }  // namespace broomtide

@@ -10,8 +10,9 @@
 
 // The order of steps, which is what keeps an item whole whenever the process is killed:
 //
-//   1. info/NAME.trashinfo is created exclusively and written whole. This reserves NAME; when the
-//      name is taken, the next number is tried.
+//   1. The information is written whole to a file of another name in info, which no reader takes
+//      for information, and renamed to info/NAME.trashinfo without replacing anything. This
+//      reserves NAME; when the name is taken, the next number is tried.
 //   2. The item is renamed to files/NAME, atomically and without replacing anything.
 //   3. What arrived is looked at: the identity that was asked for, out of a folder that is still
 //      where it was. Anything else was swapped at the last moment, and is renamed back.
@@ -19,8 +20,9 @@
 //   5. At the end of a cleanup, the sizes of folders are merged into `directorysizes`, which is
 //      replaced by renaming a finished file.
 //
-// Killed between 1 and 2, or between the steps of 4, there is information without an item, which
-// every reader of a Trash passes over. An item without information is never there.
+// Killed within 1, there is a file that nobody looks at. Killed between 1 and 2, or between the
+// steps of 4, there is information without an item, which every reader of a Trash passes over.
+// Information that is not whole, and an item without information, are never there.
 //
 // Others may use the same Trash at any time. All names are relative to descriptors that were opened
 // once, so that nothing that is renamed or replaced by a symlink meanwhile leads elsewhere.
@@ -52,22 +54,41 @@ std::error_code readToken(FileManager& fileManager, int folder, const std::strin
 
 }  // namespace
 
-std::error_code TrashFolder::open(FileDescriptor folder, TrashSharing sharing) {
-  folder_ = std::move(folder);
-  if (sharing == TrashSharing::refused) {
-    if (const std::error_code error = refuseOthers(folder_.get())) return error;
-  }
-  if (const std::error_code error = openPart("info", sharing, info_)) return error;
-  return openPart("files", sharing, files_);
+std::error_code TrashFolder::open(FileDescriptor above, const std::string& name,
+                                  TrashSharing sharing) {
+  above_ = std::move(above);
+  const std::error_code error = openAll(name, sharing);
+  if (error) removeCreated();
+  return error;
 }
 
-std::error_code TrashFolder::openPart(const char* name, TrashSharing sharing,
-                                      FileDescriptor& part) {
-  std::error_code error = fileManager_.createFolder(folder_.get(), name);
+std::error_code TrashFolder::openAll(const std::string& name, TrashSharing sharing) {
+  const bool isShared = sharing == TrashSharing::allowed;
+  const LinkPolicy links = isShared ? LinkPolicy::follow : LinkPolicy::doNotFollow;
+  if (const auto error = openOne(above_.get(), name, links, folder_)) return error;
+  if (const auto error = isShared ? std::error_code() : refuseOthers(folder_.get())) return error;
+  for (const auto& [part, opened] :
+       {std::pair(trashInformation, &info_), std::pair(trashFiles, &files_)}) {
+    if (const auto error = openOne(folder_.get(), part, LinkPolicy::doNotFollow, *opened)) {
+      return error;
+    }
+    if (const auto error = isShared ? std::error_code() : refuseOthers(opened->get())) return error;
+  }
+  return {};
+}
+
+std::error_code TrashFolder::openOne(int folder, const std::string& name, LinkPolicy links,
+                                     FileDescriptor& opened) {
+  const std::error_code error = fileManager_.createFolder(folder, name.c_str());
   if (error && error != std::errc::file_exists) return error;
-  error = fileManager_.openFolder(folder_.get(), name, LinkPolicy::doNotFollow, part);
-  if (error || sharing == TrashSharing::allowed) return error;
-  return refuseOthers(part.get());
+  if (!error) created_.push_back({.folder = folder, .name = name});
+  return fileManager_.openFolder(folder, name.c_str(), links, opened);
+}
+
+void TrashFolder::removeCreated() {
+  for (; !created_.empty(); created_.pop_back()) {
+    fileManager_.removeFolder(created_.back().folder, created_.back().name.c_str());
+  }
 }
 
 // Where files have no permissions, every folder may show that everybody can change it. Nothing can
@@ -102,19 +123,30 @@ std::error_code TrashFolder::take(int folder, const TrashItem& item, std::string
   constexpr int maxTries = 64;
   for (int tries = 0; tries < maxTries; ++tries, number = freeNumber(item.name, number)) {
     const std::string name = trashName(item.name, number);
-    // Creating the information reserves the name, and an item never arrives before it.
-    std::error_code error = WholeFile::create(fileManager_, info_.get(), infoName(name),
-                                              information, WholeFile::Durability::whenConvenient);
+    std::error_code error = reserve(name, information);
     if (error == std::errc::file_exists) continue;
     if (error) return error;
     error = moveIn(folder, item, name);
     if (error == std::errc::file_exists) continue;
     if (error) return error;
     ++number;
+    created_.clear();
     if (item.isFolder) movedFolders_.push_back({.name = name, .size = item.size});
     return {};
   }
   return std::make_error_code(std::errc::file_exists);
+}
+
+// An item never arrives before its information, which reserves the name.
+std::error_code TrashFolder::reserve(const std::string& name, std::string_view information) {
+  const std::string newName = '.' + newUuid();
+  std::error_code error = WholeFile::create(fileManager_, info_.get(), newName, information,
+                                            WholeFile::Durability::whenConvenient);
+  if (error) return error;
+  error = fileManager_.rename(info_.get(), newName.c_str(), info_.get(), infoName(name).c_str(),
+                              IfExists::fail);
+  if (error) fileManager_.removeFile(info_.get(), newName.c_str());
+  return error;
 }
 
 // A number above one that is taken. A row of taken ones is passed in ever larger steps, and the

@@ -33,10 +33,18 @@ class TrashFolder {
   /// The file manager must outlive the Trash.
   explicit TrashFolder(FileManager& fileManager) : fileManager_(fileManager) {}
 
-  /// Opens the Trash in an open folder, and creates what is missing of it. Must succeed before
-  /// anything else is done. Fails with permission_denied when sharing it is refused and one of its
-  /// folders is somebody else's or can be changed by others, who could take away what comes there.
-  std::error_code open(FileDescriptor folder, TrashSharing sharing);
+  /// Where no item has come, what was created of the Trash goes again.
+  ~TrashFolder() { removeCreated(); }
+
+  TrashFolder(const TrashFolder&) = delete;
+  TrashFolder& operator=(const TrashFolder&) = delete;
+
+  /// Opens the Trash of this name in an open folder, and creates what is missing of it. Must
+  /// succeed before anything else is done; after a failure there is nothing that was not there
+  /// before, and it may be tried again. Fails with permission_denied when sharing it is refused and
+  /// one of its folders is somebody else's or can be changed by others, who could take away what
+  /// comes there. The Trash itself may be a symlink where sharing it is allowed.
+  std::error_code open(FileDescriptor above, const std::string& name, TrashSharing sharing);
 
   /// Moves an item out of the open folder that holds it. `path` is what is written down as the
   /// place it came from. After a failure the item is where it was. What turned out to be another
@@ -54,18 +62,28 @@ class TrashFolder {
     std::int64_t size;
   };
 
-  std::error_code openPart(const char* name, TrashSharing sharing, FileDescriptor& part);
+  struct Created {
+    int folder;  // that it lies in
+    std::string name;
+  };
+
+  std::error_code openAll(const std::string& name, TrashSharing sharing);
+  std::error_code openOne(int folder, const std::string& name, LinkPolicy links,
+                          FileDescriptor& opened);
+  void removeCreated();
   std::error_code refuseOthers(int folder);
   bool hasPermissions(int folder);
   std::uint64_t freeNumber(const std::string& name, std::uint64_t taken);
   bool isTaken(const std::string& name);
+  std::error_code reserve(const std::string& name, std::string_view information);
   std::error_code moveIn(int folder, const TrashItem& item, const std::string& name);
   std::error_code examine(int folder, const TrashItem& item, const std::string& name);
   std::error_code moveBack(const std::string& name, int folder, const std::string& wanted);
   std::vector<DirectorySize> takeSizes();
 
   FileManager& fileManager_;
-  FileDescriptor folder_, info_, files_;
+  FileDescriptor above_, folder_, info_, files_;
+  std::vector<Created> created_;  // in their order; none once an item has come
   std::unordered_map<std::string, std::uint64_t> nextNumbers_;  // by the name of the item
   std::vector<MovedFolder> movedFolders_;
 };

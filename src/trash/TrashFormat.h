@@ -13,6 +13,13 @@ namespace broomtide {
 /// What follows the name of an item in the name of the file that tells where it came from.
 inline constexpr std::string_view trashInfoSuffix = ".trashinfo";
 
+/// The name of a user's own Trash, wherever that lies, and the names of the two folders in every
+/// Trash: that of the items and that of their information. A folder of this name is only a Trash
+/// when it has both.
+inline constexpr std::string_view trashOfHome = "Trash";
+inline constexpr const char* trashFiles = "files";
+inline constexpr const char* trashInformation = "info";
+
 /// Whether a folder of this name at the top of a mount is a Trash: ".Trash" for all users, or that
 /// of one of them, such as ".Trash-1000".
 bool isTrashOfMount(std::string_view name);

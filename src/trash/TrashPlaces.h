@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/FileManager.h"
+
 namespace broomtide {
 
 /// Where Trashes are. What lies in one has already been moved, and would lose its way back if it
@@ -19,8 +21,9 @@ class TrashPlaces {
   /// an absolute path; neither goes through symlinks. Nearly all names cost no allocation.
   bool isTrash(std::string_view root, std::string_view parent, std::string_view name) const;
 
-  /// Whether the item at this path, absolute and without symlinks, lies in a Trash.
-  bool hold(std::string_view path) const;
+  /// Whether the item at this path, absolute and without symlinks, lies in a Trash. Folders above
+  /// it with the name of any user's own Trash are looked at; one that cannot be counts as a Trash.
+  bool hold(FileManager& fileManager, std::string_view path) const;
 
  private:
   std::optional<std::string> home_;

@@ -81,6 +81,11 @@ std::error_code FaultyFileManager::createFolder(int folder, const char* name) {
   return systemFileManager().createFolder(folder, name);
 }
 
+std::error_code FaultyFileManager::removeFolder(int folder, const char* name) {
+  if (const std::error_code error = onChange(std::string("removeFolder ") + name)) return error;
+  return systemFileManager().removeFolder(folder, name);
+}
+
 std::error_code FaultyFileManager::rename(int folder, const char* name, int newFolder,
                                           const char* newName, IfExists ifExists) {
   if (const std::error_code error = onChange(std::string("rename ") + name + " " + newName))

@@ -43,6 +43,7 @@ class FaultyFileManager final : public FileManager {
   std::error_code synchronize(int descriptor) override;
   std::error_code removeFile(int folder, const char* name) override;
   std::error_code createFolder(int folder, const char* name) override;
+  std::error_code removeFolder(int folder, const char* name) override;
   std::error_code rename(int folder, const char* name, int newFolder, const char* newName,
                          IfExists ifExists) override;
   std::error_code tryLock(int folder) override;

@@ -5,13 +5,13 @@
 #include <filesystem>
 
 #include "core/Paths.h"
+#include "platform/MountTable.h"
 #include "platform/PathSafety.h"
 #include "support/FaultyFileManager.h"
 #include "support/OwnProcess.h"
 #include "support/ScanRecorder.h"
 #include "support/TemporaryTree.h"
 #include "support/TreeSnapshot.h"
-#include "trash/MountTable.h"
 #include "trash/Trash.h"
 #include "trash/TrashFolder.h"
 #include "trash/TrashFormat.h"
@@ -84,27 +84,44 @@ TEST_F(TrashMove, WhatOthersCanChangeIsUsedOnlyWhereNothingHasPermissions) {
     for (const char* open : {"Trash", "Trash/info", "Trash/files"}) {
       tree.run("chmod 700 Trash Trash/*; chmod 777 " + std::string(open));
       FileDescriptor folder;
-      ASSERT_FALSE(files.openFolder(workingDirectory, tree.path("Trash").c_str(),
-                                    LinkPolicy::doNotFollow, folder));
+      ASSERT_FALSE(
+          files.openFolder(workingDirectory, tree.root().c_str(), LinkPolicy::doNotFollow, folder));
       const std::error_code refused =
-          TrashFolder(files).open(std::move(folder), TrashSharing::refused);
+          TrashFolder(files).open(std::move(folder), "Trash", TrashSharing::refused);
       EXPECT_EQ(refused, hasPermissions ? error(std::errc::permission_denied) : std::error_code());
       EXPECT_EQ(snapshotOf(tree.path("Trash")).size(), 2U) << "what was tried is gone again";
     }
   }
 }
 
-TEST(MountTable, ReadsTheFifthField) {
-  EXPECT_THAT(
-      MountTable::mountPoints("22 1 8:1 / / rw,relatime shared:1 - ext4 /dev/sda1 rw\n"
-                              "31 22 0:27 /sub /mnt/with\\040blank\\134 rw - tmpfs none rw\n"
-                              "broken\n"
-                              "32 22 0:28 / /none\\x40\\400\\08\\\\040 rw\n"
-                              "33 22 0:28 / /short\\04 rw"),
-      testing::ElementsAre("/", "/mnt/with blank\\", "/none\\x40\\400\\08\\ ", "/short\\04"));
-  std::vector<std::string> points;
-  EXPECT_EQ(MountTable::read(systemFileManager(), points), std::error_code());
-  EXPECT_THAT(points, testing::Contains("/proc"));
+TEST(MountTable, TellsWhereAPlaceIsInItsFileSystem) {
+  const auto mounts = MountTable::mounts(
+      "22 1 8:1 / / rw,relatime shared:1 - ext4 /dev/sda1 rw\n"
+      "31 22 0:27 /sub /mnt/with\\040blank\\134 rw - tmpfs none rw\n"
+      "broken\n"
+      "32 22 0:28 / /none\\x40\\400\\08\\\\040 rw\n"
+      "33 22 0:28 / /short\\04 rw\n"
+      "34 22 8:1 /home/me /over rw\n"
+      "35 22 0:29 / /over rw");
+  ASSERT_EQ(mounts.size(), 6U);
+  EXPECT_EQ(mounts[2].point, "/none\\x40\\400\\08\\ ");
+  EXPECT_EQ(mounts[3].point, "/short\\04");
+  for (const auto& [path, mount, place] : std::vector<std::tuple<std::string, int, std::string>>{
+           {"/a", 0, "8:1/a"},
+           {"/", 0, "8:1"},
+           {"/mnt/with blank\\/b", 0, "0:27/sub/b"},
+           {"/mnt/with blank\\", 31, "0:27/sub"},
+           {"/over/c", 0, "0:29/c"},
+           {"/over/c", 34, "8:1/home/me/c"},
+           {"/overt", 0, "8:1/overt"},
+           {"/over/c", 99, ""},
+       }) {
+    EXPECT_EQ(MountTable::placeInFileSystem(mounts, path, static_cast<std::uint64_t>(mount)),
+              place);
+  }
+  std::vector<MountTable::Mount> own;
+  EXPECT_EQ(MountTable::read(systemFileManager(), own), std::error_code());
+  EXPECT_THAT(own, testing::Contains(testing::Field(&MountTable::Mount::point, "/proc")));
 }
 
 TEST_F(TrashMove, ATakenNameGivesTheNextOne) {
@@ -120,13 +137,6 @@ TEST_F(TrashMove, ATakenNameGivesTheNextOne) {
   tree.run("rmdir Trash/files/build; touch Trash/info/build.trashinfo");
   EXPECT_FALSE(move());
   EXPECT_FALSE(fs::exists(tree.path("Trash/files/build"))) << "what is reserved was taken";
-}
-
-// Something may be mounted in it, which would be erased with the Trash.
-TEST_F(TrashMove, NothingMovesWhileNobodyKnowsWhatIsMounted) {
-  files.onChange = when("openFile /proc/self/mountinfo", error(std::errc::io_error));
-  EXPECT_EQ(move(), std::errc::io_error);
-  EXPECT_TRUE(fs::exists(tree.path("work/build/object")));
 }
 
 // However often the same folder is built and cleaned before somebody empties the Trash.
@@ -192,15 +202,16 @@ TEST_F(TrashMove, AnItemThatCannotBeLookedAtAfterwardsIsMovedBack) {
     return isMoved && name == "build" ? error(std::errc::io_error) : std::error_code();
   };
   const auto before = snapshotOf(tree.path("work/build"));
-  EXPECT_EQ(move(), std::errc::io_error);
+  EXPECT_EQ(move("work", "OtherTrash"), std::errc::io_error);
   EXPECT_EQ(snapshotOf(tree.path("work/build")), before);
-  EXPECT_TRUE(fs::is_empty(tree.path("Trash/info")));
+  EXPECT_FALSE(fs::exists(tree.path("OtherTrash"))) << "nothing has come to it";
 }
 
 TEST_F(TrashMove, WhatIsInATrashAlreadyStaysThere) {
   tree.link("Trash", "linked");
-  for (const std::string folder :
-       {"Trash/files", "Trash/files/deeper", ".Trash-1000/files", ".Trash/0"}) {
+  tree.folder("other/Trash/info");
+  for (const std::string folder : {"Trash/files", "Trash/files/deeper", ".Trash-1000/files",
+                                   ".Trash/0", "other/Trash/files"}) {
     tree.file(folder + "/build/object", "object");
     for (const char* home : {"Trash", "linked"}) {
       const auto before = snapshotOf(tree.root());
