@@ -76,7 +76,11 @@ JSONHistoryStore::Contents JSONHistoryStore::read() const {
   std::string text;
   const std::error_code error =
       WholeFile::read(fileManager_, workingDirectory, *file_, LinkPolicy::follow, text);
-  if (error == std::errc::no_such_file_or_directory) {
+  FileAttributes link;
+  const bool isMissing =
+      error == std::errc::no_such_file_or_directory &&
+      fileManager_.readAttributes(workingDirectory, file_->c_str(), LinkPolicy::doNotFollow, link);
+  if (isMissing) {
     return {.entries = {}, .reason = std::nullopt, .ifExists = IfExists::fail};
   }
   if (error) return {.entries = {}, .reason = "unreadable"};
