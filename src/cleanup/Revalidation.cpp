@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "context/ContentsReader.h"
+#include "context/GitCommand.h"
 #include "core/Paths.h"
 #include "core/ServiceInterfaces.h"
 #include "platform/PathSafety.h"
@@ -31,12 +32,22 @@ bool isModified(Date recorded, Date current) {
   return difference > static_cast<std::uint64_t>(dateTolerance.count());
 }
 
+// What lies in Downloads and in caches is offered and moved whatever repositories there are around
+// it. Nothing but the reason for which it was offered tells it from what a scan of projects found.
+bool isJudgedByGit(const ScanCandidate& candidate) {
+  return std::ranges::none_of(candidate.evidence.lines(), [](const Message& reason) {
+    return reason.pattern == messages::downloadsRule || reason.pattern == messages::cacheLocation;
+  });
+}
+
 }  // namespace
 
 Revalidation::Problem Revalidation::problemOf(const ScanCandidate& candidate) const {
   if (stop_.stop_requested()) return messages::cleanupCancelled;
   if (const Problem problem = problemOnDisk(candidate)) return problem;
   if (const Problem problem = problemInGit(candidate)) return problem;
+  if (const Problem problem = problemAround(candidate)) return problem;
+
   return problemInContents(candidate);
 }
 
@@ -72,6 +83,27 @@ Revalidation::Problem Revalidation::problemInContents(const ScanCandidate& candi
   } catch (const CancellationError&) {
     return messages::cleanupCancelled;
   }
+}
+
+// Nobody has asked a repository that was not there when the item was judged, and it may track the
+// item by now. The way is that of the item as it lies there, whatever symlinks lead to it. What
+// came into the item itself is a matter of its contents.
+Revalidation::Problem Revalidation::problemAround(const ScanCandidate& candidate) const {
+  if (!isJudgedByGit(candidate)) return std::nullopt;
+  const auto hasUnknownMark = [&](const std::string& folder) {
+    if (GitCommand::markOf(fileManager_, folder) == GitCommand::Mark::none) return false;
+    const auto isHere = [&](const std::string& root) {
+      return PathSafety::resolved(root) == folder;
+    };
+    const bool isOwn = candidate.gitRoot && isHere(*candidate.gitRoot);
+    return !isOwn && std::ranges::none_of(candidate.otherGitRoots, isHere);
+  };
+  const std::string top = PathSafety::resolved(root_);
+  std::string folder(paths::enclosingFolder(PathSafety::resolved(candidate.url)));
+  for (; paths::isBelow(folder, top); folder = std::string(paths::enclosingFolder(folder))) {
+    if (hasUnknownMark(folder)) return messages::gitUnknown;
+  }
+  return hasUnknownMark(top) ? Problem(messages::gitUnknown) : std::nullopt;
 }
 
 Revalidation::Problem Revalidation::problemInGit(const ScanCandidate& candidate) const {

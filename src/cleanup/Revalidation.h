@@ -31,6 +31,7 @@ class Revalidation {
   Problem problemOnDisk(const ScanCandidate& candidate) const;
   Problem problemInContents(const ScanCandidate& candidate) const;
   Problem problemInGit(const ScanCandidate& candidate) const;
+  Problem problemAround(const ScanCandidate& candidate) const;
 
   FileManager& fileManager_;
   const std::string& root_;
