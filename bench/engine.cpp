@@ -153,7 +153,7 @@ void timeCleaning(const Options& options) {
                   .movedBytes = 0,
                   .failures = result.failures});
   printCleaned(result.moved.size(), start);
-  if (!result.failures.empty()) throw std::runtime_error(result.failures.front().message);
+  if (!result.failures.empty()) throw std::runtime_error(result.failures.front().message.text());
 }
 
 [[noreturn]] void fail(const std::string& what) {

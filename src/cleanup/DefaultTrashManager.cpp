@@ -8,6 +8,7 @@
 #include "cleanup/Revalidation.h"
 #include "core/Paths.h"
 #include "core/Uuid.h"
+#include "platform/FilesInUse.h"
 #include "platform/PathSafety.h"
 #include "trash/Trash.h"
 
@@ -16,9 +17,10 @@ namespace {
 
 // Checks a candidate and moves it. What is wrong, or nothing when it is in the Trash. `realRoot` is
 // the scanned folder, symlinks resolved.
-Revalidation::Problem clean(const ScanCandidate& candidate, const std::string& realRoot,
-                            const Revalidation& revalidation, Trash& trash) {
-  if (const Revalidation::Problem problem = revalidation.problemOf(candidate)) return problem;
+std::optional<Message> clean(const ScanCandidate& candidate, const std::string& realRoot,
+                             const Revalidation& revalidation, const FilesInUse& filesInUse,
+                             Trash& trash) {
+  if (const auto problem = revalidation.problemOf(candidate)) return Message{*problem};
 
   // The place is resolved once more and then opened without following any symlink, so that nothing
   // outside the folder can be reached whatever is replaced by a symlink meanwhile.
@@ -28,10 +30,12 @@ Revalidation::Problem clean(const ScanCandidate& candidate, const std::string& r
                        .identity = candidate.fileIdentity,
                        .size = candidate.size,
                        .isFolder = candidate.kind == CandidateKind::directory};
-  if (!paths::isBelow(paths::appending(item.folder, item.name), realRoot)) {
-    return messages::noLongerInside;
+  const std::string path = paths::appending(item.folder, item.name);
+  if (!paths::isBelow(path, realRoot)) return Message{messages::noLongerInside};
+  if (const auto user = filesInUse.userOf(path, item.identity)) {
+    return Message{messages::inUse, {nameValue(user->name), nameValue(user->id)}};
   }
-  if (trash.move(item)) return messages::notMoved;
+  if (trash.move(item)) return Message{messages::notMoved};
   return std::nullopt;
 }
 
@@ -50,12 +54,13 @@ CleanupResult DefaultTrashManager::moveToTrash(const std::vector<ScanCandidate>&
   const std::map<std::string, GitSnapshot> snapshots = askGit(candidates, stop);
   const Revalidation revalidation(fileManager_, root, snapshots, stop);
   const std::string realRoot = PathSafety::resolved(root);
+  const FilesInUse filesInUse = FilesInUse::now();
   Trash trash(fileManager_, homeTrash_);
   CleanupResult result;
   for (const ScanCandidate& candidate : candidates) {
-    if (const auto problem = clean(candidate, realRoot, revalidation, trash)) {
+    if (auto problem = clean(candidate, realRoot, revalidation, filesInUse, trash)) {
       result.failures.push_back(
-          {.id = newUuid(), .path = candidate.relativePath, .message = std::string(*problem)});
+          {.id = newUuid(), .path = candidate.relativePath, .message = *std::move(problem)});
     } else {
       result.moved.push_back(candidate);
     }

@@ -56,7 +56,7 @@ const Json::array_t& array(const Json& object, const char* key) {
 CleanupFailure failure(const Json& object) {
   return {.id = valueOrThrow(canonicalUuid(text(object, "id"))),
           .path = text(object, "path"),
-          .message = text(object, "message")};
+          .message = bareSentence(text(object, "message"))};
 }
 
 CleanupHistoryEntry entry(const Json& object) {

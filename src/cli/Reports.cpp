@@ -121,7 +121,7 @@ void writeText(std::ostream& out, const CleanReport& report, const TerminalStyle
   if (report.failures.empty()) return;
   out << style(Role::reviewFirst, counted(report.failures.size(), "item") + " left alone") << '\n';
   for (const CleanupFailure& failure : report.failures) {
-    out << "    " << escaped(failure.path) << ": " << escaped(failure.message) << '\n';
+    out << "    " << escaped(failure.path) << ": " << escaped(failure.message.text()) << '\n';
   }
 }
 

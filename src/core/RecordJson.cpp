@@ -78,7 +78,7 @@ Json toJson(const ProjectContext& project) {
 Json toJson(const CleanupFailure& failure) {
   return {{"id", failure.id},
           {"path", utf8::printable(failure.path)},
-          {"message", utf8::printable(failure.message)}};
+          {"message", utf8::printable(failure.message.text())}};
 }
 
 Json toJson(const CleanupHistoryEntry& entry) {

@@ -114,9 +114,9 @@ struct ProjectReclaimSummary {
 
 /// One candidate that a cleanup did not move.
 struct CleanupFailure {
-  std::string id;       ///< a UUID
-  std::string path;     ///< the candidate's relative path
-  std::string message;  ///< the reason that people read
+  std::string id;    ///< a UUID
+  std::string path;  ///< the candidate's relative path
+  Message message;   ///< the reason that people read
 
   bool operator==(const CleanupFailure&) const = default;
 };

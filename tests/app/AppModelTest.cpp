@@ -305,7 +305,7 @@ TEST_F(Model, SelectsWhatIsSafeBeyondDoubt) {
 }
 
 TEST_F(Model, ACleanupIsShownAndRecorded) {
-  const CleanupFailure failure{.id = "F", .path = "4", .message = "because"};
+  const CleanupFailure failure{.id = "F", .path = "4", .message = bareSentence("because")};
   script.clean = [&](std::vector<ScanCandidate> items, const auto&) {
     items.pop_back();
     return CleanupResult{items, {failure}};

@@ -50,7 +50,7 @@ class Cleanup : public testing::Test {
     auto failure = result.failures.begin();
     for (const ScanCandidate& item : candidates) {
       if (failure != result.failures.end() && failure->path == item.relativePath) {
-        list.push_back((failure++)->message);
+        list.push_back((failure++)->message.text());
       } else if (moved != result.moved.end() && *moved == item) {
         list.push_back("moved");
         ++moved;
@@ -235,8 +235,34 @@ TEST_F(Cleanup, AGitThatCannotBeAskedHoldsBackOnlyRepositories) {
   const CleanupResult result =
       manager.moveToTrash({inRepository, candidate("app/package.json")}, tree.path("work"), {});
   ASSERT_EQ(result.failures.size(), 1U);
-  EXPECT_EQ(result.failures[0].message, messages::gitUnknown);
+  EXPECT_EQ(result.failures[0].message, Message{messages::gitUnknown});
   EXPECT_EQ(result.moved.size(), 1U);
+}
+
+// Whoever made it after the scan may have added everything to it.
+TEST_F(Cleanup, LeavesAloneWhatARepositoryLiesAroundThatWasNotThere) {
+  for (const std::string folder : {"work", "work/app", "work/app/node_modules"}) {
+    for (const char* mark : {"mkdir .git", "touch .git", "ln -s nowhere .git"}) {
+      tree.run(mark, folder);
+      EXPECT_EQ(outcome(candidate("app/node_modules")), messages::gitUnknown) << folder << mark;
+      tree.run("rm -r .git", folder);
+    }
+  }
+  tree.run("mkdir .git", "work");
+  ScanCandidate download = candidate("app/node_modules");
+  download.evidence = {Message{messages::downloadsRule}};
+  EXPECT_EQ(outcome(download), "moved");
+}
+
+// Something may be mounted in it meanwhile, which would be erased with the Trash.
+TEST_F(Cleanup, MovesNoFolderWhileNobodyKnowsWhatIsMounted) {
+  tree.folder("work/app/dist");
+  files.onChange = [reads = 0](const std::string& called) mutable {
+    const bool fails = called == "openFile /proc/self/mountinfo" && reads++ > 0;
+    return fails ? std::make_error_code(std::errc::io_error) : std::error_code();
+  };
+  EXPECT_EQ(outcomes({candidate("app/node_modules"), candidate("app/dist")}),
+            (std::vector<std::string>{"moved", std::string(messages::notMoved)}));
 }
 
 TEST_F(Cleanup, CancellingLeavesTheRestAlone) {

@@ -80,7 +80,7 @@ struct Reports {
     candidate.projectRoot = candidate.gitRoot = '/' + name;
     candidate.evidence = {bareName("Detected by " + name)};
     candidates = {candidate, candidate};
-    failures = {{.id = "1", .path = name, .message = "Refused: " + name}};
+    failures = {{.id = "1", .path = name, .message = naming("Refused: %1", name)}};
     issues = {ScanIssue::about(name, "Refused: " + name)};
     projects = {{.root = '/' + name, .kinds = {}, .manifests = {name}, .gitRoot = '/' + name}};
     history = {{.id = "1",

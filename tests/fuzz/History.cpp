@@ -29,9 +29,10 @@ void checkWriting(std::string_view bytes) {
                             .movedBytes = -1,
                             .failures = {{.id = "7C9E6679-7425-40DE-944B-E07FC1F90AE7",
                                           .path = std::string(bytes),
-                                          .message = std::string(bytes)}}};
+                                          .message = bareSentence(std::string(bytes))}}};
   const HistoryCodec::Decoded decoded = decode(encode({entry}));
-  entry.rootPath = entry.failures[0].path = entry.failures[0].message = shown;
+  entry.rootPath = entry.failures[0].path = shown;
+  entry.failures[0].message = bareSentence(shown);
   require(!decoded.defect, "any bytes can be written");
   require(decoded.entries == std::vector{entry}, "what is written is read");
 }

@@ -213,6 +213,38 @@ class Selecting(CleanJourney):
             self.assertEqual(b"Cleanup complete" in shown, moves)
             self.assertEqual(not os.path.exists(self.path("work/app/.next")), moves)
 
+
+class InUse(CleanJourney):
+    # What a process does before it waits, and whether it uses the item then.
+    USES = [
+        ("cd work/app/.next/deep; exec cat", True),
+        ("exec cat 3<work/app/.next/page", True),
+        ("cp $(command -v cat) work/app/.next/cat; exec work/app/.next/cat", True),
+        ("exec cat 3>work/app/.next/gone", False),
+        ("exec unshare --mount sh -c 'mount --bind work/app/.next/deep view; cd view; exec cat'", True),
+    ]
+
+    def test_what_another_process_uses_stays(self):
+        may_mount = os.getuid() == 0 and not subprocess.run(["unshare", "--mount", "true"], capture_output=True).returncode
+        for use, is_used in self.USES:
+            if "mount" in use and not may_mount:
+                continue
+            self.project()
+            for folder in "view", "work/app/.next/deep":
+                os.makedirs(self.path(folder))
+            user = subprocess.Popen(["sh", "-c", use], stdin=subprocess.PIPE, stdout=subprocess.PIPE, cwd=self.root)
+            user.stdin.write(b"\n")
+            user.stdin.flush()
+            user.stdout.readline()
+            if not is_used:
+                os.remove(self.path("work/app/.next/gone"))
+            failures = self.document("clean", "--yes", self.work, status=3 if is_used else 0)["failures"]
+            self.assertEqual([failure["message"] for failure in failures], [
+                f"The item is in use by cat ({user.pid}). Broomtide left it untouched."] if is_used else [], use)
+            user.communicate()
+            shutil.rmtree(self.root)
+
+
 class Interrupting(CleanJourney):
     def test_ctrl_c_leaves_the_rest_alone_and_is_recorded(self):
         self.project()

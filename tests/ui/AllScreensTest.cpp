@@ -160,7 +160,7 @@ TEST_P(AllScreens, AreTranslatedAndShowTheirTextsWhole) {
   }
   test.scan(everything(), ScanMode::project, "/1/2");
   test.script.clean = [](const auto& items, const auto&) {
-    return CleanupResult{items, {{"1", "1/2", std::string(messages::notMoved)}}};
+    return CleanupResult{items, {{"1", "1/2", Message{messages::notMoved}}}};
   };
   test.model().setRoute(Route::confirmation);
   read("confirmation");

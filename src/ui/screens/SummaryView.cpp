@@ -51,7 +51,7 @@ RecordList* failureList(const std::vector<CleanupFailure>& failures) {
   for (const CleanupFailure& failure : failures) {
     records.push_back({.title = display::text(failure.path),
                        .warning = display::warning(failure.path),
-                       .subtitle = enginetext::statement(failure.message)});
+                       .subtitle = enginetext::sentence(failure.message)});
   }
   const int lines =
       messageLines(records, maxSummaryWidth - 2 * drawing::rowEdge - drawing::scrollBarExtent);
