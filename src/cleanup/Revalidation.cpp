@@ -1,5 +1,6 @@
 #include "cleanup/Revalidation.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <utility>
@@ -47,7 +48,6 @@ Revalidation::Problem Revalidation::problemOf(const ScanCandidate& candidate) co
   if (const Problem problem = problemOnDisk(candidate)) return problem;
   if (const Problem problem = problemInGit(candidate)) return problem;
   if (const Problem problem = problemAround(candidate)) return problem;
-
   return problemInContents(candidate);
 }
 
