@@ -73,7 +73,7 @@ Revalidation::Problem Revalidation::problemInContents(const ScanCandidate& candi
   FileDescriptor folder;
   if (fileManager_.openFolder(workingDirectory, candidate.url.c_str(), LinkPolicy::doNotFollow,
                               folder)) {
-    return messages::contentsChanged;
+    return messages::replaced;
   }
   try {
     const Contents contents =
