@@ -49,8 +49,8 @@ FileDescriptor openBelow(int folder, const char* name, int flags) {
 template <typename Function>
 void forEachNumber(int parent, const char* name, const Function& function) {
   const FileDescriptor folder = openBelow(parent, name, O_RDONLY | O_DIRECTORY);
-  constexpr std::size_t bufferSize = std::size_t{1} << 15U;
-  alignas(dirent64) std::array<char, bufferSize> buffer;
+  constexpr std::size_t recordBytes = std::size_t{1} << 15U;
+  alignas(dirent64) std::array<char, recordBytes> buffer;
   for (;;) {
     const ssize_t filled = ::getdents64(folder.get(), buffer.data(), buffer.size());
     if (filled <= 0) return;
