@@ -45,7 +45,7 @@ ScanCandidate item(int number, SafetyLevel safety, GitItemStatus status) {
                      {genericName},
                      {nameAgrees},
                      {downloadsRule},
-                     {holdsRepository, {nameValue("Git"), nameValue(".next/inner")}},
+                     {holdsRepository, {nameValue("1"), nameValue("2/3")}},
                      {cacheLocation, {nameValue("1/2")}}};
   result.regenerationCommand = Message{
       "Recreate the environment and install dependencies from the project "
