@@ -138,6 +138,7 @@ std::string proven() {
 
 std::string installed() {
   std::vector<std::string> all;
+  all.reserve(installedPlaces.size());
   for (const InstalledPlace& place : installedPlaces) {
     using enum InstalledPlace::Base;
     const std::string_view base = place.base == home ? "~/" : place.base == fileSystem ? "/" : "";
@@ -148,6 +149,7 @@ std::string installed() {
 
 std::string stores() {
   std::vector<std::string> all;
+  all.reserve(versionControlSystems.size());
   for (const VersionControlSystem& system : versionControlSystems) {
     all.push_back(code("", system.mark) + " (" + std::string(system.title) + ")");
   }
