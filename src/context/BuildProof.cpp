@@ -19,6 +19,7 @@ namespace {
 
 constexpr std::size_t maxCMakeCache = std::size_t{8} << 20U;
 constexpr std::size_t maxDescription = std::size_t{1} << 20U;
+constexpr std::size_t maxPath = 4095;  // longer ones the system takes from nobody
 constexpr std::size_t maxTag = std::size_t{64} << 10U;
 
 constexpr std::string_view tagSignature = "Signature: 8a477f597d28d172789f06886806bc55";
@@ -54,9 +55,9 @@ std::optional<std::string> valueIn(std::string_view text, std::string_view begin
   return std::nullopt;
 }
 
-// The text at a place in a JSON document.
+// The text at a place in a JSON document, which may have comments.
 std::optional<std::string> textAt(const std::string& document, const char* place) {
-  const auto json = nlohmann::json::parse(document, nullptr, false);
+  const auto json = nlohmann::json::parse(document, nullptr, false, true);
   const nlohmann::json::json_pointer pointer(place);
   if (json.is_discarded() || !json.contains(pointer) || !json[pointer].is_string()) {
     return std::nullopt;
@@ -68,7 +69,8 @@ std::optional<std::string> textAt(const std::string& document, const char* place
 std::optional<std::string> sourcesOf(FileManager& fileManager,
                                      const std::optional<std::string>& named,
                                      const std::string& tree, const char* description) {
-  if (!named || !named->starts_with('/')) return std::nullopt;
+  if (!named || !named->starts_with('/') || named->size() > maxPath) return std::nullopt;
+  if (named->find('\0') != named->npos) return std::nullopt;
   std::string sources = paths::standardized(*named);
   const std::string resolved = PathSafety::resolved(sources);
   if (resolved == tree || paths::isBelow(resolved, tree)) return std::nullopt;

@@ -30,18 +30,27 @@ Sign signOf(const ContentsPolicy& policy, std::string_view name, EntryType type,
   return ScanRules::signOf(policy, name, kindOf(type), isAtTop);
 }
 
+bool StoreFinder::completes(std::string_view folder, std::string_view name, EntryType type) {
+  const bool isPart = name == "HEAD" || name == "objects" || name == "refs";
+  if (!isPart) return false;
+  if (folder != folder_ || marks_.isGitStore()) marks_ = {};
+  folder_ = folder;
+  marks_.add(name, type);
+  return marks_.isGitStore();
+}
+
 Contents readContents(FileManager& fileManager, FileDescriptor folder, const ContentsPolicy& policy,
                       const std::stop_token& stop) {
   Contents contents;
+  StoreFinder stores;
   DirectoryEnumerator entries(
       fileManager, DirectoryEnumerator::Order::foldersAfter,
       [](std::string_view, std::error_code) {}, stop);
   entries.begin(std::move(folder));
   while (entries.next()) {
     if (stop.stop_requested()) throw CancellationError();
-    const bool isAtTop = entries.folderPath().empty();
-    const Sign sign = signOf(policy, entries.name(), entries.type(), isAtTop);
-    if (sign != Sign::none) contents.add(sign, entries.relativePath());
+    findSigns(policy, entries, stores, true,
+              [&contents](Sign sign, std::string_view path) { contents.add(sign, path); });
   }
   return contents;
 }

@@ -52,6 +52,12 @@ class FolderMarks {
            (has(resources) && has(electron));
   }
 
+  /// Whether it may be an extension of an editor, when `parent` is the name of the folder that
+  /// holds it.
+  bool mayBeExtension(std::string_view parent) const {
+    return parent == "extensions" && has(package);
+  }
+
   /// Whether a build may have made the folder, or a program calls it a cache.
   bool mayBeGenerated() const { return has(cmakeCache) || has(meson) || has(cacheTag); }
 

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "context/BuildProof.h"
 #include "context/FolderMarks.h"
 #include "core/Paths.h"
 #include "rules/InstalledPlaces.h"
@@ -16,13 +17,21 @@ bool isThere(FileManager& fileManager, const std::string& folder, std::string_vi
                                      LinkPolicy::doNotFollow, attributes);
 }
 
-// The one that keeps the folder, but for Git, and for what lies beside a repository of Git.
+// One that keeps the folder, but for Git.
 const VersionControlSystem* systemOf(FileManager& fileManager, const std::string& folder) {
+  const bool hasGit = isThere(fileManager, folder, gitMark);
   for (const VersionControlSystem& system : versionControlSystems) {
-    if (!isThere(fileManager, folder, system.mark)) continue;
-    return &system == versionControlSystems.begin() ? nullptr : &system;
+    const bool isOfGit = system.mark == gitMark || (system.usesGit && hasGit);
+    if (!isOfGit && isThere(fileManager, folder, system.mark)) return &system;
   }
   return nullptr;
+}
+
+bool isExtension(FileManager& fileManager, const std::string& folder, const FolderMarks& marks) {
+  FileDescriptor opened;
+  return marks.mayBeExtension(paths::lastComponent(paths::enclosingFolder(folder))) &&
+         !fileManager.openFolder(workingDirectory, folder.c_str(), LinkPolicy::follow, opened) &&
+         isEditorExtension(fileManager, opened.get());
 }
 
 bool isStore(std::string_view name, const FolderMarks& marks) {
@@ -40,7 +49,8 @@ std::optional<std::vector<Message>> cautionsIn(FileManager& fileManager, const s
     const std::string parent(paths::enclosingFolder(here));
     const FolderMarks marks = FolderMarks::of(fileManager, workingDirectory, here);
     if (isStore(name, marks)) return std::nullopt;
-    if (isInstalledPlace(parent, {}, name, homes) || marks.isInstalled(false)) {
+    if (isInstalledPlace(parent, {}, name, homes) || marks.isInstalled(false) ||
+        isExtension(fileManager, here, marks)) {
       reasons.push_back(naming(messages::insideInstalled, here));
     } else if (isHiddenInHome(parent, name, homes)) {
       reasons.push_back(naming(messages::insideHiddenFolder, here));

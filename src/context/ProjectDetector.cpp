@@ -52,10 +52,10 @@ bool ProjectDetector::isInBundle(std::string_view path) const {
 void ProjectDetector::addEntry(std::string_view name, EntryType type) {
   if (!bundle_.empty()) return;
   ++discovery_.entriesInspected;
-  if (name == ".git") {
+  if (name == gitMark) {
     addRepository();  // of whatever kind it is: Git knows better, or nobody does
   } else if (const VersionControlSystem* system = versionControlSystem(name)) {
-    addWorkingCopy(system->title);
+    addWorkingCopy(*system);
   } else if (type == EntryType::link || type == EntryType::other) {
     return;
   } else if (type == EntryType::folder) {
@@ -95,12 +95,12 @@ void ProjectDetector::addRepository() {
   onRepository_(here.around.repository->root);
 }
 
-// Jujutsu can keep its own knowledge beside a repository of Git, which comes first by name.
-void ProjectDetector::addWorkingCopy(std::string_view system) {
+// The mark of Git comes before those of the systems that use it, by name.
+void ProjectDetector::addWorkingCopy(const VersionControlSystem& system) {
   const std::string root = location(folder_);
-  if (!repositories_.empty() && repositories_.back().root == root) return;
+  if (system.usesGit && !repositories_.empty() && repositories_.back().root == root) return;
   addCaution({.pattern = messages::underVersionControl,
-              .values = {nameValue(std::string(system)), nameValue(root)}});
+              .values = {nameValue(std::string(system.title)), nameValue(root)}});
 }
 
 void ProjectDetector::addCaution(Message reason) {

@@ -12,6 +12,7 @@
 
 #include "core/Records.h"
 #include "platform/DirectoryEnumerator.h"
+#include "rules/VersionControl.h"
 
 namespace broomtide {
 
@@ -90,7 +91,7 @@ class ProjectDetector {
   bool isInBundle(std::string_view path) const;
   Place& place();
   void addRepository();
-  void addWorkingCopy(std::string_view system);
+  void addWorkingCopy(const VersionControlSystem& system);
   void addManifest(ProjectKind kind, std::string_view name);
   std::string location(std::string_view path) const;
 

@@ -24,6 +24,7 @@ struct ContentsPolicy {
   bool countsFiles = false;       ///< protected files, guarded folders and manifests
   bool isNamedAsSources = false;  ///< folders at the top are called as those of the sources are
   bool hasManifest = false;       ///< the tool writes a manifest of its own at the top
+  bool hasStores = false;         ///< the tool keeps bare repositories
   bool countsSources = false;     ///< all kinds of sources but `written`
   bool isEnvironment = false;     ///< is what its name says only with the mark of an environment
   std::string_view written = {};  ///< path extensions that the tool writes, a blank around each

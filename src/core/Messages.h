@@ -110,6 +110,7 @@ inline constexpr std::string_view holdsProtectedFile = "It holds a file that may
 inline constexpr std::string_view holdsGuardedFolder = "It holds a folder that may be of value: %1";
 inline constexpr std::string_view holdsSource = "It holds a file that people write: %1";
 inline constexpr std::string_view holdsManifest = "It is a project of its own: %1";
+inline constexpr std::string_view notAllRead = "Not all of it could be read: %1";
 inline constexpr std::string_view noEnvironment =
     "It has no pyvenv.cfg, so it may not be a Python environment.";
 inline constexpr std::string_view underVersionControl =
@@ -191,8 +192,9 @@ inline constexpr std::string_view homeOfAnother =
 
 /// What speaks against an item although its name, its project and Git do not.
 inline constexpr std::array cautions{
-    holdsRepository, holdsProtectedFile,  holdsGuardedFolder, holdsSource,        holdsManifest,
-    noEnvironment,   underVersionControl, insideInstalled,    insideHiddenFolder, projectIsHome,
+    holdsRepository,    holdsProtectedFile, holdsGuardedFolder,  holdsSource,
+    holdsManifest,      noEnvironment,      underVersionControl, insideInstalled,
+    insideHiddenFolder, projectIsHome,      notAllRead,
 };
 
 /// All of them but the bare one and the commands, for translators.
@@ -222,6 +224,7 @@ inline constexpr std::array all{
     disappeared,
     itemsSkipped,
     holdsRepository,
+    notAllRead,
     holdsProtectedFile,
     holdsGuardedFolder,
     holdsSource,

@@ -54,8 +54,9 @@ Json toJson(const ScanCandidate& candidate) {
       {"gitRoot", location(candidate.gitRoot)},
       {"projectKinds", rawValues(candidate.projectKinds)},
       {"evidence", texts(candidate.evidence.lines())},
-      {"regenerationCommand",
-       candidate.regenerationCommand ? Json(candidate.regenerationCommand->text()) : Json(nullptr)},
+      {"regenerationCommand", candidate.regenerationCommand
+                                  ? Json(utf8::printable(candidate.regenerationCommand->text()))
+                                  : Json(nullptr)},
       {"confidence", rawValue(candidate.confidence)},
       {"gitStatus", rawValue(candidate.gitStatus)},
       {"isSelected", candidate.isSelected},

@@ -14,9 +14,10 @@ namespace {
 std::atomic<int> handlerWriter = -1;
 
 // All that a handler may do is to write, and to leave errno as it was.
-void onSignal(int) {
+void onSignal(int signal) {
   const int error = errno;
-  [[maybe_unused]] const ssize_t written = ::write(handlerWriter, "", 1);
+  const char isOfKey = signal == SIGINT || signal == SIGQUIT ? 1 : 0;
+  [[maybe_unused]] const ssize_t written = ::write(handlerWriter, &isOfKey, 1);
   errno = error;
 }
 
@@ -49,12 +50,13 @@ Interruption::~Interruption() {
 
 void Interruption::listen(const FileDescriptor& reader) {
   for (;;) {
-    char signal = 0;
-    const ssize_t count = ::read(reader.get(), &signal, 1);
+    char isOfKey = 0;
+    const ssize_t count = ::read(reader.get(), &isOfKey, 1);
     if (count == 0) return;
     if (count < 0) continue;
     const bool isFirst = stopping_.request_stop();
-    if (!isFirst) ::_exit(endedAtOnce);
+    // A terminal that is closed, or a session that ends, asks several times by itself.
+    if (!isFirst && isOfKey != 0) ::_exit(endedAtOnce);
   }
 }
 

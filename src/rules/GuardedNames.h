@@ -37,11 +37,13 @@ static_assert(std::ranges::is_sorted(protectedExtensions));
 inline constexpr std::string_view environmentFile = ".env";
 
 /// The path extensions of what people write, in small letters; letter case does not count.
-inline constexpr std::array<std::string_view, 47> sourceExtensions{
-    "bash", "c",   "cc",    "clj", "cpp",    "cs",    "cxx",   "dart", "erl", "ex",  "exs", "fish",
-    "fs",   "go",  "h",     "hpp", "hrl",    "hs",    "ipynb", "java", "jl",  "js",  "jsx", "kt",
-    "kts",  "lua", "m",     "md",  "mjs",    "ml",    "php",   "pl",   "pm",  "ps1", "py",  "r",
-    "rb",   "rs",  "scala", "sh",  "svelte", "swift", "ts",    "tsx",  "vb",  "vue", "zsh"};
+inline constexpr std::array<std::string_view, 61> sourceExtensions{
+    "bash",  "bat",  "c",   "cc",  "clj",  "cmd",   "cpp", "cs",     "cxx",   "dart", "doc",
+    "docx",  "erl",  "ex",  "exs", "fish", "fs",    "go",  "h",      "hpp",   "hrl",  "hs",
+    "ipynb", "java", "jl",  "js",  "jsx",  "kt",    "kts", "lua",    "m",     "md",   "mjs",
+    "ml",    "odp",  "ods", "odt", "pdf",  "php",   "pl",  "pm",     "ppt",   "pptx", "ps1",
+    "psm1",  "py",   "r",   "rb",  "rs",   "scala", "sh",  "svelte", "swift", "tex",  "ts",
+    "tsx",   "vb",   "vue", "xls", "xlsx", "zsh"};
 
 static_assert(std::ranges::is_sorted(sourceExtensions));
 

@@ -76,7 +76,8 @@ inline constexpr ContextPolicy commonWord{
 // What counts in a folder beside files of value; the path extensions are those that its tool
 // writes.
 inline constexpr ContentsPolicy asSources{.isNamedAsSources = true};
-inline constexpr ContentsPolicy swiftFiles{.isNamedAsSources = true, .written = " db "};
+inline constexpr ContentsPolicy swiftFiles{
+    .isNamedAsSources = true, .hasStores = true, .written = " db "};
 inline constexpr ContentsPolicy databases{.written = " db sqlite3 "};
 inline constexpr ContentsPolicy ownManifest{.hasManifest = true};
 inline constexpr ContentsPolicy report{

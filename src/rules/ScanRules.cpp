@@ -206,7 +206,8 @@ std::vector<Message> reasonsOf(const ContentsPolicy& policy, const Contents& con
     const std::string_view place = mark.substr(0, std::max<std::size_t>(end, 1) - 1);
     const VersionControlSystem* system = versionControlSystem(mark.substr(end));
     reasons.push_back({.pattern = messages::holdsRepository,
-                       .values = {nameValue(std::string(system->title)), nameValue(below(place))}});
+                       .values = {nameValue(std::string(system != nullptr ? system->title : "Git")),
+                                  nameValue(below(place))}});
   }
   using Line = std::pair<Sign, std::string_view>;
   for (const auto& [sign, pattern] :

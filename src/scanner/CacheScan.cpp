@@ -143,6 +143,11 @@ class CacheScan {
           reports_.report(entries_ + entries, reports_.totalBytes() + bytes, label);
         });
     entries_ += result.entries;
+    std::vector<Message> reasons = ScanRules::reasonsOf(repositoriesAlone, result.contents, path);
+    if (!result.issues.empty()) {
+      const std::string& unread = result.issues.front().path;
+      reasons.push_back(naming(messages::notAllRead, paths::relativePath(unread, root_)));
+    }
     std::ranges::move(result.issues, std::back_inserter(issues_));
     if (result.bytes < 1) return;
 
@@ -155,7 +160,7 @@ class CacheScan {
          .isSelected = target.safety == SafetyLevel::safe,
          .evidence = {naming(messages::cacheLocation, std::string(target.relativePath))},
          .regenerationCommand = command},
-        ScanRules::reasonsOf(repositoriesAlone, result.contents, path));
+        std::move(reasons));
     reports_.add({
         .url = item.location,
         .relativePath = path,

@@ -89,12 +89,13 @@ class MeasurementPool::Worker {
   // False when it was interrupted.
   bool addEntries() {
     bytesToAdd_ = entriesToAdd_ = 0;
+    stores_ = {};
     entries_.begin(std::move(part_.folder));
     while (entries_.next()) {
       if (stop_.stop_requested()) return false;
       if (part_.measurement->isAbandoned()) break;
       ++entriesToAdd_;
-      addSign();
+      addSigns();
       if (entries_.type() == EntryType::file) {
         addFile();
       } else if (entries_.type() == EntryType::unreadable) {
@@ -116,12 +117,11 @@ class MeasurementPool::Worker {
     }
   }
 
-  void addSign() {
-    const bool isAtTop = part_.path.empty() && entries_.folderPath().empty();
-    const Sign sign =
-        signOf(part_.measurement->policy(), entries_.name(), entries_.type(), isAtTop);
-    if (sign == Sign::none) return;
-    part_.measurement->addSign(sign, pathInMeasurement(entries_.relativePath()));
+  void addSigns() {
+    findSigns(part_.measurement->policy(), entries_, stores_, part_.path.empty(),
+              [this](Sign sign, std::string_view path) {
+                part_.measurement->addSign(sign, pathInMeasurement(path));
+              });
   }
 
   void addIssue(std::error_code error) {
@@ -157,6 +157,7 @@ class MeasurementPool::Worker {
   MeasurementPool& pool_;
   const std::stop_token stop_;
   DirectoryEnumerator entries_;
+  StoreFinder stores_;
   Part part_;
   std::int64_t bytesToAdd_ = 0;
   std::int64_t entriesToAdd_ = 0;

@@ -138,14 +138,21 @@ void TreeScan::visitMatch(const std::string& relativePath, const WalkMatch& matc
   }
 
   Measurement::Result measured;
+  std::vector<Message> reasons;
   if (folder.isOpen) {
+    const std::size_t known = issues_.size();
     measured = measure(location, label, *match.measurement);
-    evaluation = ScanRules::withCaution(
-        *std::move(evaluation),
-        ScanRules::reasonsOf(match.rule->contents, measured.contents, relativePath));
-  } else if (!isFolder) {
+    reasons = ScanRules::reasonsOf(match.rule->contents, measured.contents, relativePath);
+    if (issues_.size() > known) {
+      const std::string& unread = issues_[known].path;
+      reasons.push_back(naming(messages::notAllRead, paths::relativePath(unread, root_)));
+    }
+  } else if (isFolder) {
+    reasons = {naming(messages::notAllRead, relativePath)};
+  } else {
     measured.bytes = attributes.allocatedBytes;
   }
+  evaluation = ScanRules::withCaution(*std::move(evaluation), std::move(reasons));
   reports_.add({
       .url = location,
       .relativePath = relativePath,
@@ -238,8 +245,11 @@ std::optional<RuleEvaluation> TreeScan::judge(const ScanRule& rule, const Judged
 
 std::vector<Message> TreeScan::reasonsAround(const Judged& around) const {
   std::vector<Message> reasons;
+  // One of each kind is enough, however many folders lie around the item.
   for (const Caution* caution = around.caution; caution != nullptr; caution = caution->around) {
-    reasons.push_back(caution->reason);
+    const bool isTold =
+        std::ranges::find(reasons, caution->reason.pattern, &Message::pattern) != reasons.end();
+    if (!isTold) reasons.push_back(caution->reason);
   }
   if (!around.hiddenInHome.empty()) {
     reasons.push_back(naming(messages::insideHiddenFolder, around.hiddenInHome));

@@ -90,6 +90,7 @@ class TreeWalk::Walker {
     entries_.forEachInFolder(
         [&marks](std::string_view name, EntryType type) { marks.add(name, type); });
     const bool isTop = path.empty();
+    if (isTop && setup_.trashes.hold(setup_.fileManager, placeOf("item"))) return false;
     const std::string_view name = paths::lastComponent(isTop ? resolvedRoot_ : path);
     if (marks.isGitStore() || marks.isTrash(name)) return false;
     if (!isProjectScan()) return true;
@@ -106,9 +107,10 @@ class TreeWalk::Walker {
     const bool mayBelong = marks.has(FolderMarks::pythonEnvironment);
     const bool belongs = mayBelong && (projects_.around(path).project != nullptr || isProject());
     if (marks.isInstalled(belongs)) return true;
-    return marks.has(FolderMarks::package) &&
-           paths::lastComponent(paths::enclosingFolder(path)) == "extensions" &&
-           isEditorExtension(setup_.fileManager, entries_.folder());
+    const std::string_view parent =
+        paths::lastComponent(path.find('/') == path.npos ? std::string_view(resolvedRoot_)
+                                                         : paths::enclosingFolder(path));
+    return marks.mayBeExtension(parent) && isEditorExtension(setup_.fileManager, entries_.folder());
   }
 
   // Offers a whole build tree or cache that no rule knows by its name.

@@ -73,6 +73,15 @@ TEST(Caution, LooksInsideAndAround) {
        "env/coverage",
        "It lies in a place where programs are installed: %/env"},
       {"package.json",
+       {".svn/", ".git/HEAD", ".next/a"},
+       ".next",
+       "It lies in a Subversion working copy, and Broomtide can only ask Git: %"},
+      {"package.json",
+       {".next/b/HEAD", ".next/b/objects/", ".next/b/refs/"},
+       ".next",
+       "It holds a Git repository of its own: .next/b"},
+      {"package.json", {"coverage/claims.DOCX"}, "coverage", source + "coverage/claims.DOCX"},
+      {"package.json",
        {".svn/", ".next/a"},
        ".next",
        "It lies in a Subversion working copy, and Broomtide can only ask Git: %"},
@@ -126,12 +135,15 @@ TEST(Caution, LooksAroundTheScannedFolder) {
       {"m/a", "It lies in a Mercurial working copy, and Broomtide can only ask Git: %/m"},
       {"m/.hg/a", "no"},
       {"s/a", "no"},
+      {"Trash/files/a", "no"},
+      {"extensions/a", "It lies in a place where programs are installed: %/extensions/a"},
   };
   TemporaryTree tree;
-  for (const char* folder : {"c/conda-meta", "m/.hg", "s/objects", "s/refs"}) tree.folder(folder);
+  for (const char* folder : {"c/conda-meta", "m/.hg", "s/objects", "s/refs", "Trash/info"})
+    tree.folder(folder);
   tree.file("s/HEAD");
   for (const auto& [folder, line] : cases) {
-    tree.file(folder + "/package.json");
+    tree.file(folder + "/package.json", R"({"engines": {"vscode": "1"}} // a comment)");
     tree.file(folder + "/.next/a");
   }
   for (const auto& [folder, line] : cases) {

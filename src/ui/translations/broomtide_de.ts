@@ -1439,6 +1439,10 @@ Mehr dazu zeigt broomtide --help.
         <source>The project around it is a home folder: %1</source>
         <translation>Das Projekt darum ist ein Benutzerordner: %1</translation>
     </message>
+    <message>
+        <source>Not all of it could be read: %1</source>
+        <translation>Nicht alles darin war lesbar: %1</translation>
+    </message>
 </context>
 <context>
     <name>broomtide::ui::BusyIndicator</name>

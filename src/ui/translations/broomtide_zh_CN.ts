@@ -1435,6 +1435,10 @@ Run broomtide --help for more information.
         <source>The project around it is a home folder: %1</source>
         <translation>其所在项目是主目录：%1</translation>
     </message>
+    <message>
+        <source>Not all of it could be read: %1</source>
+        <translation>其中部分内容无法读取：%1</translation>
+    </message>
 </context>
 <context>
     <name>broomtide::ui::BusyIndicator</name>
