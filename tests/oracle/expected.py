@@ -3,9 +3,11 @@
 Paths are bytes. The random identifiers of issues are left out; everything else is there.
 """
 
-import contextlib
+import dataclasses
 import datetime
+import json
 import os
+import pwd
 import stat
 import subprocess
 import time
@@ -13,6 +15,7 @@ import urllib.parse
 from dataclasses import dataclass, field
 
 import rules
+from rules import for_shell, text
 
 before_git = None  # called in the child before it becomes Git, for limits that the compared program runs under
 
@@ -43,16 +46,24 @@ def kind_of(found):
     return "directory" if is_folder else "file" if is_file else "other"
 
 
-def walk(open_folder, path, issues, visit):
-    """Depth first, siblings by name. visit(entry) says whether to enter a folder; one that cannot be is an issue."""
+def kinds_in(folder):
+    """The kinds of what is in a folder by their names, which are sorted."""
+    with os.scandir(folder) as listing:
+        return dict(sorted((os.fsencode(item.name), kind_of(item)) for item in listing))
+
+
+def walk(open_folder, path, issues, visit, listed=lambda path, kinds: True):
+    """Depth first, siblings by name. visit(entry) says whether to enter a folder; one that cannot be is an issue. Then
+    listed(path, kinds) says whether to go on."""
     folder = open_folder()
     try:
-        with os.scandir(folder) as listing:
-            found = sorted((os.fsencode(item.name), kind_of(item)) for item in listing)
-        for entry in [Entry(folder, path + b"/" + name, name, kind) for name, kind in found]:
+        kinds = kinds_in(folder)
+        if not listed(path, kinds):
+            return
+        for entry in [Entry(folder, path + b"/" + name, name, kind) for name, kind in kinds.items()]:
             if visit(entry) and entry.is_folder:
                 try:
-                    walk(entry.open, entry.path, issues, visit)
+                    walk(entry.open, entry.path, issues, visit, listed)
                 except OSError as error:
                     issues.append(issue(entry.path, error))
     finally:
@@ -63,11 +74,12 @@ def opened(path):
     return lambda: os.open(path, os.O_RDONLY | os.O_DIRECTORY)
 
 
-def measure(open_folder, path):
-    """How large a folder is, how many entries lie below it, and what could not be read."""
-    sizes, issues = [], []
+def measure(open_folder, path, rule, item):
+    """How large a folder is, how many entries lie below it, what could not be read, and what speaks against it."""
+    sizes, issues, entries = [], [], []
 
     def add(entry):
+        entries.append((entry.path[len(path) + 1:], entry.kind))
         sizes.append(0)
         if entry.kind == "file":
             try:
@@ -76,14 +88,79 @@ def measure(open_folder, path):
                 issues.append(issue(entry.path, error))
         return True
 
-    with contextlib.suppress(OSError):
+    try:
         walk(open_folder, path, issues, add)
-    return sum(sizes), len(sizes), issues
+    except OSError:
+        return 0, 0, [], []
+    return sum(sizes), len(sizes), issues, rules.signs(rule, item, entries)
 
 
+def content(path, most):
+    """Of a regular file that is not too large; empty otherwise."""
+    try:
+        status = os.lstat(path)
+        if stat.S_ISREG(status.st_mode) and status.st_size <= most:
+            with open(path, "rb") as file:
+                return file.read()
+    except OSError:
+        pass
+    return b""
 
-def text(path):
-    return path.decode("utf-8", "replace")
+
+def json_at(path, *keys):
+    """The text at a place of a document; empty when there is none."""
+    try:
+        value = json.loads(content(path, 8 << 20))
+        for key in keys:
+            value = value[key]
+        return value.encode() if isinstance(value, str) else b""
+    except (ValueError, LookupError, TypeError):
+        return b""
+
+
+def proven(tree, kinds):
+    """The rule of a build tree or a marked cache, of which everything is told; None when nothing proves it."""
+    def built(rule, program, command, written, manifest):
+        sources = b"/" + os.path.normpath(written).strip(b"/")
+        is_elsewhere = written.startswith(b"/") and not is_or_lies_below(os.path.realpath(sources), tree)
+        try:
+            if is_elsewhere and stat.S_ISREG(os.lstat(sources + b"/" + manifest).st_mode):
+                return dataclasses.replace(rule, proof=f"{program} built it from the sources in {text(sources)}.",
+                                           command=text(command % tuple(map(for_shell, sorted(
+                                               [sources, tree], key=lambda path: (path == tree) == (rule is rules.CMAKE))))))
+        except (OSError, ValueError):
+            pass
+        return None
+
+    if any(name in rules.MARKS or kind != "other" and rules.manifest_kind(name, kind == "directory")
+           for name, kind in kinds.items()):
+        return None
+    key = b"CMAKE_HOME_DIRECTORY:INTERNAL="
+    lines = content(tree + b"/CMakeCache.txt", 8 << 20).split(b"\n") if b"CMakeCache.txt" in kinds else []
+    written = next((line[len(key):] for line in lines if line.startswith(key)), b"")
+    rule = built(rules.CMAKE, "CMake", b"cmake -S %s -B %s", written, b"CMakeLists.txt")
+    if not rule and kinds.get(b"meson-private") == "directory" and kinds.get(b"meson-info") == "directory" and (
+            os.path.isfile(tree + b"/meson-private/coredata.dat")):
+        written = json_at(tree + b"/meson-info/meson-info.json", "directories", "source")
+        rule = built(rules.MESON, "Meson", b"meson setup %s %s", written, b"meson.build")
+    tag = content(tree + b"/CACHEDIR.TAG", 64 << 10) if b"CACHEDIR.TAG" in kinds else b""
+    if rule or not tag.startswith(b"Signature: 8a477f597d28d172789f06886806bc55"):
+        return rule
+    if kinds.get(b".rustc_info.json") == "file":
+        return dataclasses.replace(rules.CARGO, proof="Cargo wrote its build output here.",
+                                   command=text(b"cargo build --target-dir " + for_shell(tree)))
+    told = text(tag.split(b"\n")[1:2][0].lstrip(b"# \t\r").rstrip(b" \t\r")[:120]) if b"\n" in tag else ""
+    return dataclasses.replace(rules.TAG, proof=rules.TAGGED + (f": {told}" if told else "."))
+
+
+def is_program(kinds):
+    """Whether a folder is an environment or a program with a browser of its own, but for a Python one."""
+    def is_file(name):
+        return kinds.get(name, "directory") != "directory"
+
+    return kinds.get(b"conda-meta") == "directory" or kinds.get(b"resources") == "directory" and (
+        is_file(b"chrome-sandbox") or is_file(b"chrome_100_percent.pak"))
+
 
 
 def url(path):
@@ -222,39 +299,115 @@ class Scan:
     root: bytes
     mode: str
     home_trash: bytes
+    home: bytes
     entries: int = 0
     candidates: list = field(default_factory=list)
     issues: list = field(default_factory=list)
     projects: dict = field(default_factory=dict)
     git_roots: set = field(default_factory=set)
+    reasons: dict = field(default_factory=dict)  # of folders, against what lies in them
 
-    def is_trash(self, entry):
-        """What lies in a Trash has been moved already."""
+    def real(self, path):
+        return os.path.realpath(self.root) + path[len(self.root):]
+
+    def is_home(self, place):
+        own = [os.path.realpath(self.home), pwd.getpwuid(os.getuid()).pw_dir.encode(), b"/root"]
+        return place in own or os.path.dirname(place) in (b"/home", b"/Users")
+
+    def is_hidden(self, place):
+        return os.path.basename(place).startswith(b".") and self.is_home(os.path.dirname(place))
+
+    def is_avoided(self, entry):
+        """What lies in a Trash has been moved already; what version control keeps and what is installed is needed."""
         start, _, number = entry.name.partition(b"-")
-        place = os.path.realpath(self.root) + entry.path[len(self.root):]
-        return (start == b".Trash" and (number.isdigit() or entry.name == start)
-                or place == os.path.realpath(self.home_trash))
+        return (start == b".Trash" and (number.isdigit() or entry.name == start) or entry.name in rules.STORES
+                or self.real(entry.path) == os.path.realpath(self.home_trash)
+                or self.mode == "project" and (entry.name in rules.SENSITIVE
+                                               or rules.is_installed(self.real(entry.path), self.is_home)))
+
+    def is_passed_over(self, folder, kinds):
+        """Whether nothing in a folder counts, by what is in it."""
+        def folders(*names):
+            return all(kinds.get(name) == "directory" for name in names)
+
+        above, name = os.path.split(self.real(folder))
+        if (kinds.get(b"HEAD", "directory") != "directory" and folders(b"objects", b"refs")
+                or name == b"Trash" and folders(b"files", b"info")):
+            return True
+        if self.mode != "project" or folder == self.root:
+            return False
+        is_environment = kinds.get(b"pyvenv.cfg", "directory") != "directory" and not any(
+            name in rules.MARKS or kind != "other" and rules.manifest_kind(name, kind == "directory")
+            for name, kind in kinds.items())
+        return (is_program(kinds) or is_environment and not nearest(os.path.dirname(folder), self.projects)
+                or os.path.basename(above) == b"extensions" and b"package.json" in kinds
+                and json_at(self.real(folder) + b"/package.json", "engines", "vscode") != b"")
+
+    @staticmethod
+    def working_copies(folder, kinds):
+        return [rules.WORKING_COPY.format(title, text(folder)) for name, title in sorted(rules.MARKS.items())
+                if name in kinds and b".git" not in kinds]
+
+    def reasons_above(self):
+        """Against everything, from the scanned folder upwards."""
+        place, reasons = self.real(self.root), []
+        while True:
+            try:
+                kinds = kinds_in(place)
+            except OSError:
+                kinds = {}
+            if rules.is_installed(place, self.is_home) or is_program(kinds) or kinds.get(b"pyvenv.cfg") == "file":
+                reasons.append(rules.INSIDE_INSTALLED.format(text(place)))
+            elif self.is_hidden(place):
+                reasons.append(rules.INSIDE_HIDDEN.format(text(place)))
+            reasons += self.working_copies(place, kinds) if place != self.real(self.root) else []
+            if place == b"/":
+                return reasons
+            place = os.path.dirname(place)
 
     def discover(self):
-        """Finds projects and repositories."""
+        """Finds projects, repositories, and what speaks against all that lies in a folder."""
+        def listed(folder, kinds):
+            if self.is_passed_over(folder, kinds):
+                return False
+            for name, kind in kinds.items():
+                ecosystem = kind != "other" and rules.manifest_kind(name, kind == "directory")
+                if ecosystem:
+                    project = self.projects.setdefault(folder, Project(folder))
+                    project.kinds.add(ecosystem)
+                    project.manifests.append(name)
+            if b".git" in kinds:
+                self.git_roots.add(folder)
+            reasons = self.reasons[folder] = self.working_copies(folder, kinds)[::-1]
+            if folder == self.root:
+                reasons += self.reasons_above()
+                return True
+            if kinds.get(b"pyvenv.cfg") == "file":
+                reasons.insert(0, rules.INSIDE_INSTALLED.format(text(self.real(folder))))
+            if self.is_hidden(self.real(folder)):
+                reasons.insert(0, rules.INSIDE_HIDDEN.format(text(self.real(folder))))
+            return True
+
         def visit(entry):
             self.entries += 1
-            folder = os.path.dirname(entry.path)
-            if entry.name == b".git":
-                self.git_roots.add(folder)
-                return False
-            if entry.is_folder and (entry.name in rules.SENSITIVE | rules.ARTEFACT_FOLDERS or self.is_trash(entry)):
-                return False
-            kind = entry.kind != "other" and rules.manifest_kind(entry.name, entry.is_folder)
-            if kind:
-                project = self.projects.setdefault(folder, Project(folder))
-                project.kinds.add(kind)
-                project.manifests.append(entry.name)
-            return not kind
+            return entry.is_folder and not (entry.name in rules.ARTEFACT_FOLDERS or self.is_avoided(entry)
+                                            or rules.manifest_kind(entry.name, True))
 
-        walk(opened(self.root), self.root, self.issues, visit)
+        walk(opened(self.root), self.root, self.issues, visit, listed)
         for project in self.projects.values():
             project.git_root = nearest(project.root, self.git_roots)
+
+    def reasons_around(self, entry, project):
+        """What speaks against an item by where it lies, innermost first."""
+        folder, reasons = os.path.dirname(entry.path), []
+        while len(folder) >= len(self.root):
+            reasons += self.reasons.get(folder, [])
+            folder = os.path.dirname(folder)
+        if entry.is_folder and self.is_hidden(self.real(entry.path)):
+            reasons.append(rules.INSIDE_HIDDEN.format(text(self.real(entry.path))))
+        if project and self.is_home(self.real(project.root)):
+            reasons.append(rules.HOME_PROJECT.format(text(project.root)))
+        return reasons
 
     def add(self, path, kind, size, attributes, rule, judgement, project=None, git_root=None, status="unavailable"):
         relative = text(path[len(self.root) + 1:])
@@ -281,22 +434,42 @@ class Scan:
         if in_projects:
             self.discover()
         snapshots = snapshots_around(self.root, self.git_roots) if in_projects else {}
-        now = time.time_ns()
+        now, entered = time.time_ns(), None
 
         def visit(entry):
+            nonlocal entered
             self.entries += 1
-            avoided = rules.SENSITIVE if in_projects else [b".git"]
-            if (entry.kind == "other" or entry.is_folder and (entry.name in avoided or self.is_trash(entry))
+            if (entry.kind == "other" or entry.is_folder and self.is_avoided(entry)
                     or in_projects and not entry.is_folder and rules.is_protected(entry.name)):
                 return False
             try:
                 rule = rules.match(entry.name, entry.is_folder, self.mode, lambda: now - entry.attributes().st_mtime_ns)
                 if rule is None:
+                    entered = entry
                     return True
-                attributes = entry.attributes()
+                kinds = kinds_in(entry.path) if entry.is_folder and os.access(entry.path, os.R_OK | os.X_OK) else {}
+                project = self.projects.get(nearest(entry.path, self.projects))
+                if in_projects and entry.is_folder and not rules.fits(rule, project):
+                    rule = proven(self.real(entry.path), kinds)
+                is_program = project is None and rule and rule.pattern.endswith(b"venv") and (
+                    kinds.get(b"pyvenv.cfg") == "file")
+                if rule and rule.explanation != rules.TAG.explanation and not is_program:
+                    offer(entry, rule)
             except OSError as error:
                 self.issues.append(issue(entry.path, error))
+            return False
+
+        def listed(folder, kinds):
+            if self.is_passed_over(folder, kinds):
                 return False
+            rule = proven(self.real(folder), kinds) if in_projects and folder != self.root else None
+            if rule is None or not rules.fits(rule, self.projects.get(nearest(folder, self.projects))):
+                return True
+            offer(entered, rule)
+            return False
+
+        def offer(entry, rule):
+            attributes = entry.attributes()
             project = self.projects.get(nearest(entry.path, self.projects))
             git_root = project and project.git_root or nearest(entry.path, self.git_roots)
             status, has_repository = status_among(entry, git_root, snapshots)
@@ -304,16 +477,17 @@ class Scan:
                 "safety": rule.safety, "confidence": "high", "isSelected": False, "regenerationCommand": None,
                 "evidence": ["Matched the Downloads cleanup rule."]}
             if judgement is None:
-                return False
-            size = attributes.st_blocks * 512
+                return
+            size, reasons = attributes.st_blocks * 512, self.reasons_around(entry, project)
             if entry.is_folder:
-                size, entries, issues = measure(entry.open, entry.path)
+                size, entries, issues, signs = measure(entry.open, entry.path, rule, entry.path[len(self.root) + 1:])
                 self.entries += entries
                 self.issues += issues
-            self.add(entry.path, entry.kind, size, attributes, rule, judgement, project, git_root, status)
-            return False
+                reasons += signs
+            self.add(entry.path, entry.kind, size, attributes, rule, rules.cautioned(judgement, reasons), project,
+                     git_root, status)
 
-        walk(opened(self.root), self.root, self.issues, visit)
+        walk(opened(self.root), self.root, self.issues, visit, listed)
 
     def cache_locations(self):
         """Every rule whose location is there: no folder twice, none that holds another."""
@@ -338,13 +512,13 @@ class Scan:
                 except OSError:
                     continue
             for path in parts:
-                size, _, issues = measure(opened(path), path)
+                size, _, issues, signs = measure(opened(path), path, rule, path[len(self.root) + 1:])
                 self.issues += issues
                 if size > 0:
-                    self.add(path, "directory", size, os.lstat(path), rule, {
+                    self.add(path, "directory", size, os.lstat(path), rule, rules.cautioned({
                         "safety": rule.safety, "confidence": "high", "isSelected": rule.safety == "safe",
                         "regenerationCommand": rule.command,
-                        "evidence": [f"Well-known developer cache location (~/{rule.pattern.decode()})."]})
+                        "evidence": [f"Well-known developer cache location (~/{rule.pattern.decode()})."]}, signs))
 
     def document(self):
         by_safety = list(rules.SAFETIES.values()).index
@@ -362,8 +536,8 @@ class Scan:
         }
 
 
-def expected_document(folder, mode, home_trash, working_directory=b"/"):
+def expected_document(folder, mode, home_trash, working_directory, home):
     """The document for a folder as it is named on a command line in a working directory."""
-    scan = Scan(os.path.normpath(os.path.join(working_directory, folder)), mode, home_trash)
+    scan = Scan(os.path.normpath(os.path.join(working_directory, folder)), mode, home_trash, home)
     scan.scan_caches() if mode == "caches" else scan.scan_tree()
     return scan.document()

@@ -68,9 +68,9 @@ class Round:
 
     def __init__(self, cli, seed, base):
         self.cli, self.base, self.mode = cli, base, MODES[seed % len(MODES)]
-        self.home = base + b"/home"
-        os.makedirs(self.home + b"/git")
-        with open(self.home + b"/git/ignore", "wb") as out:
+        self.settings = base + b"/home"
+        os.makedirs(self.settings + b"/git")
+        with open(self.settings + b"/git/ignore", "wb") as out:
             out.write(b"*\n")  # would make Git ignore everything
         os.mkdir(base + b"/trees")
         self.tree = Tree(seed, self.mode, base + b"/trees")
@@ -82,7 +82,8 @@ class Round:
         done = subprocess.run(
             [self.cli, *arguments, "--json", "--mode", self.mode, "--", self.tree.argument], capture_output=True,
             cwd=self.tree.working_directory, preexec_fn=limit_open_files, timeout=600, stdin=subprocess.DEVNULL,
-            env={**os.environ, "HOME": self.home, "XDG_CONFIG_HOME": self.home, "XDG_DATA_HOME": self.tree.data, "LC_ALL": "C.UTF-8",
+            env={**os.environ, "HOME": self.tree.home, "XDG_CONFIG_HOME": self.settings,
+                 "XDG_DATA_HOME": self.tree.data, "LC_ALL": "C.UTF-8",
                  "GIT_DIR": "/nonexistent", "GIT_INDEX_FILE": "/nonexistent/index", "GIT_WORK_TREE": "/nonexistent"})
         if not done.stdout:
             raise Mismatch(f"status {done.returncode}: {done.stderr.decode(errors='replace')}")
@@ -105,7 +106,7 @@ class Round:
         want = None
         for _ in range(SETTLING):
             last, want = want, expected.expected_document(self.tree.argument, self.mode, self.trash,
-                                                          self.tree.working_directory)
+                                                          self.tree.working_directory, self.tree.home)
             status, got = self.run_cli("scan")
             require_same(len({uuid.UUID(each.pop("id")) for each in got["issues"]}), len(got["issues"]), "identifiers")
             if got == want or want == last:

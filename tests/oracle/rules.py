@@ -24,6 +24,7 @@ class Rule:
     may_be_outside: bool = False
     command: str | None = None
     days: int = 0
+    proof: str = ""  # that it is a build tree or a cache, as it is told
 
     def accepts(self, name, is_folder):
         start, star, extension = self.pattern.partition(b"*.")
@@ -76,6 +77,25 @@ SENSITIVE = list_after("Folders with these names are never entered")
 PROTECTED = list_after("Files with these names are never offered")
 PROTECTED_ENDINGS = list_after("Nor are files with these extensions")
 ARTEFACT_FOLDERS = {rule.pattern for rule in PROJECT_RULES if rule.is_folder}
+CMAKE, MESON, CARGO, TAG = [Rule(b"", explanation, category, SAFETIES[safety], may_be_outside="in a project" not in proof)
+                            for proof, explanation, category, safety, _ in rows("Whole build trees, by what is in them")]
+MARKS = {name.encode(): title for name, title in re.findall(r"`(\S+)` \((\w+)\)", DOCUMENT)}  # of version control
+STORES = frozenset(name for name, title in MARKS.items() if title != "Fossil")
+REPEATED = frozenset(quoted(re.search(r"Folders called (.*?) count only", DOCUMENT, re.S)[1]))  # by tools, from sources
+SOURCES = re.search(r"- in (.*): files that people write, with the extensions (.*);", DOCUMENT)
+SOURCE_PLACES, SOURCE_ENDINGS = [frozenset(quoted(names)) for names in SOURCES.groups()]
+EXCEPTIONS = {quoted(place)[0]: what for place, what in rows("What is in a folder counts as well")}
+INSTALLED = [(place, re.compile(b"(/|/.*/)" + re.escape(place.removeprefix(b"~").strip(b"/")).replace(rb"\*", b"[^/]*"),
+                                re.S)) for place in sorted(list_after("`~/` stands for the home of a user."))]
+REPOSITORY = "It holds a {} repository of its own: {}"
+PROTECTED_FILE, GUARDED_FOLDER = [f"It holds a {kind} that may be of value: {{}}" for kind in ("file", "folder")]
+SOURCE, OWN_MANIFEST = "It holds a file that people write: {}", "It is a project of its own: {}"
+NO_ENVIRONMENT = "It has no pyvenv.cfg, so it may not be a Python environment."
+WORKING_COPY = "It lies in a {} working copy, and Broomtide can only ask Git: {}"
+INSIDE_INSTALLED = "It lies in a place where programs are installed: {}"
+INSIDE_HIDDEN = "It lies in a hidden folder of a home, where programs keep what they need: {}"
+HOME_PROJECT = "The project around it is a home folder: {}"
+TAGGED = "The program that wrote it calls it a cache"
 
 
 def extension_of(name):
@@ -106,12 +126,74 @@ def manifest_kind(name, is_folder):
     return MANIFESTS.get(name.lower()) or next(iter(ends), None)
 
 
+def text(path):
+    return path.decode("utf-8", "replace")
+
+
+def for_shell(path):
+    return path if re.fullmatch(rb"(?!~)[\w.~/+=:,@%-]+", path) else b"'" + path.replace(b"'", rb"'\''") + b"'"
+
+
+def is_installed(place, is_home):
+    """Whether a folder, a real one, is where programs are installed."""
+    for name, pattern in INSTALLED:
+        found = pattern.fullmatch(place)
+        if found and (found[1] == b"/" if name[:1] == b"/" else is_home(found[1][:-1]) if name[:1] == b"~" else True):
+            return True
+    return False
+
+
+def sign_of(rule, path, kind):
+    """What an entry of an item says against it."""
+    folder, name = path.rpartition(b"/")[::2]
+    if name in MARKS:
+        return REPOSITORY
+    if kind == "other" or rule.safety != "safe" or rule.is_common or rule in CACHES:
+        return None
+    excepted = EXCEPTIONS.get(rule.pattern + b"/", "")
+    if not folder and manifest_kind(name, kind == "directory") and "manifest" not in excepted:
+        return OWN_MANIFEST
+    if kind == "directory":
+        is_repeated = name in REPEATED and (folder or "folders" in excepted)
+        return GUARDED_FOLDER if name in SENSITIVE and not is_repeated else None
+    ending = b"." + (extension_of(name) or b"")
+    if ending in quoted(excepted):
+        return None
+    is_source = rule.pattern + b"/" in SOURCE_PLACES and ending in SOURCE_ENDINGS
+    return PROTECTED_FILE if is_protected(name) else SOURCE if is_source else None
+
+
+def signs(rule, item, entries):
+    """What speaks against an item, by the paths and kinds of its entries."""
+    found = {}
+    for path, kind in entries:
+        found.setdefault(sign_of(rule, path, kind), path)
+    lines = []
+    for sign in [REPOSITORY, PROTECTED_FILE, GUARDED_FOLDER, SOURCE, OWN_MANIFEST]:
+        if sign in found:
+            folder, name = (item + b"/" + found[sign]).rsplit(b"/", 1)
+            lines.append(sign.format(MARKS[name], text(folder)) if sign == REPOSITORY
+                         else sign.format(text(folder + b"/" + name)))
+    is_environment = rule.pattern.endswith(b"venv") and (b"pyvenv.cfg", "file") not in entries
+    return lines + [NO_ENVIRONMENT] * is_environment
+
+
+def cautioned(judgement, reasons):
+    """What a judgement becomes when something speaks against the item."""
+    return judgement if not reasons else {
+        **judgement, "safety": "usuallySafe" if judgement["safety"] == "safe" else judgement["safety"],
+        "evidence": judgement["evidence"] + reasons, "confidence": "medium", "isSelected": False}
+
+
+def fits(rule, project):
+    return rule.may_be_outside if project is None else not rule.kinds or bool(rule.kinds & project.kinds)
+
+
 def judge(rule, project, git_status, has_repository):
     """What a match in a project scan is told as, None when it is not offered."""
-    if git_status == "tracked" or not (rule.may_be_outside if project is None
-                                       else not rule.kinds or rule.kinds & project.kinds):
+    if git_status == "tracked" or not fits(rule, project):
         return None
-    evidence, doubts = [], rule.is_common  # one doubt is enough
+    evidence, doubts = [], rule.is_common or bool(rule.proof)  # one doubt is enough
     if project is None:
         evidence.append("Recognized artifact signature, but no supported project manifest was found nearby.")
         doubts = True
@@ -129,8 +211,8 @@ def judge(rule, project, git_status, has_repository):
         doubts = True
     else:
         evidence.append("No Git repository was detected for this project.")
-    evidence.append("This is a generic artifact name, so Broomtide requires manual selection." if rule.is_common
-                    else "The artifact name and project ecosystem agree.")
+    evidence.append(rule.proof or "This is a generic artifact name, so Broomtide requires manual selection."
+                    if rule.proof or rule.is_common else "The artifact name and project ecosystem agree.")
     safety = "usuallySafe" if doubts and rule.safety == "safe" else rule.safety
     return {"safety": safety, "evidence": evidence, "regenerationCommand": rule.command,
             "confidence": "medium" if doubts else "high", "isSelected": safety == "safe" and not doubts}

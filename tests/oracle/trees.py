@@ -1,5 +1,6 @@
 """Folders that are as unpleasant to scan as a seed can make them."""
 
+import json
 import os
 import random
 import subprocess
@@ -8,8 +9,9 @@ import time
 import rules
 from nasty_names import IGNORE_LINES, ODD_NAMES, STEMS, near
 
-ROOT_NAMES = [b"work", b"build", b"-dash", b"100% done", b"line\nbreak", b"caf\xe9", "Проекты".encode(), b" ",
+ROOT_NAMES = [b"work", b".x", b"snap", b"uv", b"extensions", b"build", b"-dash", b"100% done", b"line\nbreak", b"caf\xe9", "Проекты".encode(), b" ",
               b"x.xcodeproj"]
+SIGNATURE = b"Signature: 8a477f597d28d172789f06886806bc55"
 PLAIN_NAMES = [b"src", b"lib", b"app", b"web", b"docs", b"one", b"two", b"x"]
 SIZES = [0, 0, 1, 100, 4096, 4096, 4096, 4097, 8192, 20000, 70000]
 MINUTE = 60 * 10**9
@@ -31,6 +33,7 @@ class Tree:
         os.mkdir(self.root)
         self.plant(self.outside, b"package.json", b"shared", b"big/file")
         self.data = self.random.choice([self.root + b"/share", os.path.dirname(base) + b"/data"])  # of the own Trash
+        self.home = self.random.choice([base + b"/none", base, self.root, self.root + b"/home"])
         lies_in_repository = self.chance(0.2)
         {"project": self.project, "downloads": self.downloads, "caches": self.caches}[mode]()
         if lies_in_repository:  # of which only what it tracks may count
@@ -82,7 +85,7 @@ class Tree:
         elif kind == 6:
             self.link(path, b"nowhere", b".", b"..", b"/", os.path.basename(path), self.root, self.outside, b"/dev/null",
                       self.outside + b"/big", self.outside + b"/package.json", b"package.json", b"src", b"build")
-        elif kind == 7 and not path.endswith(b".git"):  # for which Git would wait
+        elif kind == 7 and not os.path.basename(path).startswith(b".git"):  # for which Git would wait
             os.mkfifo(path)
         else:
             near_it = [item.path for item in os.scandir(os.path.dirname(path)) if item.is_file(follow_symlinks=False)]
@@ -207,7 +210,52 @@ class Tree:
         self.random.choice([self.folder if rule.is_folder else self.file] * 8 + [self.anything])(path)
         if self.is_folder(path):
             self.plant(path, b"same") if self.chance(0.4) else self.fill(path)
+            self.signs(path)
             self.repositories += [path] * self.chance(0.05)
+
+    def signs(self, path):
+        """What speaks against an item, in it."""
+        for sign in self.some([*rules.MARKS, *rules.REPEATED, *rules.SOURCE_ENDINGS, *rules.PROTECTED_ENDINGS], 3):
+            place = path + self.random.choice([b"", b"", b"/in", b"/in/er"])
+            self.is_folder(path + b"/in") or os.path.lexists(path + b"/in") or os.makedirs(path + b"/in/er")
+            if self.is_folder(place):
+                self.anything(place + b"/" + sign.replace(b".", b"x.", sign in rules.SOURCE_ENDINGS))
+        if self.chance(0.4):
+            self.plant(path, b"pyvenv.cfg")
+
+    def inventory(self, folder):
+        """Working copies, programs and build trees, some of which prove nothing."""
+        self.anything(folder + b"/" + self.random.choice([*rules.MARKS])) if self.chance(0.1) else None
+        name = self.random.choice([*sorted(place for place, _ in rules.INSTALLED), b"~/.own", b"extensions/tool"])
+        places = [self.random.choice([self.root + b"/home", self.root, folder]) + b"/" + self.random.choice(near(name) + [name] * 30)
+                  for name in [name.removeprefix(b"~/").replace(b"*", self.random.choice([b"", b"-x"]))]]
+        places.append(folder + b"/" + self.random.choice([b"tree", b"Trash", b".own", *sorted(rules.ARTEFACT_FOLDERS)]))
+        holdings = [[b"HEAD", b"objects/x", b"refs/x"], [b"files/x", b"info/x"], [b"conda-meta/x"], [b"pyvenv.cfg"],
+                    [b"resources/x", b"chrome-sandbox"], [b"resources/x", b"chrome_100_percent.pak"], [b"x"],
+                    [b"package.json"], [b"pyvenv.cfg", b"package.json"], [b".hg/x", b"pyvenv.cfg"]]
+        for place in self.some(places, 2):
+            try:
+                self.plant(place, *self.random.choice(holdings)[self.chance(0.1):])
+                self.plant(place, *self.some([b"package.json", b".next/x", b"in/go.mod", b"in/.git/x", b"old.log"], 3))
+                self.tree(place) if self.chance(0.5) else None
+            except OSError:
+                pass  # something else is there
+
+    def tree(self, path):
+        """What proves a build tree, or only nearly does."""
+        sources = self.random.choice([self.outside, self.outside, self.root, path, path + b"/in", b"rel", self.root + b"/my src",
+                                      self.outside + b"/./x'y/../", os.path.dirname(path)])
+        if sources[:1] == b"/" and self.chance(0.9):
+            self.plant(os.path.normpath(sources), *self.some([b"CMakeLists.txt", b"meson.build"], 2))
+        cache = b"# x\nCMAKE_HOME_DIRECTORY:INTERNAL=" + sources + b"\nCMAKE_HOME_DIRECTORY:INTERNAL=/\n"
+        tag = SIGNATURE + self.random.choice([b"", b"x", b"\n", b"\n# made by x \t\r\nmore", b"\n#\t", b"\n" + "é".encode() * 70])
+        info = json.dumps({"directories": {"source": sources.decode(errors="replace")}}).encode()
+        for name, content in self.some([(b"CMakeCache.txt", cache), (b"CACHEDIR.TAG", tag), (b".rustc_info.json", b"{}"),
+                                        (b"meson-private/coredata.dat", b"x"), (b"meson-info/meson-info.json", info)], 5):
+            os.makedirs(os.path.dirname(path + b"/" + name), exist_ok=True)
+            self.file(path + b"/" + name, content) if self.chance(0.95) else self.anything(path + b"/" + name)
+        vs = self.random.choice([{"engines": {"vscode": "1"}}, {"engines": {"vscode": 1}}, {"engines": ["vscode"]}])
+        self.file(path + b"/package.json", json.dumps(vs).encode()) if self.chance(0.1) else None
 
     def populate(self, folder, depth=0):
         """A folder that the walk goes through."""
@@ -225,6 +273,8 @@ class Tree:
             if self.is_folder(folder + b"/" + name):  # nothing in them makes a project
                 self.plant(folder + b"/" + name, *self.some([b"package.json", b"x.log", b"i/go.mod", b"i/.next/x"], 4))
                 self.repositories += [folder + b"/" + name] * self.chance(0.3)
+        if self.chance(0.5):
+            self.inventory(folder)
         if self.chance(0.5):
             self.ignore(folder)
         self.repositories += [folder] * self.chance(0.2 if depth else 0.6)
@@ -262,6 +312,10 @@ class Tree:
                         lambda: self.chain(*self.random.choice([(b"d", 290), (b"L" * 255, 18)]), b".next")]:
             if self.chance(0.35):
                 arrange()
+        for place in [self.root] * self.chance(0.1) + [self.base] * self.chance(0.1):
+            self.plant(place, self.random.choice([b"conda-meta/x", b"pyvenv.cfg", b".hg", b".svn/x"]))
+        if self.home == self.root + b"/home":
+            self.plant(self.home, b".own/.next/x", b".own/package.json", b".next/x", b".DS_Store", *self.some([b"go.mod"], 1))
         self.populate(self.root)
         self.random.shuffle(self.repositories)
         for folder in self.repositories:
@@ -293,6 +347,8 @@ class Tree:
                     self.link(path, *places, os.path.relpath(places[1], os.path.dirname(path)), b".", b"..", b"nowhere")
                 elif self.chance(0.02):
                     self.anything(path)
+                if not os.path.realpath(path).startswith(self.base):
+                    break  # no matter of ours
                 self.folder(path)
                 if not os.path.isdir(path):
                     break
@@ -302,4 +358,5 @@ class Tree:
                     self.folder(path + part) if self.chance(0.8) else self.anything(path + part)
                 if self.is_folder(path + part):
                     self.plant(path + part, b"same") if self.chance(0.2) else self.fill(path + part)
+                    self.signs(path + part)
         self.set_times([NOW, *OLD_TIMES])
