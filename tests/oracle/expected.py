@@ -343,6 +343,11 @@ class Scan:
                 or os.path.basename(above) == b"extensions" and b"package.json" in kinds
                 and json_at(self.real(folder) + b"/package.json", "engines", "vscode") != b"")
 
+    def build_tree(self, folder, kinds):
+        """The rule of a folder that is told by what is in it."""
+        rule = proven(self.real(folder), kinds) if folder != self.root else None
+        return rule if rule and rules.fits(rule, self.projects.get(nearest(folder, self.projects))) else None
+
     @staticmethod
     def working_copies(folder, kinds):
         return [rules.WORKING_COPY.format(title, text(folder)) for name, title in sorted(rules.MARKS.items())
@@ -368,7 +373,7 @@ class Scan:
     def discover(self):
         """Finds projects, repositories, and what speaks against all that lies in a folder."""
         def listed(folder, kinds):
-            if self.is_passed_over(folder, kinds):
+            if self.is_passed_over(folder, kinds) or self.build_tree(folder, kinds):
                 return False
             for name, kind in kinds.items():
                 ecosystem = kind != "other" and rules.manifest_kind(name, kind == "directory")
@@ -462,11 +467,10 @@ class Scan:
         def listed(folder, kinds):
             if self.is_passed_over(folder, kinds):
                 return False
-            rule = proven(self.real(folder), kinds) if in_projects and folder != self.root else None
-            if rule is None or not rules.fits(rule, self.projects.get(nearest(folder, self.projects))):
-                return True
-            offer(entered, rule)
-            return False
+            rule = in_projects and self.build_tree(folder, kinds)
+            if rule:
+                offer(entered, rule)
+            return not rule
 
         def offer(entry, rule):
             attributes = entry.attributes()

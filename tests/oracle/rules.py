@@ -151,7 +151,7 @@ def sign_of(rule, path, kind):
     if kind == "other" or rule.safety != "safe" or rule.is_common or rule in CACHES:
         return None
     excepted = EXCEPTIONS.get(rule.pattern + b"/", "")
-    if not folder and manifest_kind(name, kind == "directory") and "manifest" not in excepted:
+    if not folder and kind == "file" and manifest_kind(name, False) and "manifest" not in excepted:
         return OWN_MANIFEST
     if kind == "directory":
         is_repeated = name in REPEATED and (folder or "folders" in excepted)

@@ -215,7 +215,7 @@ class Tree:
 
     def signs(self, path):
         """What speaks against an item, in it."""
-        for sign in self.some([*rules.MARKS, *rules.REPEATED, *rules.SOURCE_ENDINGS, *rules.PROTECTED_ENDINGS], 3):
+        for sign in self.some(sorted({*rules.MARKS, *rules.REPEATED, *rules.SOURCE_ENDINGS, *rules.PROTECTED_ENDINGS}), 3):
             place = path + self.random.choice([b"", b"", b"/in", b"/in/er"])
             self.is_folder(path + b"/in") or os.path.lexists(path + b"/in") or os.makedirs(path + b"/in/er")
             if self.is_folder(place):
