@@ -3,9 +3,12 @@
 Paths are bytes. The random identifiers of issues are left out; everything else is there.
 """
 
+import contextlib
 import dataclasses
 import datetime
+import functools
 import json
+import operator
 import os
 import pwd
 import stat
@@ -95,72 +98,61 @@ def measure(open_folder, path, rule, item):
     return sum(sizes), len(sizes), issues, rules.signs(rule, item, entries)
 
 
-def content(path, most):
-    """Of a regular file that is not too large; empty otherwise."""
-    try:
+def content(path):
+    """Of a regular file that is not large; empty otherwise."""
+    with contextlib.suppress(OSError):
         status = os.lstat(path)
-        if stat.S_ISREG(status.st_mode) and status.st_size <= most:
+        if stat.S_ISREG(status.st_mode) and status.st_size <= 8 << 20:
             with open(path, "rb") as file:
                 return file.read()
-    except OSError:
-        pass
     return b""
 
 
-def json_at(path, *keys):
-    """The text at a place of a document; empty when there is none."""
+def json_text(path, *keys):
+    """The text at a place of a document; None when there is none."""
     try:
-        value = json.loads(content(path, 8 << 20))
-        for key in keys:
-            value = value[key]
-        return value.encode() if isinstance(value, str) else b""
-    except (ValueError, LookupError, TypeError):
-        return b""
-
-
-def proven(tree, kinds):
-    """The rule of a build tree or a marked cache, of which everything is told; None when nothing proves it."""
-    def built(rule, program, command, written, manifest):
-        sources = b"/" + os.path.normpath(written).strip(b"/")
-        is_elsewhere = written.startswith(b"/") and not is_or_lies_below(os.path.realpath(sources), tree)
-        try:
-            if is_elsewhere and stat.S_ISREG(os.lstat(sources + b"/" + manifest).st_mode):
-                return dataclasses.replace(rule, proof=f"{program} built it from the sources in {text(sources)}.",
-                                           command=text(command % tuple(map(for_shell, sorted(
-                                               [sources, tree], key=lambda path: (path == tree) == (rule is rules.CMAKE))))))
-        except (OSError, ValueError):
-            pass
+        return functools.reduce(operator.getitem, keys, json.loads(content(path))).encode()
+    except (ValueError, LookupError, TypeError, AttributeError):
         return None
 
-    if any(name in rules.MARKS or kind != "other" and rules.manifest_kind(name, kind == "directory")
-           for name, kind in kinds.items()):
-        return None
-    key = b"CMAKE_HOME_DIRECTORY:INTERNAL="
-    lines = content(tree + b"/CMakeCache.txt", 8 << 20).split(b"\n") if b"CMakeCache.txt" in kinds else []
-    written = next((line[len(key):] for line in lines if line.startswith(key)), b"")
-    rule = built(rules.CMAKE, "CMake", b"cmake -S %s -B %s", written, b"CMakeLists.txt")
-    if not rule and kinds.get(b"meson-private") == "directory" and kinds.get(b"meson-info") == "directory" and (
-            os.path.isfile(tree + b"/meson-private/coredata.dat")):
-        written = json_at(tree + b"/meson-info/meson-info.json", "directories", "source")
-        rule = built(rules.MESON, "Meson", b"meson setup %s %s", written, b"meson.build")
-    tag = content(tree + b"/CACHEDIR.TAG", 64 << 10) if b"CACHEDIR.TAG" in kinds else b""
-    if rule or not tag.startswith(b"Signature: 8a477f597d28d172789f06886806bc55"):
-        return rule
-    if kinds.get(b".rustc_info.json") == "file":
-        return dataclasses.replace(rules.CARGO, proof="Cargo wrote its build output here.",
-                                   command=text(b"cargo build --target-dir " + for_shell(tree)))
-    told = text(tag.split(b"\n")[1:2][0].lstrip(b"# \t\r").rstrip(b" \t\r")[:120]) if b"\n" in tag else ""
-    return dataclasses.replace(rules.TAG, proof=rules.TAGGED + (f": {told}" if told else "."))
+
+def is_project(kinds):
+    return any(name in rules.MARKS or kind != "other" and rules.manifest_kind(name, kind == "directory")
+               for name, kind in kinds.items())
 
 
 def is_program(kinds):
     """Whether a folder is an environment or a program with a browser of its own, but for a Python one."""
-    def is_file(name):
-        return kinds.get(name, "directory") != "directory"
+    return "directory" == kinds.get(b"conda-meta") or "directory" == kinds.get(b"resources") and any(
+        kinds.get(name, "directory") != "directory" for name in (b"chrome-sandbox", b"chrome_100_percent.pak"))
 
-    return kinds.get(b"conda-meta") == "directory" or kinds.get(b"resources") == "directory" and (
-        is_file(b"chrome-sandbox") or is_file(b"chrome_100_percent.pak"))
 
+def proven(tree, kinds):
+    """The rule of a build tree or a marked cache, of which everything is told; None when nothing proves it."""
+    if is_project(kinds):
+        return None
+    key = b"CMAKE_HOME_DIRECTORY:INTERNAL="
+    lines = [line[len(key):] for line in content(tree + b"/CMakeCache.txt").split(b"\n") if line.startswith(key)]
+    setup = os.path.isfile(tree + b"/meson-private/coredata.dat") and json_text(
+        tree + b"/meson-info/meson-info.json", "directories", "source")
+    for rule, program, manifest, written, command in [
+            (rules.CMAKE, "CMake", b"/CMakeLists.txt", lines[:1], b"cmake -S %(sources)b -B %(tree)b"),
+            (rules.MESON, "Meson", b"/meson.build", [setup or b""], b"meson setup %(tree)b %(sources)b")]:
+        sources = b"/" + os.path.normpath(b"".join(written)).strip(b"/")
+        if (b"".join(written).startswith(b"/") and not is_or_lies_below(os.path.realpath(sources), tree)
+                and os.path.isfile(sources + manifest) and not os.path.islink(sources + manifest)):
+            return dataclasses.replace(
+                rule, proof=f"{program} built it from the sources in {text(sources)}.",
+                command=text(command % {b"sources": for_shell(sources), b"tree": for_shell(tree)}))
+    tag = content(tree + b"/CACHEDIR.TAG")
+    if len(tag) > 64 << 10 or not tag.startswith(b"Signature: 8a477f597d28d172789f06886806bc55"):
+        return None
+    if kinds.get(b".rustc_info.json") == "file":
+        return dataclasses.replace(rules.CARGO, proof="Cargo wrote its build output here.",
+                                   command=text(b"cargo build --target-dir " + for_shell(tree)))
+    writer = text(b"".join(tag.split(b"\n")[1:2]).lstrip(b"# \t\r").rstrip(b" \t\r")[:120])
+    return dataclasses.replace(
+        rules.TAG, proof="The program that wrote it calls it a cache" + (f": {writer}" if writer else "."))
 
 
 def url(path):
@@ -327,47 +319,38 @@ class Scan:
 
     def is_passed_over(self, folder, kinds):
         """Whether nothing in a folder counts, by what is in it."""
-        def folders(*names):
-            return all(kinds.get(name) == "directory" for name in names)
-
         above, name = os.path.split(self.real(folder))
-        if (kinds.get(b"HEAD", "directory") != "directory" and folders(b"objects", b"refs")
-                or name == b"Trash" and folders(b"files", b"info")):
-            return True
-        if self.mode != "project" or folder == self.root:
-            return False
-        is_environment = kinds.get(b"pyvenv.cfg", "directory") != "directory" and not any(
-            name in rules.MARKS or kind != "other" and rules.manifest_kind(name, kind == "directory")
-            for name, kind in kinds.items())
-        return (is_program(kinds) or is_environment and not nearest(os.path.dirname(folder), self.projects)
-                or os.path.basename(above) == b"extensions" and b"package.json" in kinds
-                and json_at(self.real(folder) + b"/package.json", "engines", "vscode") != b"")
+        folders = {name for name, kind in kinds.items() if kind == "directory"}
+        others = kinds.keys() - folders
+        return (b"HEAD" in others and folders >= {b"objects", b"refs"} or name == b"Trash" and folders >= {b"files", b"info"}
+                or self.mode == "project" and folder != self.root and (
+                    is_program(kinds)
+                    or b"pyvenv.cfg" in others and not is_project(kinds) and not self.project_of(os.path.dirname(folder))
+                    or os.path.basename(above) == b"extensions"
+                    and json_text(self.real(folder) + b"/package.json", "engines", "vscode") is not None))
+
+    def project_of(self, path):
+        return self.projects.get(nearest(path, self.projects))
 
     def build_tree(self, folder, kinds):
         """The rule of a folder that is told by what is in it."""
         rule = proven(self.real(folder), kinds) if folder != self.root else None
-        return rule if rule and rules.fits(rule, self.projects.get(nearest(folder, self.projects))) else None
+        return rule if rule and rules.fits(rule, self.project_of(folder)) else None
 
-    @staticmethod
-    def working_copies(folder, kinds):
-        return [rules.WORKING_COPY.format(title, text(folder)) for name, title in sorted(rules.MARKS.items())
-                if name in kinds and b".git" not in kinds]
-
-    def reasons_above(self):
-        """Against everything, from the scanned folder upwards."""
-        place, reasons = self.real(self.root), []
-        while True:
-            try:
-                kinds = kinds_in(place)
-            except OSError:
-                kinds = {}
+    def reasons_in(self, folder, kinds):
+        """What speaks against all that lies in a folder; of the scanned one also from above."""
+        place = self.real(folder)
+        if folder != self.root:
+            yield from [rules.INSIDE_HIDDEN.format(text(place))] * self.is_hidden(place)
+            yield from [rules.INSIDE_INSTALLED.format(text(place))] * (kinds.get(b"pyvenv.cfg") == "file")
+        yield from reversed(rules.working_copies(folder, kinds))
+        while folder == self.root and place != b"/":
+            kinds = kinds_in(place)
             if rules.is_installed(place, self.is_home) or is_program(kinds) or kinds.get(b"pyvenv.cfg") == "file":
-                reasons.append(rules.INSIDE_INSTALLED.format(text(place)))
+                yield rules.INSIDE_INSTALLED.format(text(place))
             elif self.is_hidden(place):
-                reasons.append(rules.INSIDE_HIDDEN.format(text(place)))
-            reasons += self.working_copies(place, kinds) if place != self.real(self.root) else []
-            if place == b"/":
-                return reasons
+                yield rules.INSIDE_HIDDEN.format(text(place))
+            yield from rules.working_copies(place, kinds) if place != self.real(folder) else []
             place = os.path.dirname(place)
 
     def discover(self):
@@ -383,14 +366,7 @@ class Scan:
                     project.manifests.append(name)
             if b".git" in kinds:
                 self.git_roots.add(folder)
-            reasons = self.reasons[folder] = self.working_copies(folder, kinds)[::-1]
-            if folder == self.root:
-                reasons += self.reasons_above()
-                return True
-            if kinds.get(b"pyvenv.cfg") == "file":
-                reasons.insert(0, rules.INSIDE_INSTALLED.format(text(self.real(folder))))
-            if self.is_hidden(self.real(folder)):
-                reasons.insert(0, rules.INSIDE_HIDDEN.format(text(self.real(folder))))
+            self.reasons[folder] = [*self.reasons_in(folder, kinds)]
             return True
 
         def visit(entry):
@@ -411,7 +387,7 @@ class Scan:
         if entry.is_folder and self.is_hidden(self.real(entry.path)):
             reasons.append(rules.INSIDE_HIDDEN.format(text(self.real(entry.path))))
         if project and self.is_home(self.real(project.root)):
-            reasons.append(rules.HOME_PROJECT.format(text(project.root)))
+            reasons.append(f"The project around it is a home folder: {text(project.root)}")
         return reasons
 
     def add(self, path, kind, size, attributes, rule, judgement, project=None, git_root=None, status="unavailable"):
@@ -453,12 +429,11 @@ class Scan:
                     entered = entry
                     return True
                 kinds = kinds_in(entry.path) if entry.is_folder and os.access(entry.path, os.R_OK | os.X_OK) else {}
-                project = self.projects.get(nearest(entry.path, self.projects))
+                project = self.project_of(entry.path)
                 if in_projects and entry.is_folder and not rules.fits(rule, project):
                     rule = proven(self.real(entry.path), kinds)
-                is_program = project is None and rule and rule.pattern.endswith(b"venv") and (
-                    kinds.get(b"pyvenv.cfg") == "file")
-                if rule and rule.explanation != rules.TAG.explanation and not is_program:
+                if rule and rule.explanation != rules.TAG.explanation and (
+                        project or not rule.pattern.endswith(b"venv") or kinds.get(b"pyvenv.cfg") != "file"):
                     offer(entry, rule)
             except OSError as error:
                 self.issues.append(issue(entry.path, error))
@@ -474,7 +449,7 @@ class Scan:
 
         def offer(entry, rule):
             attributes = entry.attributes()
-            project = self.projects.get(nearest(entry.path, self.projects))
+            project = self.project_of(entry.path)
             git_root = project and project.git_root or nearest(entry.path, self.git_roots)
             status, has_repository = status_among(entry, git_root, snapshots)
             judgement = rules.judge(rule, project, status, has_repository) if in_projects else {

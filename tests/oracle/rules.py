@@ -87,15 +87,12 @@ SOURCE_PLACES, SOURCE_ENDINGS = [frozenset(quoted(names)) for names in SOURCES.g
 EXCEPTIONS = {quoted(place)[0]: what for place, what in rows("What is in a folder counts as well")}
 INSTALLED = [(place, re.compile(b"(/|/.*/)" + re.escape(place.removeprefix(b"~").strip(b"/")).replace(rb"\*", b"[^/]*"),
                                 re.S)) for place in sorted(list_after("`~/` stands for the home of a user."))]
-REPOSITORY = "It holds a {} repository of its own: {}"
-PROTECTED_FILE, GUARDED_FOLDER = [f"It holds a {kind} that may be of value: {{}}" for kind in ("file", "folder")]
-SOURCE, OWN_MANIFEST = "It holds a file that people write: {}", "It is a project of its own: {}"
-NO_ENVIRONMENT = "It has no pyvenv.cfg, so it may not be a Python environment."
-WORKING_COPY = "It lies in a {} working copy, and Broomtide can only ask Git: {}"
 INSIDE_INSTALLED = "It lies in a place where programs are installed: {}"
 INSIDE_HIDDEN = "It lies in a hidden folder of a home, where programs keep what they need: {}"
-HOME_PROJECT = "The project around it is a home folder: {}"
-TAGGED = "The program that wrote it calls it a cache"
+SIGNS = [REPOSITORY, PROTECTED_FILE, GUARDED_FOLDER, SOURCE, OWN_MANIFEST] = [
+    "It holds a {} repository of its own: {}", "It holds a file that may be of value: {}",
+    "It holds a folder that may be of value: {}", "It holds a file that people write: {}",
+    "It is a project of its own: {}"]
 
 
 def extension_of(name):
@@ -136,11 +133,14 @@ def for_shell(path):
 
 def is_installed(place, is_home):
     """Whether a folder, a real one, is where programs are installed."""
-    for name, pattern in INSTALLED:
-        found = pattern.fullmatch(place)
-        if found and (found[1] == b"/" if name[:1] == b"/" else is_home(found[1][:-1]) if name[:1] == b"~" else True):
-            return True
-    return False
+    found = [(name[:1], pattern.fullmatch(place)) for name, pattern in INSTALLED]
+    return any(match and (match[1] == b"/" or start != b"/") and (start != b"~" or is_home(match[1][:-1]))
+               for start, match in found)
+
+
+def working_copies(folder, kinds):
+    return [f"It lies in a {MARKS[name]} working copy, and Broomtide can only ask Git: {text(folder)}"
+            for name in kinds if name in MARKS and b".git" not in kinds]
 
 
 def sign_of(rule, path, kind):
@@ -151,11 +151,11 @@ def sign_of(rule, path, kind):
     if kind == "other" or rule.safety != "safe" or rule.is_common or rule in CACHES:
         return None
     excepted = EXCEPTIONS.get(rule.pattern + b"/", "")
-    if not folder and kind == "file" and manifest_kind(name, False) and "manifest" not in excepted:
-        return OWN_MANIFEST
     if kind == "directory":
         is_repeated = name in REPEATED and (folder or "folders" in excepted)
         return GUARDED_FOLDER if name in SENSITIVE and not is_repeated else None
+    if not folder and manifest_kind(name, False) and "manifest" not in excepted:
+        return OWN_MANIFEST
     ending = b"." + (extension_of(name) or b"")
     if ending in quoted(excepted):
         return None
@@ -167,15 +167,13 @@ def signs(rule, item, entries):
     """What speaks against an item, by the paths and kinds of its entries."""
     found = {}
     for path, kind in entries:
-        found.setdefault(sign_of(rule, path, kind), path)
-    lines = []
-    for sign in [REPOSITORY, PROTECTED_FILE, GUARDED_FOLDER, SOURCE, OWN_MANIFEST]:
-        if sign in found:
-            folder, name = (item + b"/" + found[sign]).rsplit(b"/", 1)
-            lines.append(sign.format(MARKS[name], text(folder)) if sign == REPOSITORY
-                         else sign.format(text(folder + b"/" + name)))
-    is_environment = rule.pattern.endswith(b"venv") and (b"pyvenv.cfg", "file") not in entries
-    return lines + [NO_ENVIRONMENT] * is_environment
+        found.setdefault(sign_of(rule, path, kind), item + b"/" + path)
+    lines = [sign.format(text(found[sign])) for sign in SIGNS[1:] if sign in found]
+    if REPOSITORY in found:
+        folder, _, name = found[REPOSITORY].rpartition(b"/")
+        lines.insert(0, REPOSITORY.format(MARKS[name], text(folder)))
+    return lines + ["It has no pyvenv.cfg, so it may not be a Python environment."] * (
+        rule.pattern.endswith(b"venv") and (b"pyvenv.cfg", "file") not in entries)
 
 
 def cautioned(judgement, reasons):

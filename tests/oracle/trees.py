@@ -1,5 +1,6 @@
 """Folders that are as unpleasant to scan as a seed can make them."""
 
+import contextlib
 import json
 import os
 import random
@@ -11,7 +12,6 @@ from nasty_names import IGNORE_LINES, ODD_NAMES, STEMS, near
 
 ROOT_NAMES = [b"work", b".x", b"snap", b"uv", b"extensions", b"build", b"-dash", b"100% done", b"line\nbreak", b"caf\xe9", "Проекты".encode(), b" ",
               b"x.xcodeproj"]
-SIGNATURE = b"Signature: 8a477f597d28d172789f06886806bc55"
 PLAIN_NAMES = [b"src", b"lib", b"app", b"web", b"docs", b"one", b"two", b"x"]
 SIZES = [0, 0, 1, 100, 4096, 4096, 4096, 4097, 8192, 20000, 70000]
 MINUTE = 60 * 10**9
@@ -85,7 +85,7 @@ class Tree:
         elif kind == 6:
             self.link(path, b"nowhere", b".", b"..", b"/", os.path.basename(path), self.root, self.outside, b"/dev/null",
                       self.outside + b"/big", self.outside + b"/package.json", b"package.json", b"src", b"build")
-        elif kind == 7 and not os.path.basename(path).startswith(b".git"):  # for which Git would wait
+        elif kind == 7 and not (b"/.git" in path or b"/git-" in path):  # for which Git would wait
             os.mkfifo(path)
         else:
             near_it = [item.path for item in os.scandir(os.path.dirname(path)) if item.is_file(follow_symlinks=False)]
@@ -215,47 +215,46 @@ class Tree:
 
     def signs(self, path):
         """What speaks against an item, in it."""
+        os.path.lexists(path + b"/in") or os.makedirs(path + b"/in/er")
         for sign in self.some(sorted({*rules.MARKS, *rules.REPEATED, *rules.SOURCE_ENDINGS, *rules.PROTECTED_ENDINGS}), 3):
             place = path + self.random.choice([b"", b"", b"/in", b"/in/er"])
-            self.is_folder(path + b"/in") or os.path.lexists(path + b"/in") or os.makedirs(path + b"/in/er")
             if self.is_folder(place):
-                self.anything(place + b"/" + sign.replace(b".", b"x.", sign in rules.SOURCE_ENDINGS))
-        if self.chance(0.4):
-            self.plant(path, b"pyvenv.cfg")
+                self.anything(place + b"/" + (b"x" + sign if sign in rules.SOURCE_ENDINGS else sign))
+        self.plant(path, *self.some([b"pyvenv.cfg"], 1))
 
     def inventory(self, folder):
         """Working copies, programs and build trees, some of which prove nothing."""
         self.anything(folder + b"/" + self.random.choice([*rules.MARKS])) if self.chance(0.1) else None
-        name = self.random.choice([*sorted(place for place, _ in rules.INSTALLED), b"~/.own", b"extensions/tool"])
-        places = [self.random.choice([self.root + b"/home", self.root, folder]) + b"/" + self.random.choice(near(name) + [name] * 30)
-                  for name in [name.removeprefix(b"~/").replace(b"*", self.random.choice([b"", b"-x"]))]]
-        places.append(folder + b"/" + self.random.choice([b"tree", b"Trash", b".own", *sorted(rules.ARTEFACT_FOLDERS)]))
+        name = self.random.choice([*(place for place, _ in rules.INSTALLED), b"~/.own", b"extensions/tool"]).strip(b"~/")
+        name = name.replace(b"*", self.random.choice([b"", b"-x"]))
+        place = self.random.choice([self.root + b"/home", self.root, folder]) + b"/"
+        places = [place + self.random.choice(near(name) if self.chance(0.2) else [name]),
+                  folder + b"/" + self.random.choice([b"tree", b"Trash", b".own", *sorted(rules.ARTEFACT_FOLDERS)])]
         holdings = [[b"HEAD", b"objects/x", b"refs/x"], [b"files/x", b"info/x"], [b"conda-meta/x"], [b"pyvenv.cfg"],
                     [b"resources/x", b"chrome-sandbox"], [b"resources/x", b"chrome_100_percent.pak"], [b"x"],
                     [b"package.json"], [b"pyvenv.cfg", b"package.json"], [b".hg/x", b"pyvenv.cfg"]]
         for place in self.some(places, 2):
-            try:
+            with contextlib.suppress(OSError):  # something else is there
                 self.plant(place, *self.random.choice(holdings)[self.chance(0.1):])
                 self.plant(place, *self.some([b"package.json", b".next/x", b"in/go.mod", b"in/.git/x", b"old.log"], 3))
-                self.tree(place) if self.chance(0.5) else None
-            except OSError:
-                pass  # something else is there
+                self.build_tree(place) if self.chance(0.5) else None
 
-    def tree(self, path):
-        """What proves a build tree, or only nearly does."""
-        sources = self.random.choice([self.outside, self.outside, self.root, path, path + b"/in", b"rel", self.root + b"/my src",
-                                      self.outside + b"/./x'y/../", os.path.dirname(path)])
-        if sources[:1] == b"/" and self.chance(0.9):
-            self.plant(os.path.normpath(sources), *self.some([b"CMakeLists.txt", b"meson.build"], 2))
+    def build_tree(self, path):
+        """What proves a build tree or an extension, or only nearly does."""
+        sources = self.random.choice([self.outside, self.outside + b"/./x'y/../", self.root, self.root + b"/my src", path,
+                                      path + b"/in", b"rel", os.path.dirname(path)])
+        self.plant(self.base + b"/" + os.path.relpath(os.path.join(path, sources), self.base),
+                   *self.some([b"CMakeLists.txt", b"meson.build"], 2))
         cache = b"# x\nCMAKE_HOME_DIRECTORY:INTERNAL=" + sources + b"\nCMAKE_HOME_DIRECTORY:INTERNAL=/\n"
-        tag = SIGNATURE + self.random.choice([b"", b"x", b"\n", b"\n# made by x \t\r\nmore", b"\n#\t", b"\n" + "é".encode() * 70])
+        tag = b"Signature: 8a477f597d28d172789f06886806bc55" + self.random.choice([
+            b"", b"x", b"\n", b"\n# made by x \t\r\nmore", b"\n#\t", b"\n" + "é".encode() * 70])
         info = json.dumps({"directories": {"source": sources.decode(errors="replace")}}).encode()
-        for name, content in self.some([(b"CMakeCache.txt", cache), (b"CACHEDIR.TAG", tag), (b".rustc_info.json", b"{}"),
-                                        (b"meson-private/coredata.dat", b"x"), (b"meson-info/meson-info.json", info)], 5):
+        needs = json.dumps({"engines": self.random.choice([{"vscode": "1"}, {"vscode": 1}, ["vscode"]])}).encode()
+        for name, content in self.some([
+                (b"CMakeCache.txt", cache), (b"CACHEDIR.TAG", tag), (b".rustc_info.json", b"{}"), (b"meson-private/coredata.dat", b"x"),
+                (b"meson-info/meson-info.json", info)], 5) + [(b"package.json", needs)] * self.chance(0.1):
             os.makedirs(os.path.dirname(path + b"/" + name), exist_ok=True)
             self.file(path + b"/" + name, content) if self.chance(0.95) else self.anything(path + b"/" + name)
-        vs = self.random.choice([{"engines": {"vscode": "1"}}, {"engines": {"vscode": 1}}, {"engines": ["vscode"]}])
-        self.file(path + b"/package.json", json.dumps(vs).encode()) if self.chance(0.1) else None
 
     def populate(self, folder, depth=0):
         """A folder that the walk goes through."""
