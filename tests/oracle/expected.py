@@ -10,6 +10,7 @@ import functools
 import json
 import operator
 import os
+import pathlib
 import pwd
 import stat
 import subprocess
@@ -101,19 +102,15 @@ def measure(open_folder, path, rule, item):
 def content(path):
     """Of a regular file that is not large; empty otherwise."""
     with contextlib.suppress(OSError):
-        status = os.lstat(path)
-        if stat.S_ISREG(status.st_mode) and status.st_size <= 8 << 20:
-            with open(path, "rb") as file:
-                return file.read()
+        if stat.S_ISREG(os.lstat(path).st_mode) and os.path.getsize(path) <= 8 << 20:
+            return pathlib.Path(os.fsdecode(path)).read_bytes()
     return b""
 
 
 def json_text(path, *keys):
     """The text at a place of a document; None when there is none."""
-    try:
+    with contextlib.suppress(ValueError, LookupError, TypeError, AttributeError):
         return functools.reduce(operator.getitem, keys, json.loads(content(path))).encode()
-    except (ValueError, LookupError, TypeError, AttributeError):
-        return None
 
 
 def is_project(kinds):
@@ -136,23 +133,23 @@ def proven(tree, kinds):
     setup = os.path.isfile(tree + b"/meson-private/coredata.dat") and json_text(
         tree + b"/meson-info/meson-info.json", "directories", "source")
     for rule, program, manifest, written, command in [
-            (rules.CMAKE, "CMake", b"/CMakeLists.txt", lines[:1], b"cmake -S %(sources)b -B %(tree)b"),
-            (rules.MESON, "Meson", b"/meson.build", [setup or b""], b"meson setup %(tree)b %(sources)b")]:
-        sources = b"/" + os.path.normpath(b"".join(written)).strip(b"/")
-        if (b"".join(written).startswith(b"/") and not is_or_lies_below(os.path.realpath(sources), tree)
+            (rules.CMAKE, "CMake", b"/CMakeLists.txt", b"".join(lines[:1]), b"cmake -S %(sources)b -B %(tree)b"),
+            (rules.MESON, "Meson", b"/meson.build", setup or b"", b"meson setup %(tree)b %(sources)b")]:
+        sources = b"/" + os.path.normpath(written).strip(b"/")
+        if (written.startswith(b"/") and not is_or_lies_below(os.path.realpath(sources), tree)
                 and os.path.isfile(sources + manifest) and not os.path.islink(sources + manifest)):
-            return dataclasses.replace(
-                rule, proof=f"{program} built it from the sources in {text(sources)}.",
-                command=text(command % {b"sources": for_shell(sources), b"tree": for_shell(tree)}))
+            command %= {b"sources": for_shell(sources), b"tree": for_shell(tree)}
+            proof = f"{program} built it from the sources in {text(sources)}."
+            return dataclasses.replace(rule, proof=proof, command=text(command))
     tag = content(tree + b"/CACHEDIR.TAG")
     if len(tag) > 64 << 10 or not tag.startswith(b"Signature: 8a477f597d28d172789f06886806bc55"):
         return None
     if kinds.get(b".rustc_info.json") == "file":
-        return dataclasses.replace(rules.CARGO, proof="Cargo wrote its build output here.",
-                                   command=text(b"cargo build --target-dir " + for_shell(tree)))
+        command = text(b"cargo build --target-dir " + for_shell(tree))
+        return dataclasses.replace(rules.CARGO, proof="Cargo wrote its build output here.", command=command)
     writer = text(b"".join(tag.split(b"\n")[1:2]).lstrip(b"# \t\r").rstrip(b" \t\r")[:120])
-    return dataclasses.replace(
-        rules.TAG, proof="The program that wrote it calls it a cache" + (f": {writer}" if writer else "."))
+    proof = "The program that wrote it calls it a cache" + (f": {writer}" if writer else ".")
+    return dataclasses.replace(rules.TAG, proof=proof)
 
 
 def url(path):
@@ -321,13 +318,14 @@ class Scan:
         """Whether nothing in a folder counts, by what is in it."""
         above, name = os.path.split(self.real(folder))
         folders = {name for name, kind in kinds.items() if kind == "directory"}
-        others = kinds.keys() - folders
-        return (b"HEAD" in others and folders >= {b"objects", b"refs"} or name == b"Trash" and folders >= {b"files", b"info"}
-                or self.mode == "project" and folder != self.root and (
-                    is_program(kinds)
-                    or b"pyvenv.cfg" in others and not is_project(kinds) and not self.project_of(os.path.dirname(folder))
-                    or os.path.basename(above) == b"extensions"
-                    and json_text(self.real(folder) + b"/package.json", "engines", "vscode") is not None))
+        others, is_trash = kinds.keys() - folders, name == b"Trash" and folders >= {b"files", b"info"}
+        if is_trash or b"HEAD" in others and folders >= {b"objects", b"refs"}:
+            return True
+        is_environment = b"pyvenv.cfg" in others and not is_project(kinds)
+        return self.mode == "project" and folder != self.root and (
+            is_program(kinds) or is_environment and not self.project_of(os.path.dirname(folder))
+            or os.path.basename(above) == b"extensions"
+            and json_text(self.real(folder) + b"/package.json", "engines", "vscode") is not None)
 
     def project_of(self, path):
         return self.projects.get(nearest(path, self.projects))

@@ -77,16 +77,16 @@ SENSITIVE = list_after("Folders with these names are never entered")
 PROTECTED = list_after("Files with these names are never offered")
 PROTECTED_ENDINGS = list_after("Nor are files with these extensions")
 ARTEFACT_FOLDERS = {rule.pattern for rule in PROJECT_RULES if rule.is_folder}
-CMAKE, MESON, CARGO, TAG = [Rule(b"", explanation, category, SAFETIES[safety], may_be_outside="in a project" not in proof)
-                            for proof, explanation, category, safety, _ in rows("Whole build trees, by what is in them")]
+CMAKE, MESON, CARGO, TAG = [Rule(b"", *row[1:3], SAFETIES[row[3]], may_be_outside="in a project" not in row[0])
+                            for row in rows("Whole build trees, by what is in them")]
 MARKS = {name.encode(): title for name, title in re.findall(r"`(\S+)` \((\w+)\)", DOCUMENT)}  # of version control
 STORES = frozenset(name for name, title in MARKS.items() if title != "Fossil")
 REPEATED = frozenset(quoted(re.search(r"Folders called (.*?) count only", DOCUMENT, re.S)[1]))  # by tools, from sources
 SOURCES = re.search(r"- in (.*): files that people write, with the extensions (.*);", DOCUMENT)
 SOURCE_PLACES, SOURCE_ENDINGS = [frozenset(quoted(names)) for names in SOURCES.groups()]
 EXCEPTIONS = {quoted(place)[0]: what for place, what in rows("What is in a folder counts as well")}
-INSTALLED = [(place, re.compile(b"(/|/.*/)" + re.escape(place.removeprefix(b"~").strip(b"/")).replace(rb"\*", b"[^/]*"),
-                                re.S)) for place in sorted(list_after("`~/` stands for the home of a user."))]
+INSTALLED = {place: re.compile(b"(/|/.*/)" + re.escape(place.strip(b"~/")).replace(rb"\*", b"[^/]*"), re.S)
+             for place in sorted(list_after("`~/` stands for the home of a user."))}
 INSIDE_INSTALLED = "It lies in a place where programs are installed: {}"
 INSIDE_HIDDEN = "It lies in a hidden folder of a home, where programs keep what they need: {}"
 SIGNS = [REPOSITORY, PROTECTED_FILE, GUARDED_FOLDER, SOURCE, OWN_MANIFEST] = [
@@ -133,7 +133,7 @@ def for_shell(path):
 
 def is_installed(place, is_home):
     """Whether a folder, a real one, is where programs are installed."""
-    found = [(name[:1], pattern.fullmatch(place)) for name, pattern in INSTALLED]
+    found = [(name[:1], pattern.fullmatch(place)) for name, pattern in INSTALLED.items()]
     return any(match and (match[1] == b"/" or start != b"/") and (start != b"~" or is_home(match[1][:-1]))
                for start, match in found)
 

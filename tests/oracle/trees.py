@@ -10,8 +10,8 @@ import time
 import rules
 from nasty_names import IGNORE_LINES, ODD_NAMES, STEMS, near
 
-ROOT_NAMES = [b"work", b".x", b"snap", b"uv", b"extensions", b"build", b"-dash", b"100% done", b"line\nbreak", b"caf\xe9", "Проекты".encode(), b" ",
-              b"x.xcodeproj"]
+ROOT_NAMES = [b"work", b"build", b"-dash", b"100% done", b"line\nbreak", b"caf\xe9", "Проекты".encode(), b" ",
+              b"x.xcodeproj", b".x", b"snap", b"uv", b"extensions"]
 PLAIN_NAMES = [b"src", b"lib", b"app", b"web", b"docs", b"one", b"two", b"x"]
 SIZES = [0, 0, 1, 100, 4096, 4096, 4096, 4097, 8192, 20000, 70000]
 MINUTE = 60 * 10**9
@@ -215,8 +215,10 @@ class Tree:
 
     def signs(self, path):
         """What speaks against an item, in it."""
-        os.path.lexists(path + b"/in") or os.makedirs(path + b"/in/er")
-        for sign in self.some(sorted({*rules.MARKS, *rules.REPEATED, *rules.SOURCE_ENDINGS, *rules.PROTECTED_ENDINGS}), 3):
+        for place in [path + b"/in/er"] * (self.chance(0.5) and not os.path.lexists(path + b"/in")):
+            os.makedirs(place)
+        known = sorted({*rules.MARKS, *rules.REPEATED, *rules.SOURCE_ENDINGS, *rules.PROTECTED_ENDINGS, b".env.py"})
+        for sign in self.some(known, 3):
             place = path + self.random.choice([b"", b"", b"/in", b"/in/er"])
             if self.is_folder(place):
                 self.anything(place + b"/" + (b"x" + sign if sign in rules.SOURCE_ENDINGS else sign))
@@ -225,7 +227,7 @@ class Tree:
     def inventory(self, folder):
         """Working copies, programs and build trees, some of which prove nothing."""
         self.anything(folder + b"/" + self.random.choice([*rules.MARKS])) if self.chance(0.1) else None
-        name = self.random.choice([*(place for place, _ in rules.INSTALLED), b"~/.own", b"extensions/tool"]).strip(b"~/")
+        name = self.random.choice([*rules.INSTALLED, b"~/.own", b"extensions/tool"]).strip(b"~/")
         name = name.replace(b"*", self.random.choice([b"", b"-x"]))
         place = self.random.choice([self.root + b"/home", self.root, folder]) + b"/"
         places = [place + self.random.choice(near(name) if self.chance(0.2) else [name]),
@@ -241,18 +243,18 @@ class Tree:
 
     def build_tree(self, path):
         """What proves a build tree or an extension, or only nearly does."""
-        sources = self.random.choice([self.outside, self.outside + b"/./x'y/../", self.root, self.root + b"/my src", path,
-                                      path + b"/in", b"rel", os.path.dirname(path)])
-        self.plant(self.base + b"/" + os.path.relpath(os.path.join(path, sources), self.base),
-                   *self.some([b"CMakeLists.txt", b"meson.build"], 2))
-        cache = b"# x\nCMAKE_HOME_DIRECTORY:INTERNAL=" + sources + b"\nCMAKE_HOME_DIRECTORY:INTERNAL=/\n"
+        around = [self.outside, self.outside + b"/./x'y/../", self.root, self.root + b"/my src", os.path.dirname(path)]
+        sources = self.random.choice([*around, path, path + b"/in", b"rel"])
+        self.plant(os.path.normpath(os.path.join(path, sources)), *self.some([b"CMakeLists.txt", b"meson.build"], 2))
+        key = b"\nCMAKE_HOME_DIRECTORY:INTERNAL="
         tag = b"Signature: 8a477f597d28d172789f06886806bc55" + self.random.choice([
             b"", b"x", b"\n", b"\n# made by x \t\r\nmore", b"\n#\t", b"\n" + "é".encode() * 70])
-        info = json.dumps({"directories": {"source": sources.decode(errors="replace")}}).encode()
-        needs = json.dumps({"engines": self.random.choice([{"vscode": "1"}, {"vscode": 1}, ["vscode"]])}).encode()
-        for name, content in self.some([
-                (b"CMakeCache.txt", cache), (b"CACHEDIR.TAG", tag), (b".rustc_info.json", b"{}"), (b"meson-private/coredata.dat", b"x"),
-                (b"meson-info/meson-info.json", info)], 5) + [(b"package.json", needs)] * self.chance(0.1):
+        info = {"directories": {"source": sources.decode(errors="replace")}}
+        needs = {"engines": self.random.choice([{"vscode": "1"}, {"vscode": 1}, ["vscode"]])}
+        proofs = [(b"CMakeCache.txt", b"#" + key + sources + key + b"/\n"), (b"CACHEDIR.TAG", tag),
+                  (b".rustc_info.json", b"{}"), (b"meson-private/coredata.dat", b"x"),
+                  (b"meson-info/meson-info.json", json.dumps(info).encode())]
+        for name, content in self.some(proofs, 5) + [(b"package.json", json.dumps(needs).encode())] * self.chance(0.1):
             os.makedirs(os.path.dirname(path + b"/" + name), exist_ok=True)
             self.file(path + b"/" + name, content) if self.chance(0.95) else self.anything(path + b"/" + name)
 
@@ -314,7 +316,8 @@ class Tree:
         for place in [self.root] * self.chance(0.1) + [self.base] * self.chance(0.1):
             self.plant(place, self.random.choice([b"conda-meta/x", b"pyvenv.cfg", b".hg", b".svn/x"]))
         if self.home == self.root + b"/home":
-            self.plant(self.home, b".own/.next/x", b".own/package.json", b".next/x", b".DS_Store", *self.some([b"go.mod"], 1))
+            self.plant(self.home, b".own/.next/x", b".own/package.json", b".next/x", b".DS_Store",
+                       *self.some([b"go.mod"], 1))
         self.populate(self.root)
         self.random.shuffle(self.repositories)
         for folder in self.repositories:
