@@ -237,7 +237,7 @@ class Tree:
                     [b"package.json"], [b"pyvenv.cfg", b"package.json"], [b".hg/x", b"pyvenv.cfg"]]
         for place in self.some(places, 2):
             with contextlib.suppress(OSError):  # something else is there
-                self.plant(place, *self.random.choice(holdings)[self.chance(0.1):])
+                self.plant(place, *self.random.choice(holdings)[self.chance(0.1):], b"old.csv")
                 self.plant(place, *self.some([b"package.json", b".next/x", b"in/go.mod", b"in/.git/x", b"old.log"], 3))
                 self.build_tree(place) if self.chance(0.5) else None
 
@@ -333,6 +333,7 @@ class Tree:
             for _ in range(40 if folder == self.root else 10):
                 path = folder + b"/" + self.named(self.random.choice(rules.DOWNLOADS_RULES).pattern)
                 (self.anything if self.chance(0.2) else self.file)(path)
+        self.inventory(self.random.choice(folders[:4]))
         if self.chance(0.3):
             self.trashes()
         edges = [NOW - days * rules.DAY + difference for days in (7, 30) for difference in (5 * MINUTE, -5 * MINUTE)]
