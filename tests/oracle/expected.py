@@ -95,8 +95,9 @@ def measure(open_folder, path, rule, item):
     try:
         walk(open_folder, path, issues, add)
     except OSError:
-        return 0, 0, [], []
-    return sum(sizes), len(sizes), issues, rules.signs(rule, item, entries)
+        return 0, 0, [], [rules.NOT_ALL_READ.format(text(item))]
+    unread = [rules.NOT_ALL_READ.format(text(item) + each["path"][len(text(path)):]) for each in issues[:1]]
+    return sum(sizes), len(sizes), issues, rules.signs(rule, item, entries) + unread
 
 
 def content(path):
@@ -340,11 +341,12 @@ class Scan:
         place = self.real(folder)
         if folder != self.root:
             yield from [rules.INSIDE_HIDDEN.format(text(place))] * self.is_hidden(place)
-            yield from [rules.INSIDE_INSTALLED.format(text(place))] * (kinds.get(b"pyvenv.cfg") == "file")
+            yield from [rules.INSIDE_INSTALLED.format(text(place))] * (kinds.get(b"pyvenv.cfg", "directory") != "directory")
         yield from reversed(rules.working_copies(folder, kinds))
         while folder == self.root and place != b"/":
             kinds = kinds_in(place)
-            if rules.is_installed(place, self.is_home) or is_program(kinds) or kinds.get(b"pyvenv.cfg") == "file":
+            if rules.is_installed(place, self.is_home) or is_program(kinds) or (
+                    kinds.get(b"pyvenv.cfg", "directory") != "directory"):
                 yield rules.INSIDE_INSTALLED.format(text(place))
             elif self.is_hidden(place):
                 yield rules.INSIDE_HIDDEN.format(text(place))
@@ -380,7 +382,9 @@ class Scan:
         """What speaks against an item by where it lies, innermost first."""
         folder, reasons = os.path.dirname(entry.path), []
         while len(folder) >= len(self.root):
-            reasons += self.reasons.get(folder, [])
+            for each in self.reasons.get(folder, []):  # one of each kind
+                kind = next(kind for kind in rules.CAUTIONS if kind in each)
+                reasons += [each] * (not any(kind in told for told in reasons))
             folder = os.path.dirname(folder)
         if entry.is_folder and self.is_hidden(self.real(entry.path)):
             reasons.append(rules.INSIDE_HIDDEN.format(text(self.real(entry.path))))

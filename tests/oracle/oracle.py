@@ -63,6 +63,16 @@ def limit_open_files():
 expected.before_git = limit_open_files  # Git keeps a descriptor for each level: its answer depends on the limit
 
 
+def is_in_bundled_repository(path):
+    """Whether something around is a repository that nobody has asked: those in Xcode bundles are not looked for."""
+    folder, bundles = os.path.dirname(path), re.compile(rb"\.(xcodeproj|xcworkspace)(/|$)")
+    while bundles.search(folder):
+        if os.path.lexists(folder + b"/.git"):
+            return True
+        folder = os.path.dirname(folder)
+    return False
+
+
 class Round:
     """One tree: scanned, cleaned in part and put back."""
 
@@ -145,7 +155,7 @@ class Round:
     @staticmethod
     def can_be_moved(candidate, path):
         folders = [os.path.dirname(path)] + [path] * (candidate["kind"] == "directory")  # moving one writes its ".."
-        is_doubtful = candidate["gitRoot"] and candidate["gitStatus"] == "unavailable"
+        is_doubtful = "Git status could not be verified." in candidate["evidence"] or is_in_bundled_repository(path)
         is_doubtful = is_doubtful or (candidate["modificationDate"] or "").startswith("2262-04-11T23:47:16")
         return not is_doubtful and all(os.access(folder, os.W_OK) for folder in folders)
 

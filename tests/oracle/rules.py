@@ -89,6 +89,8 @@ INSTALLED = {place: re.compile(b"(/|/.*/)" + re.escape(place.strip(b"~/")).repla
              for place in sorted(list_after("`~/` stands for the home of a user."))}
 INSIDE_INSTALLED = "It lies in a place where programs are installed: {}"
 INSIDE_HIDDEN = "It lies in a hidden folder of a home, where programs keep what they need: {}"
+CAUTIONS = ["working copy, and Broomtide can only", "where programs are installed: ", "hidden folder of a home, "]
+NOT_ALL_READ = "Not all of it could be read: {}"
 SIGNS = [REPOSITORY, PROTECTED_FILE, GUARDED_FOLDER, SOURCE, OWN_MANIFEST] = [
     "It holds a {} repository of its own: {}", "It holds a file that may be of value: {}",
     "It holds a folder that may be of value: {}", "It holds a file that people write: {}",
@@ -140,7 +142,7 @@ def is_installed(place, is_home):
 
 def working_copies(folder, kinds):
     return [f"It lies in a {MARKS[name]} working copy, and Broomtide can only ask Git: {text(folder)}"
-            for name in kinds if name in MARKS and b".git" not in kinds]
+            for name in kinds if name in MARKS and name != b".git" and not (name == b".jj" and b".git" in kinds)]
 
 
 def sign_of(rule, path, kind):
@@ -165,13 +167,18 @@ def sign_of(rule, path, kind):
 
 def signs(rule, item, entries):
     """What speaks against an item, by the paths and kinds of its entries."""
-    found = {}
+    found, folders = {}, {path for path, kind in entries if kind == "directory"}
+    has_stores = rule.safety != "safe" or rule.is_common or rule in CACHES or rule.pattern == b".build"
     for path, kind in entries:
-        found.setdefault(sign_of(rule, path, kind), item + b"/" + path)
+        place = path.removesuffix(b"HEAD")
+        is_store = place + b"HEAD" == path and (not place or place.endswith(b"/")) and kind != "directory" and (
+            folders >= {place + b"objects", place + b"refs"})
+        sign = REPOSITORY if is_store and not has_stores else sign_of(rule, path, kind)
+        found.setdefault(sign, item + b"/" + path)
     lines = [sign.format(text(found[sign])) for sign in SIGNS[1:] if sign in found]
     if REPOSITORY in found:
         folder, _, name = found[REPOSITORY].rpartition(b"/")
-        lines.insert(0, REPOSITORY.format(MARKS[name], text(folder)))
+        lines.insert(0, REPOSITORY.format(MARKS.get(name, "Git"), text(folder)))
     return lines + ["It has no pyvenv.cfg, so it may not be a Python environment."] * (
         rule.pattern.endswith(b"venv") and (b"pyvenv.cfg", "file") not in entries)
 
