@@ -5,6 +5,7 @@
 #include <exception>
 #include <limits>
 #include <optional>
+#include <ranges>
 #include <utility>
 
 #include "context/BuildProof.h"
@@ -96,9 +97,10 @@ class TreeWalk::Walker {
     if (!isProjectScan()) return true;
     if (isTop ? !around_ : isInstalled(marks) || isGenerated(marks)) return false;
     projects_.enterFolder(path);
+    if (isTop) addCautionsAround();
     entries_.forEachInFolder(
         [this](std::string_view entry, EntryType type) { projects_.addEntry(entry, type); });
-    isTop ? addCautionsAround() : addCautions(marks);
+    if (!isTop) addCautions(marks);
     return true;
   }
 
@@ -149,9 +151,9 @@ class TreeWalk::Walker {
     return isFound;
   }
 
-  // What is around the scanned folder counts as if the walk had come from there.
+  // What is around the scanned folder counts as if the walk had come from there, from the outside.
   void addCautionsAround() {
-    for (Message& reason : *around_) projects_.addCaution(std::move(reason));
+    for (Message& reason : std::views::reverse(*around_)) projects_.addCaution(std::move(reason));
   }
 
   void addCautions(const FolderMarks& marks) {

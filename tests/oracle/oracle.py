@@ -12,6 +12,7 @@ import itertools
 import json
 import os
 import pwd
+import re
 import resource
 import shutil
 import stat
@@ -63,10 +64,10 @@ def limit_open_files():
 expected.before_git = limit_open_files  # Git keeps a descriptor for each level: its answer depends on the limit
 
 
-def is_in_bundled_repository(path):
+def is_in_bundled_repository(path, root):
     """Whether something around is a repository that nobody has asked: those in Xcode bundles are not looked for."""
     folder, bundles = os.path.dirname(path), re.compile(rb"\.(xcodeproj|xcworkspace)(/|$)")
-    while bundles.search(folder):
+    while bundles.search(folder[len(root):]):
         if os.path.lexists(folder + b"/.git"):
             return True
         folder = os.path.dirname(folder)
@@ -135,7 +136,7 @@ class Round:
                 paths[each["url"]] = path
                 options += [b"--item=" + path[len(root) + 1:]] * by_item
         chosen = [each for each in document["candidates"] if each["url"] in paths]
-        moved = [each for each in chosen if self.can_be_moved(each, paths[each["url"]])]
+        moved = [each for each in chosen if self.can_be_moved(each, paths[each["url"]], root)]
         if not moved:
             return 0
         places = {os.path.dirname(paths[each["url"]]) for each in moved}
@@ -153,9 +154,10 @@ class Round:
         return len(moved)
 
     @staticmethod
-    def can_be_moved(candidate, path):
+    def can_be_moved(candidate, path, root):
         folders = [os.path.dirname(path)] + [path] * (candidate["kind"] == "directory")  # moving one writes its ".."
-        is_doubtful = "Git status could not be verified." in candidate["evidence"] or is_in_bundled_repository(path)
+        is_doubtful = "Git status could not be verified." in candidate["evidence"] or (
+            len(candidate["evidence"]) > 2 and is_in_bundled_repository(path, root))
         is_doubtful = is_doubtful or (candidate["modificationDate"] or "").startswith("2262-04-11T23:47:16")
         return not is_doubtful and all(os.access(folder, os.W_OK) for folder in folders)
 
