@@ -5,7 +5,6 @@
 #include <exception>
 #include <limits>
 #include <optional>
-#include <ranges>
 #include <utility>
 
 #include "context/BuildProof.h"
@@ -153,7 +152,8 @@ class TreeWalk::Walker {
 
   // What is around the scanned folder counts as if the walk had come from there, from the outside.
   void addCautionsAround() {
-    for (Message& reason : std::views::reverse(*around_)) projects_.addCaution(std::move(reason));
+    std::ranges::reverse(*around_);
+    for (Message& reason : *around_) projects_.addCaution(std::move(reason));
   }
 
   void addCautions(const FolderMarks& marks) {
