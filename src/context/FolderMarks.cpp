@@ -24,9 +24,7 @@ constexpr std::array table = [] {
   using enum FolderMarks::Mark;
   return std::to_array<Named>({
       {"HEAD", gitHead},
-      {"info", trashInformation, true},
       {"refs", gitReferences, true},
-      {"files", trashFiles, true},
       {"objects", gitObjects, true},
       {"resources", resources, true},
       {condaMark, conda, true},

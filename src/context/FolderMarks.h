@@ -16,17 +16,15 @@ class FolderMarks {
     gitHead = 1U << 0U,
     gitObjects = 1U << 1U,
     gitReferences = 1U << 2U,
-    trashFiles = 1U << 3U,
-    trashInformation = 1U << 4U,
-    conda = 1U << 5U,
-    pythonEnvironment = 1U << 6U,
-    resources = 1U << 7U,
-    electron = 1U << 8U,
-    package = 1U << 9U,
-    cmakeCache = 1U << 10U,
-    meson = 1U << 11U,
-    cargo = 1U << 12U,
-    cacheTag = 1U << 13U,
+    conda = 1U << 3U,
+    pythonEnvironment = 1U << 4U,
+    resources = 1U << 5U,
+    electron = 1U << 6U,
+    package = 1U << 7U,
+    cmakeCache = 1U << 8U,
+    meson = 1U << 9U,
+    cargo = 1U << 10U,
+    cacheTag = 1U << 11U,
   };
 
   /// Those of the folder `name`, which may be a path, in an open one: each mark is looked for.
@@ -39,11 +37,6 @@ class FolderMarks {
 
   /// Whether a repository has its branches here, whose files go by any name.
   bool isGitStore() const { return has(gitHead) && has(gitObjects) && has(gitReferences); }
-
-  /// Whether a folder of this name is a Trash.
-  bool isTrash(std::string_view folder) const {
-    return folder == "Trash" && has(trashFiles) && has(trashInformation);
-  }
 
   /// Whether a package manager or a program was installed here. A Python environment in a project
   /// belongs to that.

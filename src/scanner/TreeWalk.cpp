@@ -1,6 +1,5 @@
 #include "scanner/TreeWalk.h"
 
-#include <algorithm>
 #include <chrono>
 #include <exception>
 #include <limits>
@@ -8,8 +7,6 @@
 #include <utility>
 
 #include "context/BuildProof.h"
-#include "context/FolderMarks.h"
-#include "context/FolderSurroundings.h"
 #include "core/Paths.h"
 #include "core/ServiceInterfaces.h"
 #include "platform/DirectoryEnumerator.h"
@@ -18,6 +15,7 @@
 #include "rules/ScanRule.h"
 #include "rules/ScanRules.h"
 #include "rules/VersionControl.h"
+#include "scanner/FolderEntrance.h"
 
 namespace broomtide {
 namespace {
@@ -55,11 +53,7 @@ class TreeWalk::Walker {
     entries_.begin(std::move(top));
     while (entries_.next()) {
       if (stop_.stop_requested()) throw CancellationError();
-      if (entries_.isFirstInFolder() && !enterFolder()) {
-        entries_.skipRestOfFolder();
-      } else {
-        visit();
-      }
+      entries_.isFirstInFolder() ? enterFolder() : visit();
       if (isTimeToFlush()) flush();
     }
     setup_.measurements.finish();
@@ -82,50 +76,27 @@ class TreeWalk::Walker {
     batches_.push(steps_.take(), stop_);
   }
 
-  // What a folder says about itself is known before anything in it is matched. False when nothing
-  // in it is to be looked at.
-  bool enterFolder() {
-    const std::string_view path = entries_.folderPath();
-    FolderMarks marks;
-    entries_.forEachInFolder(
-        [&marks](std::string_view name, EntryType type) { marks.add(name, type); });
-    const bool isTop = path.empty();
-    if (isTop && setup_.trashes.hold(setup_.fileManager, placeOf("item"))) return false;
-    const std::string_view name = paths::lastComponent(isTop ? resolvedRoot_ : path);
-    if (marks.isGitStore() || marks.isTrash(name)) return false;
-    if (!isProjectScan()) return true;
-    if (isTop ? !around_ : isInstalled(marks) || isGenerated(marks)) return false;
-    projects_.enterFolder(path);
-    if (isTop) addCautionsAround();
-    entries_.forEachInFolder(
-        [this](std::string_view entry, EntryType type) { projects_.addEntry(entry, type); });
-    if (!isTop) addCautions(marks);
-    return true;
+  // What a folder says about itself is known before anything in it is matched.
+  void enterFolder() {
+    using enum FolderEntrance::Verdict;
+    switch (entrance_.enter(entries_)) {
+      case enter:
+        visit();
+        return;
+      case offer:
+        addProvenFolder(entrance_.takeProof());
+        break;
+      case passOver:
+        break;
+    }
+    entries_.skipRestOfFolder();
   }
 
-  bool isInstalled(const FolderMarks& marks) {
-    const std::string_view path = entries_.folderPath();
-    const bool mayBelong = marks.has(FolderMarks::pythonEnvironment);
-    const bool belongs = mayBelong && (projects_.around(path).project != nullptr || isProject());
-    if (marks.isInstalled(belongs)) return true;
-    const std::string_view parent =
-        paths::lastComponent(path.find('/') == path.npos ? std::string_view(resolvedRoot_)
-                                                         : paths::enclosingFolder(path));
-    return marks.mayBeExtension(parent) && isEditorExtension(setup_.fileManager, entries_.folder());
-  }
-
-  // Offers a whole build tree or cache that no rule knows by its name.
-  bool isGenerated(const FolderMarks& marks) {
-    if (!marks.mayBeGenerated() || isProject()) return false;
+  void addProvenFolder(BuildProof proof) {
     const std::string path(entries_.folderPath());
-    const Surroundings around = projects_.around(path);
-    auto proof = buildProof(setup_.fileManager, entries_.folder(),
-                            paths::appending(resolvedRoot_, path), marks, Proofs::all);
-    if (!proof || !proof->rule->policy.accepts(around.project)) return false;
-    WalkMatch match = proven(path, *std::move(proof));
-    match.around = around;
+    WalkMatch match = proven(path, std::move(proof));
+    match.around = projects_.around(path);
     steps_.addProven(path, std::move(match));
-    return true;
   }
 
   WalkMatch proven(const std::string& path, BuildProof proof) {
@@ -139,36 +110,6 @@ class TreeWalk::Walker {
     match.rule = &rule;
     match.measurement = setup_.measurements.measure(path, rule.contents);
     return match;
-  }
-
-  // Whether the current entry's folder is a project or a working copy.
-  bool isProject() const {
-    bool isFound = false;
-    entries_.forEachInFolder([&isFound](std::string_view name, EntryType type) {
-      isFound = isFound || isOfProject(name, type);
-    });
-    return isFound;
-  }
-
-  // What is around the scanned folder counts as if the walk had come from there, from the outside.
-  void addCautionsAround() {
-    std::ranges::reverse(*around_);
-    for (Message& reason : *around_) projects_.addCaution(std::move(reason));
-  }
-
-  void addCautions(const FolderMarks& marks) {
-    const std::string_view name = paths::lastComponent(entries_.folderPath());
-    const bool isEnvironment = marks.has(FolderMarks::pythonEnvironment);
-    if (!isEnvironment && !name.starts_with('.')) return;
-    const std::string place = placeOf(entries_.folderPath());
-    if (isEnvironment) projects_.addCaution(naming(messages::insideInstalled, place));
-    if (isHiddenInHome(paths::enclosingFolder(place), name, setup_.homes)) {
-      projects_.addCaution(naming(messages::insideHiddenFolder, place));
-    }
-  }
-
-  std::string placeOf(std::string_view path) const {
-    return path.empty() ? resolvedRoot_ : paths::appending(resolvedRoot_, path);
   }
 
   void visit() {
@@ -214,7 +155,7 @@ class TreeWalk::Walker {
   void visitRefused() {
     const std::string path(entries_.relativePath());
     auto proof = buildProofOf(setup_.fileManager, entries_.folder(), std::string(entries_.name()),
-                              placeOf(path));
+                              paths::appending(resolvedRoot_, path));
     if (proof) {
       addMatch(proven(path, *std::move(proof)));
     } else {
@@ -315,8 +256,8 @@ class TreeWalk::Walker {
   std::size_t entriesSeen_ = 0;
   Clock::time_point lastFlush_ = Clock::now();
   const std::string resolvedRoot_ = PathSafety::resolved(setup_.root);
-  std::optional<std::vector<Message>> around_ =
-      cautionsIn(setup_.fileManager, resolvedRoot_, setup_.homes);
+  FolderEntrance entrance_{setup_.fileManager, setup_.mode,    resolvedRoot_,
+                           setup_.homes,       setup_.trashes, projects_};
 };
 
 TreeWalk::TreeWalk(FileDescriptor top, Setup setup, std::stop_token stop)
