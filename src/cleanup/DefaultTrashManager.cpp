@@ -32,6 +32,9 @@ std::optional<Message> clean(const ScanCandidate& candidate, const std::string& 
                        .isFolder = candidate.kind == CandidateKind::directory};
   const std::string path = paths::appending(item.folder, item.name);
   if (!paths::isBelow(path, realRoot)) return Message{messages::noLongerInside};
+  if (const auto problem = revalidation.problemAround(candidate, item.folder, realRoot)) {
+    return Message{*problem};
+  }
   if (const auto user = filesInUse.userOf(path, item.identity)) {
     return Message{messages::inUse, {nameValue(user->name), nameValue(user->id)}};
   }

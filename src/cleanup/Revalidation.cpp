@@ -47,7 +47,6 @@ Revalidation::Problem Revalidation::problemOf(const ScanCandidate& candidate) co
   if (stop_.stop_requested()) return messages::cleanupCancelled;
   if (const Problem problem = problemOnDisk(candidate)) return problem;
   if (const Problem problem = problemInGit(candidate)) return problem;
-  if (const Problem problem = problemAround(candidate)) return problem;
   return problemInContents(candidate);
 }
 
@@ -85,25 +84,25 @@ Revalidation::Problem Revalidation::problemInContents(const ScanCandidate& candi
   }
 }
 
-// Nobody has asked a repository that was not there when the item was judged, and it may track the
-// item by now. The way is that of the item as it lies there, whatever symlinks lead to it. What
-// came into the item itself is a matter of its contents.
-Revalidation::Problem Revalidation::problemAround(const ScanCandidate& candidate) const {
+// The way is that of the item as it lies there, whatever symlinks lead to it. What came into the
+// item itself is a matter of its contents.
+Revalidation::Problem Revalidation::problemAround(const ScanCandidate& candidate,
+                                                  std::string folder,
+                                                  const std::string& realRoot) const {
   if (!isJudgedByGit(candidate)) return std::nullopt;
-  const auto hasUnknownMark = [&](const std::string& folder) {
-    if (GitCommand::markOf(fileManager_, folder) == GitCommand::Mark::none) return false;
-    const auto isHere = [&](const std::string& root) {
-      return PathSafety::resolved(root) == folder;
-    };
-    const bool isOwn = candidate.gitRoot && isHere(*candidate.gitRoot);
-    return !isOwn && std::ranges::none_of(candidate.otherGitRoots, isHere);
+  const auto isAsked = [&](const std::string& root) {
+    // Mostly the names alone tell, which costs no look at the disk.
+    const bool isInside = root == root_ || paths::isBelow(root, root_);
+    const bool isNamed = isInside && realRoot + root.substr(root_.size()) == folder;
+    return isNamed || PathSafety::resolved(root) == folder;
   };
-  const std::string top = PathSafety::resolved(root_);
-  std::string folder(paths::enclosingFolder(PathSafety::resolved(candidate.url)));
-  for (; paths::isBelow(folder, top); folder = std::string(paths::enclosingFolder(folder))) {
-    if (hasUnknownMark(folder)) return messages::gitUnknown;
+  for (;; folder = std::string(paths::enclosingFolder(folder))) {
+    const bool isMarked = GitCommand::markOf(fileManager_, folder) != GitCommand::Mark::none;
+    const bool isKnown = isMarked && ((candidate.gitRoot && isAsked(*candidate.gitRoot)) ||
+                                      std::ranges::any_of(candidate.otherGitRoots, isAsked));
+    if (isMarked && !isKnown) return messages::gitUnknown;
+    if (!paths::isBelow(folder, realRoot)) return std::nullopt;
   }
-  return hasUnknownMark(top) ? Problem(messages::gitUnknown) : std::nullopt;
 }
 
 Revalidation::Problem Revalidation::problemInGit(const ScanCandidate& candidate) const {

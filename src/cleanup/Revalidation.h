@@ -27,11 +27,16 @@ class Revalidation {
   /// The first thing that is wrong with a candidate, nothing when it may be moved.
   Problem problemOf(const ScanCandidate& candidate) const;
 
+  /// Whether a repository that nobody has asked lies around a candidate by now, up to the scanned
+  /// folder: it may track the candidate. `folder` holds it, and `realRoot` is the scanned folder,
+  /// both with symlinks resolved.
+  Problem problemAround(const ScanCandidate& candidate, std::string folder,
+                        const std::string& realRoot) const;
+
  private:
   Problem problemOnDisk(const ScanCandidate& candidate) const;
   Problem problemInContents(const ScanCandidate& candidate) const;
   Problem problemInGit(const ScanCandidate& candidate) const;
-  Problem problemAround(const ScanCandidate& candidate) const;
 
   FileManager& fileManager_;
   const std::string& root_;

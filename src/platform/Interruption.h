@@ -11,8 +11,8 @@
 namespace broomtide {
 
 /// Turns Ctrl-C and a polite request to end (SIGINT, SIGTERM, SIGHUP, SIGQUIT) into a request to
-/// stop, which is made on a thread of its own. A second one ends the program at once, with the
-/// status `endedAtOnce`. There can be one at a time. Children are not affected.
+/// stop, which is made on a thread of its own. A key (SIGINT, SIGQUIT) after that ends the program
+/// at once, with the status `endedAtOnce`. There can be one at a time. Children are not affected.
 class Interruption {
  public:
   static constexpr int endedAtOnce = 130;

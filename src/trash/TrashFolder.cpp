@@ -33,6 +33,8 @@ namespace {
 const std::string sizesName = "directorysizes";
 constexpr std::size_t maxSizesBytes = std::size_t{1} << 24U;  // whatever a foreign drive brings
 
+std::string unusedName() { return '.' + newUuid(); }
+
 std::string infoName(const std::string& name) { return name + std::string(trashInfoSuffix); }
 
 // Numbers in a row as long as few are taken, then ever larger steps past the many.
@@ -53,6 +55,9 @@ std::error_code readToken(FileManager& fileManager, int folder, const std::strin
 }
 
 }  // namespace
+
+TrashFolder::TrashFolder(FileManager& fileManager)
+    : fileManager_(fileManager), newName_(unusedName()) {}
 
 std::error_code TrashFolder::open(FileDescriptor above, const std::string& name,
                                   TrashSharing sharing) {
@@ -106,7 +111,7 @@ std::error_code TrashFolder::refuseOthers(int folder) {
 
 // Told by a file that is made there: where there are permissions, it is open to this user alone.
 bool TrashFolder::hasPermissions(int folder) {
-  const std::string name = '.' + newUuid();
+  const std::string name = unusedName();
   FileDescriptor file;
   if (fileManager_.createFile(folder, name.c_str(), file)) return true;
   FileAttributes attributes;
@@ -139,13 +144,15 @@ std::error_code TrashFolder::take(int folder, const TrashItem& item, std::string
 
 // An item never arrives before its information, which reserves the name.
 std::error_code TrashFolder::reserve(const std::string& name, std::string_view information) {
-  const std::string newName = '.' + newUuid();
-  std::error_code error = WholeFile::create(fileManager_, info_.get(), newName, information,
+  std::error_code error = WholeFile::create(fileManager_, info_.get(), newName_, information,
                                             WholeFile::Durability::whenConvenient);
   if (error) return error;
-  error = fileManager_.rename(info_.get(), newName.c_str(), info_.get(), infoName(name).c_str(),
+  error = fileManager_.rename(info_.get(), newName_.c_str(), info_.get(), infoName(name).c_str(),
                               IfExists::fail);
-  if (error) fileManager_.removeFile(info_.get(), newName.c_str());
+  if (error) {
+    fileManager_.removeFile(info_.get(), newName_.c_str());
+    newName_ = unusedName();
+  }
   return error;
 }
 

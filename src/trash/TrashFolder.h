@@ -31,7 +31,7 @@ enum class TrashSharing {
 class TrashFolder {
  public:
   /// The file manager must outlive the Trash.
-  explicit TrashFolder(FileManager& fileManager) : fileManager_(fileManager) {}
+  explicit TrashFolder(FileManager& fileManager);
 
   /// Where no item has come, what was created of the Trash goes again.
   ~TrashFolder() { removeCreated(); }
@@ -82,6 +82,7 @@ class TrashFolder {
   std::vector<DirectorySize> takeSizes();
 
   FileManager& fileManager_;
+  std::string newName_;  // of information that is being written; free again after each item
   FileDescriptor above_, folder_, info_, files_;
   std::vector<Created> created_;  // in their order; none once an item has come
   std::unordered_map<std::string, std::uint64_t> nextNumbers_;  // by the name of the item
